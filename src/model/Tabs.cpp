@@ -1,0 +1,21 @@
+#include "model/Tabs.h"
+
+#include "base/Checked.h"
+
+namespace vantik {
+
+void Tabs::Resize(std::int16_t upperBound) {
+    if (upperBound < 0) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
+    records_.resize(static_cast<std::size_t>(upperBound) + 1);
+}
+
+const TabRecord& Tabs::operator()(std::int32_t index) const {
+    if (index < 0 || index > UpperBound()) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
+    return records_[static_cast<std::size_t>(index)];
+}
+
+TabRecord& Tabs::operator()(std::int32_t index) {
+    return const_cast<TabRecord&>(static_cast<const Tabs&>(*this)(index));
+}
+
+} // namespace vantik
