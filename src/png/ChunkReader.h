@@ -1,0 +1,33 @@
+// The walk over the chunks of a PNG, the same for pictures and for their sizes.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "png/ByteSource.h"
+#include "png/PngFormat.h"
+
+namespace vantik {
+
+class ChunkReader {
+public:
+    explicit ChunkReader(ByteSource& source) : source_(source) {}
+
+    bool ReadSignature();
+
+    // The next chunk; false when its length reaches beyond the end. A length below 1 leaves the data as it was and
+    // reads that many bytes again: the established reading of empty chunks. Neither CRC nor order is checked.
+    bool Next();
+
+    std::uint32_t Name() const noexcept { return name_; }
+    ByteView Data() const noexcept { return data_; }
+
+private:
+    std::int32_t ReadNumber();
+
+    ByteSource& source_;
+    std::uint32_t name_ = 0;
+    std::vector<std::uint8_t> data_;
+};
+
+} // namespace vantik
