@@ -6,9 +6,9 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 
+#include "control/ChildVisibility.h"
 #include "control/MessageHook.h"
 #include "control/PropertyBag.h"
 #include "model/ControlState.h"
@@ -19,7 +19,7 @@
 
 namespace vantik {
 
-class VantikFrameTab {
+class VantikFrameTab final : private MessageCallback {
 public:
     // UserControl_Initialize. The host outlives the control.
     explicit VantikFrameTab(UserControl& host);
@@ -38,7 +38,7 @@ public:
     void TabCount(std::int16_t count);
     std::int16_t ActiveTab() const noexcept { return state_.Properties.ActiveTab; }
     void ActiveTab(std::int16_t index);
-    void InsertTab(std::int16_t afterIndex, std::u16string& caption); // writes the caption it chose back
+    void InsertTab(std::int16_t afterIndex, std::u16string& caption); // writes the caption that it chose back
     void RemoveTab(std::int16_t index);
     void SetBarIco(std::int16_t index, const std::u16string& key);
     void SetBarCaption(std::int16_t index, const std::u16string& caption, Boolean refresh);
@@ -47,36 +47,45 @@ public:
     Boolean GetTabEnable(std::int16_t index) const;
     std::u16string GetTabIco(std::int16_t index) const;
 
-    // Every other property by its row in the property table; the value type is the type of the row's field.
+    // Properties by their rows in the property table; the value type is the type of the row's field. Let is for every
+    // row whose side effect is not OwnRoutine.
     template <class Value>
     const Value& Get(Property property) const {
         return state_.Properties.*std::get<Value PropertyValues::*>(InfoOf(property).Field);
     }
     template <class Value>
-    void Let(Property property, const Value& value);
+    void Let(Property property, const Value& value) {
+        state_.Properties.*std::get<Value PropertyValues::*>(InfoOf(property).Field) = value;
+        AfterLet(property);
+    }
 
     ComPtr<IPictureDisp> Picture() const { return surfaces_.Picture; }
     void Picture(ComPtr<IPictureDisp> picture);
     ComPtr<IFontDisp> Font() const { return surfaces_.Font; }
     void Font(ComPtr<IFontDisp> font);
 
+    // A name or folder that does not exist shows a message and changes nothing.
+    void SkinFile(const std::u16string& name);
+    void SkinPath(const std::u16string& folder);
+
     void About();
 
     // The public callback of the message hook; only the wheel message does anything.
     void zSubclass_Proc(Boolean before, Boolean& handled, std::int32_t& result, std::int32_t& window,
-                        std::int32_t& message, std::int32_t& wParam, std::int32_t& lParam);
+                        std::int32_t& message, std::int32_t& wParam, std::int32_t& lParam) override;
 
-    // What the host's window passes on. Positions in twips relative to the control.
+    // What the host's window passes on. Positions in twips relative to the control. These raise, too: the window
+    // procedure that calls them swallows the error.
     void UserControl_MouseDown(std::int16_t button, std::int16_t shift, float x, float y);
     void UserControl_MouseMove(std::int16_t button, std::int16_t shift, float x, float y);
     void UserControl_MouseUp(std::int16_t button, std::int16_t shift, float x, float y);
     void UserControl_KeyDown(std::int16_t keyCode, std::int16_t shift);
-    void UserControl_Resize(); // also after a change of the ambient colours or fonts
-    void EndHover();           // the pointer or the capture was lost
+    void UserControl_Resize();
+    void UserControl_WindowCreated(); // host.hWnd() is there now
+    void EndHover();                  // the pointer or its capture was lost
 
-    // Called before anybody looks at the surface for the first time in a window: a control that no saved properties
-    // were loaded into gets its skin and its full repaint now. Never raises.
-    void FirstShowing() noexcept;
+    // To be called whenever somebody is going to look at the surface. Never raises.
+    void UserControl_Paint() noexcept;
 
     void RepaintAll();
     void RedrawBars();
@@ -84,16 +93,34 @@ public:
     const ControlState& State() const noexcept { return state_; }
 
 private:
+    void AfterLet(Property property);
     void ResizeTabList(std::int16_t newCount, std::int16_t oldCount);
-    void ShowTabControls(std::int16_t newIndex);
     std::u16string NextDefaultCaption();
+    void RenumberForInsertion(std::int16_t afterIndex);
+    void RenumberForRemoval(std::int16_t index);
+    void RedrawBar(std::int16_t index);
+
     void SwitchByUser(std::int16_t& index, std::int16_t button);
-    void SwitchTo(std::int16_t index);
-    void LetSpecial(Property property);
+    void StepForward();
+    void StepBack();
+    void HitTestButtons(std::int32_t x, std::int32_t y);
+    void HoverCloseButton(std::int16_t tab);
+    void EndCloseHover();
+
+    void MeasureCaptionHeight();
+    void LoadSkinForFirstShowing() noexcept;
+    void InstallHookAtRunTime();
+    ComPtr<IUnknown> KeepAlive() override { return host_.KeepAlive(); }
 
     UserControl& host_;
     ControlState state_;
     Surfaces surfaces_;
+    ChildVisibility children_;
+    Decorations decorations_;
+    RepaintDriver repaint_;
+    MessageHook hook_;
+    bool skinWasLoaded_ = false;
+    bool wantsHook_ = false;
 };
 
 } // namespace vantik

@@ -9,9 +9,9 @@ using enum PropertyType;
 using enum SideEffect;
 
 constexpr PropertyInfo Table[PropertyCount] = {
-    {u"TabCount", Integer16, Special, &P::TabCount},
-    {u"ActiveTab", Integer16, Special, &P::ActiveTab},
-    {u"Picture", Picture, Special, {}},
+    {u"TabCount", Integer16, OwnRoutine, &P::TabCount},
+    {u"ActiveTab", Integer16, OwnRoutine, &P::ActiveTab},
+    {u"Picture", Picture, OwnRoutine, {}},
     {u"TabBarPos", Enumeration, RepaintAll, &P::TabBarPos},
     {u"TabPos", Enumeration, RepaintAll, &P::TabPos},
     {u"BarWidth", Integer16, RepaintAll, &P::BarWidth},
@@ -19,7 +19,7 @@ constexpr PropertyInfo Table[PropertyCount] = {
     {u"TabBarPosYJust", Integer16, RepaintAll, &P::TabBarPosYJust},
     {u"TabOffSet", Integer32, None, &P::TabOffSet},
     {u"DefaultCaption", Text, None, &P::DefaultCaption},
-    {u"Font", Font, Special, {}},
+    {u"Font", Font, OwnRoutine, {}},
     {u"CaptionPos", Enumeration, RedrawBars, &P::CaptionPos},
     {u"CaptionColor0", Colour, RedrawBars, &P::CaptionColor0},
     {u"CaptionColor1", Colour, RedrawBars, &P::CaptionColor1},
@@ -28,16 +28,16 @@ constexpr PropertyInfo Table[PropertyCount] = {
     {u"IcoXjust", Integer16, RedrawBars, &P::IcoXjust},
     {u"IcoYjust", Integer16, RedrawBars, &P::IcoYjust},
     {u"DelButton", Flag, RedrawBars, &P::DelButton},
-    {u"DelBtnXJust", Integer16, Special, &P::DelBtnXJust},
-    {u"DelBtnYJust", Integer16, Special, &P::DelBtnYJust},
+    {u"DelBtnXJust", Integer16, ReleaseCloseButtonThenRedrawBars, &P::DelBtnXJust},
+    {u"DelBtnYJust", Integer16, ReleaseCloseButtonThenRedrawBars, &P::DelBtnYJust},
     {u"NavBtnYjust", Integer16, RepaintAll, &P::NavBtnYjust},
     {u"NavBtnXjust", Integer16, RepaintAll, &P::NavBtnXjust},
     {u"FixOcxList", Text, None, &P::FixOcxList},
-    {u"TabToTab", Integer16, Special, &P::TabToTab},
+    {u"TabToTab", Integer16, RepaintFrameThenBars, &P::TabToTab},
     {u"TabBorder", Flag, RepaintAll, &P::TabBorder},
     {u"FrameDist", Integer16, None, &P::FrameDist},
-    {u"SkinFile", Text, Special, &P::SkinFile},
-    {u"SkinPath", Text, Special, &P::SkinPath},
+    {u"SkinFile", Text, OwnRoutine, &P::SkinFile},
+    {u"SkinPath", Text, OwnRoutine, &P::SkinPath},
 };
 
 } // namespace

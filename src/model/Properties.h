@@ -83,8 +83,15 @@ using PropertyField = std::variant<std::monostate, std::int16_t PropertyValues::
 // How the value travels through a property bag.
 enum class PropertyType : std::uint8_t { Integer16, Integer32, Enumeration, Colour, Flag, Text, Picture, Font };
 
-// What assigning a property does after the value is stored and marked changed. Special: the setter is a routine of its own.
-enum class SideEffect : std::uint8_t { None, RepaintAll, RedrawBars, Special };
+// What assigning a property does after the value is stored and marked changed. OwnRoutine: the setter is more than that.
+enum class SideEffect : std::uint8_t {
+    None,
+    RepaintAll,
+    RedrawBars,
+    RepaintFrameThenBars,
+    ReleaseCloseButtonThenRedrawBars,
+    OwnRoutine,
+};
 
 struct PropertyInfo {
     const char16_t* Key;

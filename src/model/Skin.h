@@ -60,13 +60,14 @@ struct SkinIcon {
     std::array<BitmapSlot, HandleCount> Handles = {NoBitmap, NoBitmap, NoBitmap, NoBitmap, NoBitmap, NoBitmap};
 };
 
-// The icons of every definition read so far, oldest first, and the newest entry of each role (-1: none).
+// The icons of every definition read so far, oldest first, and the newest entry of each role (-1: none). The menu role
+// alone starts at the first entry: no initialisation sets it, so a skin without a menu line shows its first icon there.
 struct SkinIcons {
     std::vector<SkinIcon> Entries;
     std::int16_t DeleteButtonIcon = -1;
     std::int16_t LeftButtonIcon = -1;
     std::int16_t RightButtonIcon = -1;
-    std::int16_t MenuBarIcon = -1;
+    std::int16_t MenuBarIcon = 0;
 
     std::int16_t SkinIconCount() const noexcept { return static_cast<std::int16_t>(Entries.size()); }
 

@@ -68,6 +68,9 @@ public:
     // The folder of the running application, without a trailing backslash.
     virtual std::u16string HostFolder() = 0;
 
+    // Keeps the control and this host alive while the reference is held; null where the owner sees to that itself.
+    virtual ComPtr<IUnknown> KeepAlive() { return nullptr; }
+
     // A message box with an OK button and the host application's title.
     virtual void MsgBox(const std::u16string& text) = 0;
 };

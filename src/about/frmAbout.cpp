@@ -1,0 +1,124 @@
+#include "about/frmAbout.h"
+
+#include "platform/ComPtr.h"
+#include "platform/Module.h"
+#include "platform/PictureLoading.h"
+
+namespace vantik {
+
+namespace {
+
+constexpr wchar_t ClassName[] = L"VantikFrameTab.frmAbout";
+constexpr wchar_t Caption[] = L"Form1";
+constexpr int PictureWidth = 400, PictureHeight = 300; // pixels
+constexpr DWORD Style = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+
+// The card that is up, for the next call to replace; all cards belong to the one user-interface thread.
+HWND loadedForm = nullptr;
+
+struct Form {
+    ComPtr<IPicture> Picture;
+    HWND Owner;
+};
+
+void Paint(HWND window, const Form& form) {
+    PAINTSTRUCT paint;
+    const HDC dc = BeginPaint(window, &paint);
+    OLE_XSIZE_HIMETRIC width = 0;
+    OLE_YSIZE_HIMETRIC height = 0;
+    if (form.Picture && SUCCEEDED(form.Picture->get_Width(&width)) && SUCCEEDED(form.Picture->get_Height(&height)))
+        form.Picture->Render(dc, 0, 0, PictureWidth, PictureHeight, 0, height, width, -height, nullptr);
+    EndPaint(window, &paint);
+}
+
+// The owner is enabled before the card goes, or another program's window would come to the front.
+void Unload(HWND window) {
+    const auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (form && form->Owner) EnableWindow(form->Owner, TRUE);
+    DestroyWindow(window);
+}
+
+LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    switch (message) {
+    case WM_PAINT:
+        if (form) Paint(window, *form);
+        else ValidateRect(window, nullptr);
+        return 0;
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+    case WM_XBUTTONDOWN:
+    case WM_CLOSE: Unload(window); return 0;
+    case WM_KEYDOWN:
+        if (wParam == VK_ESCAPE) Unload(window);
+        return 0;
+    case WM_NCDESTROY:
+        if (loadedForm == window) loadedForm = nullptr;
+        break;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+// Unregistered again with the last card, so that no class outlives the module's code.
+class FormClass {
+public:
+    FormClass() noexcept {
+        WNDCLASSW description = {};
+        description.lpfnWndProc = FormProcedure;
+        description.hInstance = ThisModule();
+        description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+        description.lpszClassName = ClassName;
+        RegisterClassW(&description); // fails harmlessly while an earlier card is up
+    }
+    ~FormClass() { UnregisterClassW(ClassName, ThisModule()); }
+    FormClass(const FormClass&) = delete;
+    FormClass& operator=(const FormClass&) = delete;
+};
+
+RECT CentredOver(HWND owner) {
+    RECT area = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    if (owner) GetWindowRect(owner, &area);
+    RECT window = {0, 0, PictureWidth, PictureHeight};
+    AdjustWindowRect(&window, Style, FALSE);
+    const LONG width = window.right - window.left, height = window.bottom - window.top;
+    const LONG left = area.left + (area.right - area.left - width) / 2;
+    const LONG top = area.top + (area.bottom - area.top - height) / 2;
+    return {left, top, left + width, top + height};
+}
+
+// Returns when the window is gone, or when the program is told to end.
+void RunModal(HWND window) {
+    MSG message;
+    while (IsWindow(window)) {
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+        if (got <= 0) {
+            if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));
+            if (IsWindow(window)) Unload(window);
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+} // namespace
+
+void ShowAbout(HWND control) noexcept {
+    if (loadedForm) Unload(loadedForm);
+    const FormClass formClass;
+    const HWND owner = control ? GetAncestor(control, GA_ROOT) : GetActiveWindow();
+    Form form{PictureFrom(ResourceBytes(L"ABOUT", L"CUSTOM")), owner};
+    const RECT place = CentredOver(owner);
+    const HWND window = CreateWindowExW(0, ClassName, Caption, Style, place.left, place.top, place.right - place.left,
+                                        place.bottom - place.top, owner, nullptr, ThisModule(), nullptr);
+    if (!window) return;
+    loadedForm = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&form));
+    if (owner) EnableWindow(owner, FALSE);
+    ShowWindow(window, SW_SHOW);
+    SetFocus(window);
+    RunModal(window);
+}
+
+} // namespace vantik

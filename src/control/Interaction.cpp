@@ -1,0 +1,133 @@
+// Pointer, keys and wheel. A press acts on the hover state that the last pointer move left behind.
+#include "base/Checked.h"
+#include "base/Rounding.h"
+#include "control/VantikFrameTab.h"
+#include "render/BarGeometry.h"
+#include "render/DecorationGeometry.h"
+
+namespace vantik {
+
+namespace {
+
+constexpr std::int16_t KeyLeft = 37, KeyRight = 39;
+constexpr std::uint8_t FlagPlain = 0, FlagHover = 3;
+
+} // namespace
+
+// The variable is the event's by-reference argument: the switch goes where the handler left it.
+void VantikFrameTab::SwitchByUser(std::int16_t& index, std::int16_t button) {
+    host_.Events().TabDown(index, button);
+    SwitchTo(index);
+}
+
+void VantikFrameTab::StepForward() {
+    const LayoutCache& layout = state_.Layout;
+    const std::int16_t past = Add16(layout.FirstVisibleTab, layout.VisibleBarCount);
+    std::int16_t target = Add16(ActiveTab(), 1);
+    if (target >= past) target = Subtract16(past, 1);
+    SwitchByUser(target, 0);
+}
+
+void VantikFrameTab::StepBack() {
+    std::int16_t target = Subtract16(ActiveTab(), 1);
+    if (target < state_.Layout.FirstVisibleTab) target = state_.Layout.FirstVisibleTab;
+    SwitchByUser(target, 0);
+}
+
+void VantikFrameTab::UserControl_KeyDown(std::int16_t keyCode, std::int16_t /*shift*/) {
+    if (keyCode == KeyRight) StepForward();
+    if (keyCode == KeyLeft) StepBack();
+}
+
+// Never marks the message handled: the wheel always reaches the window's own procedure afterwards. A wheel turned
+// towards the user has its negative distance in the high half, so the whole number is negative.
+void VantikFrameTab::zSubclass_Proc(Boolean /*before*/, Boolean& /*handled*/, std::int32_t& /*result*/,
+                                    std::int32_t& /*window*/, std::int32_t& message, std::int32_t& wParam,
+                                    std::int32_t& /*lParam*/) {
+    if (message != WM_MOUSEWHEEL) return;
+    if (wParam < 1) StepBack();
+    else StepForward();
+}
+
+void VantikFrameTab::UserControl_MouseDown(std::int16_t button, std::int16_t /*shift*/, float x, float y) {
+    if (state_.HoverCloseTab < 0 || !state_.Properties.DelButton) {
+        if (state_.HoverTab > -1) {
+            if (state_.HoverTab == ActiveTab()) return;
+            SwitchByUser(state_.HoverTab, button);
+        }
+    } else {
+        host_.Events().TabClose(state_.HoverCloseTab);
+        RemoveTab(state_.HoverCloseTab);
+        state_.HoverCloseTab = -1;
+        RedrawBars();
+    }
+    HitTestButtons(TwipsToPixels(x, host_.TwipsPerPixelX()), TwipsToPixels(y, host_.TwipsPerPixelY()));
+}
+
+void VantikFrameTab::HitTestButtons(std::int32_t x, std::int32_t y) {
+    LayoutCache& layout = state_.Layout;
+    const ButtonRects buttons = NavButtonRects(state_);
+    const auto hit = [&](const LayoutRect& rect) { return PointInRect(float(x), float(y), rect); };
+    if (hit(buttons.Previous) && decorations_.DrawPrevButton(buttons.Previous.Left, buttons.Previous.Top, True) &&
+        layout.FirstVisibleTab > 0) {
+        layout.FirstVisibleTab = Subtract16(layout.FirstVisibleTab, 1);
+        RedrawBars();
+        host_.Events().PreTabDown(layout.FirstVisibleTab);
+        return;
+    }
+    if (hit(buttons.Next) && decorations_.DrawNextButton(buttons.Next.Left, buttons.Next.Top, True) &&
+        TabCount() - (layout.FirstVisibleTab + layout.VisibleBarCount) > 0) {
+        layout.FirstVisibleTab = Add16(layout.FirstVisibleTab, 1);
+        RedrawBars();
+        host_.Events().NextTabDown(layout.FirstVisibleTab);
+        return;
+    }
+    if (hit(buttons.Menu)) {
+        decorations_.DrawMenuButton(buttons.Menu.Left, buttons.Menu.Top, True);
+        state_.ButtonPressed = True;
+        host_.Events().DownBarDown();
+    }
+}
+
+void VantikFrameTab::UserControl_MouseMove(std::int16_t /*button*/, std::int16_t /*shift*/, float x, float y) {
+    const auto px = float(TwipsToPixels(x, host_.TwipsPerPixelX()));
+    const auto py = float(TwipsToPixels(y, host_.TwipsPerPixelY()));
+    const LayoutRect& strip = state_.Layout.BarStripRect;
+    if (!PointInRect(px, py, strip)) {
+        ReleaseCapture();
+        return EndHover();
+    }
+
+    const std::int32_t slot = BarSlotAt(px - float(strip.Left), py - float(strip.Top), state_);
+    const auto tab = Narrow<std::int16_t>(state_.Layout.FirstVisibleTab + slot);
+    if (!PointInRect(px, py, CloseButtonRect(state_, slot))) EndCloseHover();
+    else if (state_.HoverCloseTab == -1) HoverCloseButton(tab);
+
+    if (tab == state_.HoverTab) return;
+    state_.HoverTab = tab;
+    host_.Events().TabMove(state_.HoverTab);
+}
+
+void VantikFrameTab::HoverCloseButton(std::int16_t tab) {
+    std::uint8_t look = BarHover, flag = FlagHover;
+    decorations_.DrawCloseButton(tab, look, flag);
+    state_.HoverCloseTab = tab;
+}
+
+void VantikFrameTab::EndCloseHover() {
+    if (state_.HoverCloseTab < 0) return;
+    std::uint8_t look = BarNormal, flag = FlagPlain;
+    decorations_.DrawCloseButton(state_.HoverCloseTab, look, flag);
+    state_.HoverCloseTab = -1;
+}
+
+void VantikFrameTab::EndHover() {
+    EndCloseHover();
+    state_.HoverTab = -1;
+}
+
+void VantikFrameTab::UserControl_MouseUp(std::int16_t /*button*/, std::int16_t /*shift*/, float /*x*/, float /*y*/) {
+    decorations_.DrawNavButtons();
+}
+
+} // namespace vantik

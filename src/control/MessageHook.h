@@ -1,0 +1,77 @@
+// Hands selected messages of a window to a callback, before or after the window's own procedure.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "model/Enumerations.h"
+#include "platform/ComPtr.h"
+
+namespace vantik {
+
+class MessageCallback {
+public:
+    // Numbers are 32 bits wide whatever the platform; the callback may change what the references show: with handled
+    // True the window never sees the message and result is the answer.
+    virtual void zSubclass_Proc(Boolean before, Boolean& handled, std::int32_t& result, std::int32_t& window,
+                                std::int32_t& message, std::int32_t& wParam, std::int32_t& lParam) = 0;
+
+    // Held while a message is under way, so that the callback survives what it sets off.
+    virtual ComPtr<IUnknown> KeepAlive() = 0;
+
+protected:
+    ~MessageCallback() = default;
+};
+
+// When a message is delivered; both bits may be set.
+enum class HookTime : std::uint8_t { Before = 1, After = 2, Both = 3 };
+
+// The numbers of the messages to deliver; AllMessages delivers every one.
+class MessageList {
+public:
+    static constexpr std::int32_t AllMessages = -1;
+
+    void Add(std::int32_t message); // once, however often it is added
+    void Remove(std::int32_t message);
+    bool Contains(std::int32_t message) const noexcept;
+    std::int32_t Count() const noexcept { return all_ ? AllMessages : static_cast<std::int32_t>(messages_.size()); }
+
+private:
+    bool all_ = false;
+    std::vector<std::int32_t> messages_;
+};
+
+// Any number of windows, each with lists of its own. A window that is destroyed leaves by itself; what is still hooked
+// when this object ends is let go, so that no message reaches a callback that is gone.
+class MessageHook {
+public:
+    explicit MessageHook(MessageCallback& callback) : callback_(callback) {}
+    ~MessageHook() { StopAll(); }
+    MessageHook(const MessageHook&) = delete;
+    MessageHook& operator=(const MessageHook&) = delete;
+
+    void SubclassStart(HWND window); // does nothing for a window that is hooked already
+    void SubclassAddMsg(HWND window, std::int32_t message, HookTime when);
+    void SubclassDelMsg(HWND window, std::int32_t message, HookTime when);
+    void SubclassStop(HWND window) noexcept;
+    void StopAll() noexcept;
+
+    bool IsHooked(HWND window) const noexcept { return Find(window) != nullptr; }
+
+private:
+    struct Entry {
+        MessageHook* Owner;
+        HWND Window;
+        MessageList Before;
+        MessageList After;
+    };
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id, DWORD_PTR data);
+    std::shared_ptr<Entry> Find(HWND window) const noexcept;
+
+    MessageCallback& callback_;
+    std::vector<std::shared_ptr<Entry>> entries_;
+};
+
+} // namespace vantik

@@ -1,0 +1,89 @@
+// Loading and saving through the host's property bag, and the first placement of a control.
+#include <variant>
+
+#include "control/VantikFrameTab.h"
+#include "render/CaptionFont.h"
+#include "skin/SkinLoader.h"
+
+namespace vantik {
+
+namespace {
+
+const PropertyValues Defaults;
+
+constexpr Property At(std::size_t row) { return static_cast<Property>(row); }
+
+// Calls the visitor with the property's field, for the properties that have one.
+template <class Visitor>
+void VisitField(Property property, Visitor visit) {
+    std::visit(
+        [&](auto field) {
+            if constexpr (!std::is_same_v<decltype(field), std::monostate>) visit(InfoOf(property), field);
+        },
+        InfoOf(property).Field);
+}
+
+} // namespace
+
+void VantikFrameTab::UserControl_InitProperties() {
+    state_.Properties = Defaults;
+    state_.PreviousTabCount = 0;
+    state_.HoverTab = -1;
+    state_.HoverCloseTab = -1;
+    state_.Layout.FirstVisibleTab = 0;
+    state_.SkinIcons.Entries.clear();
+    state_.SkinIcons.DeleteButtonIcon = -1;
+    state_.SkinIcons.LeftButtonIcon = -1;
+    state_.SkinIcons.RightButtonIcon = -1; // the menu's index is not among those that are set
+    surfaces_.Picture = EmptyPicture();
+    surfaces_.Font = host_.AmbientFont();
+}
+
+// No setter runs: no side effect, no change mark. ActiveTab moves no children, as their saved positions match it.
+void VantikFrameTab::UserControl_ReadProperties(PropertyReader& bag) {
+    state_.PreviousTabCount = 0;
+    state_.NewTabNumber = 0;
+    state_.Tabs = Tabs();
+    state_.Properties = Defaults;
+    surfaces_.Picture = nullptr;
+    surfaces_.Font = host_.AmbientFont();
+    for (std::size_t row = 0; row < PropertyCount; ++row) {
+        const Property property = At(row);
+        if (property == Property::Picture) bag.Read(InfoOf(property), surfaces_.Picture);
+        if (property == Property::Font) bag.Read(InfoOf(property), surfaces_.Font);
+        VisitField(property, [&](const PropertyInfo& info, auto field) { bag.Read(info, state_.Properties.*field); });
+    }
+    surfaces_.StartCaptionFont();
+    MeasureCaptionHeight();
+    ResizeTabList(state_.Properties.TabCount, state_.PreviousTabCount);
+    skinWasLoaded_ = true; // also when it fails: the error went to the loader
+    LoadSkin(host_, state_, surfaces_);
+    RepaintAll();
+    InstallHookAtRunTime();
+}
+
+void VantikFrameTab::UserControl_WriteProperties(PropertyWriter& bag) const {
+    for (std::size_t row = 0; row < PropertyCount; ++row) {
+        const Property property = At(row);
+        if (property == Property::Picture) bag.Write(InfoOf(property), surfaces_.Picture.Get());
+        if (property == Property::Font) bag.Write(InfoOf(property), surfaces_.Font.Get(), host_.AmbientFont().Get());
+        VisitField(property, [&](const PropertyInfo& info, auto field) {
+            bag.Write(info, state_.Properties.*field, Defaults.*field);
+        });
+    }
+}
+
+void VantikFrameTab::InstallHookAtRunTime() {
+    wantsHook_ = host_.AmbientUserMode() != False;
+    UserControl_WindowCreated();
+}
+
+// Saved properties are often loaded before the window is there, and a window may come and go several times.
+void VantikFrameTab::UserControl_WindowCreated() {
+    const HWND window = host_.hWnd();
+    if (!wantsHook_ || !window || hook_.IsHooked(window)) return;
+    hook_.SubclassStart(window);
+    hook_.SubclassAddMsg(window, WM_MOUSEWHEEL, HookTime::Before);
+}
+
+} // namespace vantik

@@ -1,0 +1,128 @@
+// The list of tabs: counting, inserting, removing, captions, icons, enabled flags.
+#include "base/Checked.h"
+#include "base/Text.h"
+#include "control/PaintingFreeze.h"
+#include "control/VantikFrameTab.h"
+
+namespace vantik {
+
+namespace {
+
+constexpr char16_t NoSuchTab[] = u"-1";
+
+} // namespace
+
+void VantikFrameTab::TabCount(std::int16_t count) {
+    if (count < 1 || count == TabCount()) return;
+    state_.PreviousTabCount = TabCount();
+    state_.Properties.TabCount = count;
+    host_.PropertyChanged(Property::TabCount);
+    ResizeTabList(count, state_.PreviousTabCount);
+    RepaintAll();
+}
+
+// The children of dropped tabs stay where they are.
+void VantikFrameTab::ResizeTabList(std::int16_t newCount, std::int16_t oldCount) {
+    if (newCount == oldCount) return;
+    state_.Tabs.Resize(newCount);
+    if (newCount < oldCount && ActiveTab() > newCount - 1) state_.Properties.ActiveTab = Subtract16(newCount, 1);
+    for (std::int16_t i = oldCount; i < newCount; ++i)
+        state_.Tabs(i) = {.Caption = NextDefaultCaption(), .Ico = u"", .Enable = True};
+}
+
+std::u16string VantikFrameTab::NextDefaultCaption() {
+    const std::u16string caption = state_.Properties.DefaultCaption + DecimalText(state_.NewTabNumber);
+    state_.NewTabNumber = Checked(state_.NewTabNumber) + 1;
+    return caption;
+}
+
+void VantikFrameTab::ActiveTab(std::int16_t index) {
+    if (!state_.HasTab(index) || !state_.Tabs(index).Enable) return;
+    host_.PropertyChanged(Property::ActiveTab);
+    SwitchTo(index);
+}
+
+void VantikFrameTab::SwitchTo(std::int16_t index) {
+    children_.ShowTabControls(index);
+    state_.Properties.ActiveTab = index;
+    RedrawBars();
+}
+
+void VantikFrameTab::InsertTab(std::int16_t afterIndex, std::u16string& caption) {
+    if (!state_.HasTab(afterIndex)) return;
+    const std::int16_t newIndex = Add16(afterIndex, 1);
+    Add16(TabCount(), 1); // the list is full: say so before anything moves
+    if (TrimSpaces(caption).empty()) caption = NextDefaultCaption();
+
+    PaintingFreeze freeze(host_.hWnd());
+    ActiveTab(0); // the rule that tells a child's tab holds while tab 0 is active
+    children_.MakeRoomAfter(afterIndex);
+    const std::int16_t newCount = Add16(TabCount(), 1); // read afresh: moving children runs host code
+    state_.Tabs.Resize(newCount);                       // one spare record past the last tab, as always
+    for (std::int16_t i = TabCount(); i > newIndex; --i) state_.Tabs(i) = std::move(state_.Tabs(i - 1));
+    state_.Properties.TabCount = newCount;
+    state_.Tabs(newIndex) = {.Caption = caption, .Ico = NoSuchTab, .Enable = True};
+    ActiveTab(newIndex);
+    freeze.Release();
+    RepaintAll();
+}
+
+void VantikFrameTab::RemoveTab(std::int16_t index) {
+    if (TabCount() < 2 || !state_.HasTab(index)) return;
+    PaintingFreeze freeze(host_.hWnd());
+    ActiveTab(0);
+    children_.CloseGapOf(index);
+    if (TabCount() < 2) return; // moving children runs host code, which may have removed tabs itself
+    const std::int16_t last = Subtract16(TabCount(), 1);
+    for (std::int16_t i = index; i < last; ++i) state_.Tabs(i) = std::move(state_.Tabs(i + 1));
+    state_.Tabs.Resize(last);
+    state_.Properties.TabCount = last;
+    // One past the last tab, on purpose; it happens only while tab 0 is disabled and could not be made active above.
+    if (ActiveTab() > last - 1) state_.Properties.ActiveTab = last;
+    children_.ShowTabControls(ActiveTab());
+    RepaintAll();
+}
+
+void VantikFrameTab::SetBarIco(std::int16_t index, const std::u16string& key) {
+    if (!state_.HasTab(index)) return;
+    state_.Tabs(index).Ico = UpperCase(key);
+    RedrawBar(index);
+}
+
+void VantikFrameTab::SetBarCaption(std::int16_t index, const std::u16string& caption, Boolean refresh) {
+    if (!state_.HasTab(index)) return;
+    state_.Tabs(index).Caption = caption;
+    if (refresh) RedrawBars();
+}
+
+// Leaves no tab active whether the active tab was disabled or enabled: the host selects one again.
+void VantikFrameTab::SetBarEnable(std::int16_t index, Boolean enable) {
+    if (!state_.HasTab(index)) return;
+    if (index == ActiveTab()) children_.SetShownVisible(enable);
+    state_.Tabs(index).Enable = enable;
+    if (index == ActiveTab()) {
+        state_.Properties.ActiveTab = -1;
+        RedrawBars();
+    } else if (index == state_.HoverTab) {
+        state_.HoverTab = -1;
+        RedrawBars();
+    } else {
+        RedrawBar(index);
+    }
+}
+
+void VantikFrameTab::RedrawBar(std::int16_t index) { repaint_.RedrawBar(index, state_.StateOf(index)); }
+
+std::u16string VantikFrameTab::GetTabCaption(std::int16_t index) const {
+    return state_.HasTab(index) ? state_.Tabs(index).Caption : NoSuchTab;
+}
+
+std::u16string VantikFrameTab::GetTabIco(std::int16_t index) const {
+    return state_.HasTab(index) ? state_.Tabs(index).Ico : NoSuchTab;
+}
+
+Boolean VantikFrameTab::GetTabEnable(std::int16_t index) const {
+    return state_.HasTab(index) ? state_.Tabs(index).Enable : False;
+}
+
+} // namespace vantik

@@ -1,0 +1,96 @@
+#include "control/VantikFrameTab.h"
+
+#include "about/frmAbout.h"
+#include "render/CaptionFont.h"
+#include "skin/SkinLoader.h"
+#include "skin/SkinLocation.h"
+
+namespace vantik {
+
+VantikFrameTab::VantikFrameTab(UserControl& host)
+    : host_(host), children_(host, state_), decorations_(host, state_, surfaces_),
+      repaint_(host, state_, surfaces_, decorations_), hook_(*this) {}
+
+VantikFrameTab::~VantikFrameTab() { decorations_.Terminate(); }
+
+void VantikFrameTab::AfterLet(Property property) {
+    host_.PropertyChanged(property);
+    switch (InfoOf(property).Effect) {
+    case SideEffect::RepaintAll: RepaintAll(); break;
+    case SideEffect::RedrawBars: RedrawBars(); break;
+    case SideEffect::RepaintFrameThenBars:
+        repaint_.RepaintFrame();
+        RedrawBars();
+        break;
+    case SideEffect::ReleaseCloseButtonThenRedrawBars:
+        decorations_.ReleaseCloseButton();
+        RedrawBars();
+        break;
+    case SideEffect::None:
+    case SideEffect::OwnRoutine: break;
+    }
+}
+
+void VantikFrameTab::Picture(ComPtr<IPictureDisp> picture) {
+    surfaces_.Picture = std::move(picture);
+    host_.PropertyChanged(Property::Picture);
+    surfaces_.PictureSurface.CreateFromPicture(surfaces_.Picture.Get());
+}
+
+void VantikFrameTab::Font(ComPtr<IFontDisp> font) {
+    surfaces_.Font = std::move(font);
+    host_.PropertyChanged(Property::Font);
+    RedrawBars();
+}
+
+void VantikFrameTab::SkinFile(const std::u16string& name) {
+    if (!SkinFileExists(host_, state_, name)) return host_.MsgBox(NoSuchSkinFile);
+    state_.Properties.SkinFile = name;
+    host_.PropertyChanged(Property::SkinFile);
+    skinWasLoaded_ = true;
+    LoadSkin(host_, state_, surfaces_);
+    RepaintAll();
+}
+
+// The skin is not read again: a following SkinFile or the next load uses the new folder.
+void VantikFrameTab::SkinPath(const std::u16string& folder) {
+    if (!SkinFolderExists(host_, folder)) return host_.MsgBox(NoSuchSkinFolder);
+    state_.Properties.SkinPath = folder;
+    host_.PropertyChanged(Property::SkinPath);
+}
+
+void VantikFrameTab::About() { ShowAbout(host_.hWnd()); }
+
+void VantikFrameTab::RepaintAll() {
+    LoadSkinForFirstShowing();
+    repaint_.RepaintAll();
+}
+
+void VantikFrameTab::RedrawBars() { repaint_.RedrawBars(); }
+
+void VantikFrameTab::UserControl_Resize() { RepaintAll(); }
+
+void VantikFrameTab::UserControl_Paint() noexcept {
+    try {
+        if (!skinWasLoaded_) RepaintAll();
+    } catch (...) {
+        // Nobody can be told from inside a paint message; the surface shows what was painted so far.
+    }
+}
+
+// A host that creates the control at run time and loads no saved properties never loaded a skin.
+void VantikFrameTab::LoadSkinForFirstShowing() noexcept {
+    if (skinWasLoaded_ || !host_.hWnd() || TabCount() < 1) return;
+    skinWasLoaded_ = true; // once: a failure leaves the control unskinned and alive
+    try {
+        InstallHookAtRunTime();
+        LoadSkin(host_, state_, surfaces_);
+    } catch (...) {
+    }
+}
+
+void VantikFrameTab::MeasureCaptionHeight() {
+    surfaces_.CaptionTextHeight = CaptionTextHeightOf(surfaces_.Font.Get(), host_.hDC());
+}
+
+} // namespace vantik

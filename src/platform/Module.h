@@ -1,0 +1,15 @@
+// The module that this code is part of: the .ocx in a host, the program itself in a test.
+#pragma once
+
+#include <span>
+
+#include "platform/mDeclares.h"
+
+namespace vantik {
+
+HINSTANCE ThisModule() noexcept;
+
+// The bytes of a resource of this module, for the life of the module; empty when there is none of that name.
+std::span<const BYTE> ResourceBytes(const wchar_t* name, const wchar_t* type) noexcept;
+
+} // namespace vantik
