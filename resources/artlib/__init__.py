@@ -1,0 +1,1 @@
+"""What the art scripts share: pictures as plain pixels, and the skin definition."""
