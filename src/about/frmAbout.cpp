@@ -26,7 +26,8 @@ void Paint(HWND window, const Form& form) {
     const HDC dc = BeginPaint(window, &paint);
     OLE_XSIZE_HIMETRIC width = 0;
     OLE_YSIZE_HIMETRIC height = 0;
-    if (form.Picture && SUCCEEDED(form.Picture->get_Width(&width)) && SUCCEEDED(form.Picture->get_Height(&height)))
+    if (form.Picture && SUCCEEDED(form.Picture->get_Width(&width)) &&
+        SUCCEEDED(form.Picture->get_Height(&height)))
         form.Picture->Render(dc, 0, 0, PictureWidth, PictureHeight, 0, height, width, -height, nullptr);
     EndPaint(window, &paint);
 }
@@ -42,8 +43,10 @@ LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
     auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     switch (message) {
     case WM_PAINT:
-        if (form) Paint(window, *form);
-        else ValidateRect(window, nullptr);
+        if (form)
+            Paint(window, *form);
+        else
+            ValidateRect(window, nullptr);
         return 0;
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
@@ -110,8 +113,9 @@ void ShowAbout(HWND control) noexcept {
     const HWND owner = control ? GetAncestor(control, GA_ROOT) : GetActiveWindow();
     Form form{PictureFrom(ResourceBytes(L"ABOUT", L"CUSTOM")), owner};
     const RECT place = CentredOver(owner);
-    const HWND window = CreateWindowExW(0, ClassName, Caption, Style, place.left, place.top, place.right - place.left,
-                                        place.bottom - place.top, owner, nullptr, ThisModule(), nullptr);
+    const HWND window =
+        CreateWindowExW(0, ClassName, Caption, Style, place.left, place.top, place.right - place.left,
+                        place.bottom - place.top, owner, nullptr, ThisModule(), nullptr);
     if (!window) return;
     loadedForm = window;
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&form));

@@ -22,7 +22,9 @@ std::string AsciiOf(std::u16string_view text) {
     return ascii;
 }
 
-bool IsHexadecimal(const std::string& text) { return text.size() > 1 && text[0] == '&' && (text[1] | 0x20) == 'h'; }
+bool IsHexadecimal(const std::string& text) {
+    return text.size() > 1 && text[0] == '&' && (text[1] | 0x20) == 'h';
+}
 
 template <class Signed>
 Signed FromBitPattern(const std::string& digits) {

@@ -12,7 +12,8 @@ namespace {
 
 std::vector<std::u16string> SplitAtCommas(std::u16string_view list) {
     std::vector<std::u16string> names;
-    for (std::size_t comma; (comma = list.find(u',')) != std::u16string_view::npos; list.remove_prefix(comma + 1))
+    for (std::size_t comma; (comma = list.find(u',')) != std::u16string_view::npos;
+         list.remove_prefix(comma + 1))
         names.emplace_back(list.substr(0, comma));
     names.emplace_back(list);
     return names;
@@ -42,7 +43,8 @@ void ChildVisibility::ShowTabControls(std::int16_t newIndex) {
     MoveFixedBack(delta, children);
 }
 
-void ChildVisibility::MoveFixedBack(std::int32_t delta, std::vector<std::unique_ptr<ChildControl>>& children) {
+void ChildVisibility::MoveFixedBack(std::int32_t delta,
+                                    std::vector<std::unique_ptr<ChildControl>>& children) {
     const auto names = fixedControlNames_; // moving a child may run host code that switches again
     for (const auto& name : names) {
         if (TrimSpaces(name).empty()) continue;
@@ -62,8 +64,10 @@ void ChildVisibility::CloseGapOf(std::int16_t index) {
     for (const auto& child : host_.ChildControls()) {
         const std::int32_t tab = TabOf(child->Left());
         // The removed tab's children are parked beyond the positions of all tabs.
-        if (tab == index) Move(*child, offset * state_.Properties.TabCount);
-        else if (tab > index) Move(*child, offset);
+        if (tab == index)
+            Move(*child, offset * state_.Properties.TabCount);
+        else if (tab > index)
+            Move(*child, offset);
     }
 }
 

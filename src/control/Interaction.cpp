@@ -45,8 +45,10 @@ void VantikFrameTab::zSubclass_Proc(Boolean /*before*/, Boolean& /*handled*/, st
                                     std::int32_t& /*window*/, std::int32_t& message, std::int32_t& wParam,
                                     std::int32_t& /*lParam*/) {
     if (message != WM_MOUSEWHEEL) return;
-    if (wParam < 1) StepBack();
-    else StepForward();
+    if (wParam < 1)
+        StepBack();
+    else
+        StepForward();
 }
 
 void VantikFrameTab::UserControl_MouseDown(std::int16_t button, std::int16_t /*shift*/, float x, float y) {
@@ -68,7 +70,8 @@ void VantikFrameTab::HitTestButtons(std::int32_t x, std::int32_t y) {
     LayoutCache& layout = state_.Layout;
     const ButtonRects buttons = NavButtonRects(state_);
     const auto hit = [&](const LayoutRect& rect) { return PointInRect(float(x), float(y), rect); };
-    if (hit(buttons.Previous) && decorations_.DrawPrevButton(buttons.Previous.Left, buttons.Previous.Top, True) &&
+    if (hit(buttons.Previous) &&
+        decorations_.DrawPrevButton(buttons.Previous.Left, buttons.Previous.Top, True) &&
         layout.FirstVisibleTab > 0) {
         layout.FirstVisibleTab = Subtract16(layout.FirstVisibleTab, 1);
         RedrawBars();
@@ -89,7 +92,8 @@ void VantikFrameTab::HitTestButtons(std::int32_t x, std::int32_t y) {
     }
 }
 
-void VantikFrameTab::UserControl_MouseMove(std::int16_t /*button*/, std::int16_t /*shift*/, float x, float y) {
+void VantikFrameTab::UserControl_MouseMove(std::int16_t /*button*/, std::int16_t /*shift*/, float x,
+                                           float y) {
     const auto px = float(TwipsToPixels(x, host_.TwipsPerPixelX()));
     const auto py = float(TwipsToPixels(y, host_.TwipsPerPixelY()));
     const LayoutRect& strip = state_.Layout.BarStripRect;
@@ -100,8 +104,10 @@ void VantikFrameTab::UserControl_MouseMove(std::int16_t /*button*/, std::int16_t
 
     const std::int32_t slot = BarSlotAt(px - float(strip.Left), py - float(strip.Top), state_);
     const auto tab = Narrow<std::int16_t>(state_.Layout.FirstVisibleTab + slot);
-    if (!PointInRect(px, py, CloseButtonRect(state_, slot))) EndCloseHover();
-    else if (state_.HoverCloseTab == -1) HoverCloseButton(tab);
+    if (!PointInRect(px, py, CloseButtonRect(state_, slot)))
+        EndCloseHover();
+    else if (state_.HoverCloseTab == -1)
+        HoverCloseButton(tab);
 
     if (tab == state_.HoverTab) return;
     state_.HoverTab = tab;
@@ -126,7 +132,8 @@ void VantikFrameTab::EndHover() {
     state_.HoverTab = -1;
 }
 
-void VantikFrameTab::UserControl_MouseUp(std::int16_t /*button*/, std::int16_t /*shift*/, float /*x*/, float /*y*/) {
+void VantikFrameTab::UserControl_MouseUp(std::int16_t /*button*/, std::int16_t /*shift*/, float /*x*/,
+                                         float /*y*/) {
     decorations_.DrawNavButtons();
 }
 

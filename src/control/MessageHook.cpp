@@ -8,14 +8,18 @@ namespace vantik {
 
 namespace {
 
-bool Includes(HookTime when, HookTime part) { return static_cast<unsigned>(when) & static_cast<unsigned>(part); }
+bool Includes(HookTime when, HookTime part) {
+    return static_cast<unsigned>(when) & static_cast<unsigned>(part);
+}
 
 // One message on its way through the hook, in the 32-bit numbers that the callback knows.
 class Delivery {
 public:
     Delivery(MessageCallback& callback, HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-        : callback_(callback), window_(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window))),
-          message_(static_cast<std::int32_t>(message)), wParam_(static_cast<std::int32_t>(wParam)),
+        : callback_(callback),
+          window_(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window))),
+          message_(static_cast<std::int32_t>(message)),
+          wParam_(static_cast<std::int32_t>(wParam)),
           lParam_(static_cast<std::int32_t>(lParam)) {}
 
     // What the callback raises ends here: a window procedure must not throw.
@@ -34,7 +38,9 @@ public:
         whole_ = result;
         result_ = static_cast<std::int32_t>(result);
     }
-    LRESULT Answer() const noexcept { return static_cast<std::int32_t>(whole_) == result_ ? whole_ : result_; }
+    LRESULT Answer() const noexcept {
+        return static_cast<std::int32_t>(whole_) == result_ ? whole_ : result_;
+    }
 
 private:
     MessageCallback& callback_;
@@ -50,13 +56,17 @@ private:
 } // namespace
 
 void MessageList::Add(std::int32_t message) {
-    if (message == AllMessages) all_ = true;
-    else if (std::ranges::find(messages_, message) == messages_.end()) messages_.push_back(message);
+    if (message == AllMessages)
+        all_ = true;
+    else if (std::ranges::find(messages_, message) == messages_.end())
+        messages_.push_back(message);
 }
 
 void MessageList::Remove(std::int32_t message) {
-    if (message == AllMessages) all_ = false;
-    else std::erase(messages_, message);
+    if (message == AllMessages)
+        all_ = false;
+    else
+        std::erase(messages_, message);
 }
 
 bool MessageList::Contains(std::int32_t message) const noexcept {
@@ -99,8 +109,8 @@ void MessageHook::StopAll() noexcept {
     while (!entries_.empty()) SubclassStop(entries_.back()->Window);
 }
 
-LRESULT CALLBACK MessageHook::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
-                                        DWORD_PTR data) {
+LRESULT CALLBACK MessageHook::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                        UINT_PTR /*id*/, DWORD_PTR data) {
     MessageHook* hook = reinterpret_cast<Entry*>(data)->Owner;
     const ComPtr<IUnknown> alive = hook->callback_.KeepAlive();
     const std::shared_ptr<Entry> entry = hook->Find(window); // outlives an unhooking from inside the message

@@ -35,7 +35,9 @@ public:
     void Add(std::int32_t message); // once, however often it is added
     void Remove(std::int32_t message);
     bool Contains(std::int32_t message) const noexcept;
-    std::int32_t Count() const noexcept { return all_ ? AllMessages : static_cast<std::int32_t>(messages_.size()); }
+    std::int32_t Count() const noexcept {
+        return all_ ? AllMessages : static_cast<std::int32_t>(messages_.size());
+    }
 
 private:
     bool all_ = false;
@@ -67,7 +69,8 @@ private:
         MessageList After;
     };
 
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id, DWORD_PTR data);
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                      DWORD_PTR data);
     std::shared_ptr<Entry> Find(HWND window) const noexcept;
 
     MessageCallback& callback_;

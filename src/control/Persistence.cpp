@@ -51,7 +51,8 @@ void VantikFrameTab::UserControl_ReadProperties(PropertyReader& bag) {
         const Property property = At(row);
         if (property == Property::Picture) bag.Read(InfoOf(property), surfaces_.Picture);
         if (property == Property::Font) bag.Read(InfoOf(property), surfaces_.Font);
-        VisitField(property, [&](const PropertyInfo& info, auto field) { bag.Read(info, state_.Properties.*field); });
+        VisitField(property,
+                   [&](const PropertyInfo& info, auto field) { bag.Read(info, state_.Properties.*field); });
     }
     surfaces_.StartCaptionFont();
     MeasureCaptionHeight();
@@ -66,7 +67,8 @@ void VantikFrameTab::UserControl_WriteProperties(PropertyWriter& bag) const {
     for (std::size_t row = 0; row < PropertyCount; ++row) {
         const Property property = At(row);
         if (property == Property::Picture) bag.Write(InfoOf(property), surfaces_.Picture.Get());
-        if (property == Property::Font) bag.Write(InfoOf(property), surfaces_.Font.Get(), host_.AmbientFont().Get());
+        if (property == Property::Font)
+            bag.Write(InfoOf(property), surfaces_.Font.Get(), host_.AmbientFont().Get());
         VisitField(property, [&](const PropertyInfo& info, auto field) {
             bag.Write(info, state_.Properties.*field, Defaults.*field);
         });

@@ -26,7 +26,8 @@ public:
     virtual ~PropertyWriter() = default;
     virtual void Write(const PropertyInfo& info, std::int16_t value, std::int16_t defaultValue) = 0;
     virtual void Write(const PropertyInfo& info, std::int32_t value, std::int32_t defaultValue) = 0;
-    virtual void Write(const PropertyInfo& info, const std::u16string& value, const std::u16string& defaultValue) = 0;
+    virtual void Write(const PropertyInfo& info, const std::u16string& value,
+                       const std::u16string& defaultValue) = 0;
     virtual void Write(const PropertyInfo& info, IPictureDisp* value) = 0;
     virtual void Write(const PropertyInfo& info, IFontDisp* value, IFontDisp* defaultValue) = 0;
 };

@@ -25,7 +25,8 @@ void VantikFrameTab::TabCount(std::int16_t count) {
 void VantikFrameTab::ResizeTabList(std::int16_t newCount, std::int16_t oldCount) {
     if (newCount == oldCount) return;
     state_.Tabs.Resize(newCount);
-    if (newCount < oldCount && ActiveTab() > newCount - 1) state_.Properties.ActiveTab = Subtract16(newCount, 1);
+    if (newCount < oldCount && ActiveTab() > newCount - 1)
+        state_.Properties.ActiveTab = Subtract16(newCount, 1);
     for (std::int16_t i = oldCount; i < newCount; ++i)
         state_.Tabs(i) = {.Caption = NextDefaultCaption(), .Ico = u"", .Enable = True};
 }

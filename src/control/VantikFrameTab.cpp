@@ -8,8 +8,11 @@
 namespace vantik {
 
 VantikFrameTab::VantikFrameTab(UserControl& host)
-    : host_(host), children_(host, state_), decorations_(host, state_, surfaces_),
-      repaint_(host, state_, surfaces_, decorations_), hook_(*this) {}
+    : host_(host),
+      children_(host, state_),
+      decorations_(host, state_, surfaces_),
+      repaint_(host, state_, surfaces_, decorations_),
+      hook_(*this) {}
 
 VantikFrameTab::~VantikFrameTab() { decorations_.Terminate(); }
 

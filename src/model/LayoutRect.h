@@ -21,11 +21,11 @@ struct LayoutRect {
 
 // What painting and hit testing read; filled by ComputeVisibleBars and ComputeLayout.
 struct LayoutCache {
-    LayoutRect ControlRect;   // the whole control
-    LayoutRect FrameRect;     // the control inset by FrameDist
-    LayoutRect BarBandRect;   // the band along the side that carries the bars
-    LayoutRect BarStripRect;  // the strip occupied by the visible bars
-    LayoutRect ClientRect;    // the page area inside the frame
+    LayoutRect ControlRect;  // the whole control
+    LayoutRect FrameRect;    // the control inset by FrameDist
+    LayoutRect BarBandRect;  // the band along the side that carries the bars
+    LayoutRect BarStripRect; // the strip occupied by the visible bars
+    LayoutRect ClientRect;   // the page area inside the frame
     Boolean IsHorizontal = False;
     std::int16_t FirstVisibleTab = 0; // tab shown in the first bar position
     std::int16_t VisibleBarCount = 0; // bar positions shown; negative when not even the buttons have room

@@ -77,11 +77,20 @@ struct PropertyValues {
 };
 
 // Where a property's value stands; the objects (Picture, Font) are held by the control and have no field here.
-using PropertyField = std::variant<std::monostate, std::int16_t PropertyValues::*, std::int32_t PropertyValues::*,
-                                   std::u16string PropertyValues::*>;
+using PropertyField = std::variant<std::monostate, std::int16_t PropertyValues::*,
+                                   std::int32_t PropertyValues::*, std::u16string PropertyValues::*>;
 
 // How the value travels through a property bag.
-enum class PropertyType : std::uint8_t { Integer16, Integer32, Enumeration, Colour, Flag, Text, Picture, Font };
+enum class PropertyType : std::uint8_t {
+    Integer16,
+    Integer32,
+    Enumeration,
+    Colour,
+    Flag,
+    Text,
+    Picture,
+    Font
+};
 
 // What assigning a property does after the value is stored and marked changed. OwnRoutine: the setter is more than that.
 enum class SideEffect : std::uint8_t {

@@ -57,7 +57,8 @@ struct SkinIcon {
     std::u16string FilePath;  // full path of the PNG file
     std::int16_t Width = -1;  // pixels; -1 until known
     std::int16_t Height = -1; // pixels; -1 until known
-    std::array<BitmapSlot, HandleCount> Handles = {NoBitmap, NoBitmap, NoBitmap, NoBitmap, NoBitmap, NoBitmap};
+    std::array<BitmapSlot, HandleCount> Handles = {NoBitmap, NoBitmap, NoBitmap,
+                                                   NoBitmap, NoBitmap, NoBitmap};
 };
 
 // The icons of every definition read so far, oldest first, and the newest entry of each role (-1: none). The menu role

@@ -13,7 +13,8 @@ std::u16string ApplicationFolder() {
     }
     path.resize(length);
     const auto slash = path.rfind(L'\\');
-    return FromWide(slash == std::wstring::npos ? std::wstring_view() : std::wstring_view(path).substr(0, slash));
+    return FromWide(slash == std::wstring::npos ? std::wstring_view()
+                                                : std::wstring_view(path).substr(0, slash));
 }
 
 bool FileExists(const std::u16string& path) noexcept {

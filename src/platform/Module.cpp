@@ -4,7 +4,8 @@ namespace vantik {
 
 HINSTANCE ThisModule() noexcept {
     HMODULE module = nullptr;
-    constexpr DWORD flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+    constexpr DWORD flags =
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
     GetModuleHandleExW(flags, reinterpret_cast<LPCWSTR>(&ThisModule), &module);
     return module;
 }

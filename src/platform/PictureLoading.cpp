@@ -18,7 +18,8 @@ ComPtr<IPicture> PictureFrom(std::span<const BYTE> bytes) noexcept {
     const ComPtr<IStream> stream = bytes.empty() ? nullptr : StreamOver(bytes);
     ComPtr<IPicture> picture;
     const auto size = static_cast<LONG>(bytes.size());
-    if (!stream || FAILED(OleLoadPicture(stream.Get(), size, FALSE, IID_IPicture, picture.PutVoid()))) return nullptr;
+    if (!stream || FAILED(OleLoadPicture(stream.Get(), size, FALSE, IID_IPicture, picture.PutVoid())))
+        return nullptr;
     return picture;
 }
 

@@ -18,6 +18,8 @@ inline const wchar_t* AsWide(const char16_t* text) noexcept { return reinterpret
 inline const wchar_t* AsWide(const std::u16string& text) noexcept { return AsWide(text.c_str()); }
 
 inline std::u16string FromWide(std::wstring_view text) { return {text.begin(), text.end()}; }
-inline std::u16string FromBstr(BSTR text) { return text ? FromWide({text, SysStringLen(text)}) : std::u16string(); }
+inline std::u16string FromBstr(BSTR text) {
+    return text ? FromWide({text, SysStringLen(text)}) : std::u16string();
+}
 
 } // namespace vantik

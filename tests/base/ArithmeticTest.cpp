@@ -31,7 +31,7 @@ TEST_CASE("twips become pixels by dividing whole numbers") {
     CHECK(TwipsToPixels(299.6, 15) == 20);
     CHECK(TwipsToPixels(299.5, 15) == 20); // 300 after rounding half to even
     CHECK(TwipsToPixels(298.5, 15) == 19);
-    CHECK(TwipsToPixels(-16, 15) == -1); // truncated, not floored
+    CHECK(TwipsToPixels(-16, 15) == -1);  // truncated, not floored
     CHECK(TwipsToPixels(100, 14.5) == 7); // the factor rounds to 14
     CHECK(NumberRaisedBy([] { TwipsToPixels(100, 0); }) == 11);
 }

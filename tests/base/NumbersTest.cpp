@@ -35,8 +35,8 @@ TEST_CASE("hexadecimal digits are the bit pattern of the result") {
 }
 
 TEST_CASE("text that is no number is a type mismatch") {
-    for (const char16_t* text : {u"", u" ", u"x", u"1 2", u"1x", u"--1", u"+-1", u"&H", u"&HG", u"&H-1", u"inf", u"nan", u"1e", u".",
-                                 u"\u0661", u"1\t"})
+    for (const char16_t* text : {u"", u" ", u"x", u"1 2", u"1x", u"--1", u"+-1", u"&H", u"&HG", u"&H-1",
+                                 u"inf", u"nan", u"1e", u".", u"\u0661", u"1\t"})
         CHECK(NumberRaisedBy([&] { ToInteger32(text); }) == 13);
 }
 

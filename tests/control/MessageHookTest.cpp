@@ -1,0 +1,188 @@
+#include "control/MessageHook.h"
+
+#include <doctest/doctest.h>
+
+#include <functional>
+#include <string>
+
+using namespace vantik;
+
+namespace {
+
+// A plain window that writes down what reaches its own procedure.
+class TestWindow {
+public:
+    TestWindow() {
+        WNDCLASSW description = {};
+        description.lpfnWndProc = Procedure;
+        description.hInstance = GetModuleHandleW(nullptr);
+        description.lpszClassName = L"MessageHookTest";
+        RegisterClassW(&description);
+        handle = CreateWindowW(description.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
+                               description.hInstance, nullptr);
+        SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&log));
+    }
+    ~TestWindow() { Destroy(); }
+
+    void Destroy() {
+        if (handle) DestroyWindow(handle);
+        handle = nullptr;
+    }
+
+    HWND handle;
+    std::string log;
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        auto* log = reinterpret_cast<std::string*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        if (message < WM_USER || !log) return DefWindowProcW(window, message, wParam, lParam);
+        *log += "window " + std::to_string(message - WM_USER) + ";";
+        return static_cast<LRESULT>(wParam) * 10;
+    }
+};
+
+class Recorder final : public MessageCallback {
+public:
+    explicit Recorder(std::string& log) : log_(log) {}
+
+    void zSubclass_Proc(Boolean before, Boolean& handled, std::int32_t& result, std::int32_t&,
+                        std::int32_t& message, std::int32_t&, std::int32_t&) override {
+        if (message < WM_USER) return;
+        log_ += (before ? "before " : "after ") + std::to_string(message - WM_USER) + ";";
+        if (onMessage) onMessage(handled, result);
+    }
+    ComPtr<IUnknown> KeepAlive() override { return nullptr; }
+
+    std::function<void(Boolean&, std::int32_t&)> onMessage;
+
+private:
+    std::string& log_;
+};
+
+struct Hooked {
+    TestWindow window;
+    Recorder recorder{window.log};
+    MessageHook hook{recorder};
+
+    Hooked() { hook.SubclassStart(window.handle); }
+    LRESULT Send(UINT number, WPARAM wParam = 7) {
+        return SendMessageW(window.handle, WM_USER + number, wParam, 0);
+    }
+};
+
+} // namespace
+
+TEST_CASE("a hooked window's listed messages are delivered before and after its own procedure") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Before);
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 2, HookTime::After);
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 3, HookTime::Both);
+    CHECK(h.Send(1) == 70);
+    CHECK(h.Send(2) == 70);
+    CHECK(h.Send(3) == 70);
+    CHECK(h.Send(4) == 70);
+    CHECK(h.window.log == "before 1;window 1;window 2;after 2;before 3;window 3;after 3;window 4;");
+}
+
+TEST_CASE("a callback that marks the message handled keeps it from the window and answers it") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Both);
+    h.recorder.onMessage = [](Boolean& handled, std::int32_t& result) {
+        handled = True;
+        result = -5;
+    };
+    CHECK(h.Send(1) == -5);
+    CHECK(h.window.log == "before 1;");
+}
+
+TEST_CASE("a callback after the window may change the answer") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::After);
+    h.recorder.onMessage = [](Boolean&, std::int32_t& result) { result += 1; };
+    CHECK(h.Send(1) == 71);
+}
+
+TEST_CASE("an answer wider than 32 bits passes whole when nobody changes it") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Both);
+    constexpr auto wide = static_cast<WPARAM>(0x0A345678) << (sizeof(WPARAM) > 4 ? 8 : 0);
+    CHECK(h.Send(1, wide) == static_cast<LRESULT>(wide) * 10);
+}
+
+TEST_CASE("adding a message twice keeps one entry and adding -1 makes the list deliver every message") {
+    MessageList list;
+    list.Add(522);
+    list.Add(522);
+    CHECK(list.Count() == 1);
+    CHECK(list.Contains(522));
+    CHECK_FALSE(list.Contains(523));
+    list.Add(-1);
+    CHECK(list.Count() == -1);
+    CHECK(list.Contains(523));
+}
+
+TEST_CASE("a removed message is delivered no more") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Both);
+    h.hook.SubclassDelMsg(h.window.handle, WM_USER + 1, HookTime::Before);
+    h.Send(1);
+    CHECK(h.window.log == "window 1;after 1;");
+}
+
+TEST_CASE("unhooking gives the window its own procedure back") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, -1, HookTime::Both);
+    h.hook.SubclassStop(h.window.handle);
+    h.Send(1);
+    CHECK(h.window.log == "window 1;");
+}
+
+TEST_CASE("a window that is destroyed leaves the hook by itself") {
+    Hooked h;
+    const HWND handle = h.window.handle;
+    h.hook.SubclassAddMsg(handle, -1, HookTime::Both);
+    h.window.Destroy();
+    CHECK_FALSE(h.hook.IsHooked(handle));
+}
+
+TEST_CASE("a hook that ends inside its own callback lets the message pass") {
+    TestWindow window;
+    Recorder recorder(window.log);
+    auto hook = std::make_unique<MessageHook>(recorder);
+    hook->SubclassStart(window.handle);
+    hook->SubclassAddMsg(window.handle, WM_USER + 1, HookTime::Both);
+    recorder.onMessage = [&](Boolean&, std::int32_t&) { hook.reset(); };
+    SendMessageW(window.handle, WM_USER + 1, 0, 0);
+    CHECK(window.log == "before 1;window 1;");
+}
+
+TEST_CASE("a message sent after the hook's end reaches only the window") {
+    TestWindow window;
+    Recorder recorder(window.log);
+    {
+        MessageHook hook(recorder);
+        hook.SubclassStart(window.handle);
+        hook.SubclassAddMsg(window.handle, -1, HookTime::Both);
+    }
+    SendMessageW(window.handle, WM_USER + 1, 0, 0);
+    CHECK(window.log == "window 1;");
+}
+
+TEST_CASE("an error in the callback stops at the window procedure") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Before);
+    h.recorder.onMessage = [](Boolean&, std::int32_t&) { throw 1; };
+    CHECK(h.Send(1) == 70);
+}
+
+TEST_CASE("each window has lists of its own") {
+    Hooked h;
+    TestWindow other;
+    h.hook.SubclassStart(other.handle);
+    h.hook.SubclassAddMsg(other.handle, WM_USER + 1, HookTime::Before);
+    h.Send(1);
+    CHECK(h.window.log == "window 1;");
+    SendMessageW(other.handle, WM_USER + 1, 0, 0);
+    CHECK(h.window.log == "window 1;before 1;");
+    CHECK(other.log == "window 1;");
+}
