@@ -1,0 +1,134 @@
+// Bits of a deflate stream, least significant first.
+//
+// Bits beyond `count_` in the bit buffer may be set: they are the stream's own next bits, loaded in bulk together with
+// the others, and loading them again changes nothing.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+#include "png/PngFormat.h"
+
+namespace vantik {
+
+// Thrown where the stream turns out to be broken; caught where decoding was started.
+struct BrokenStream {
+    std::int32_t Result;
+};
+
+class BitReader {
+public:
+    // With so many bytes left, a few symbols can be decoded without looking for the end.
+    static constexpr std::ptrdiff_t Margin = 24;
+
+    BitReader() = default;
+    explicit BitReader(ByteView input)
+        : begin_(input.data()), next_(input.data()), end_(input.data() + input.size()) {}
+
+    // Loads so that `wanted` bits (at most 32) can be looked at; the end of the input stops it silently.
+    void Need(unsigned wanted) noexcept {
+        if (end_ - next_ >= Margin) {
+            if (count_ < wanted) Refill();
+        } else {
+            NeedNearEnd(wanted);
+        }
+    }
+
+    std::uint64_t Peek() const noexcept { return bits_; }
+
+    void Drop(unsigned used) {
+        if (used > count_) throw BrokenStream{-1};
+        bits_ >>= used;
+        count_ -= used;
+    }
+
+    std::uint32_t Get(unsigned wanted) {
+        Need(wanted);
+        const std::uint32_t value = static_cast<std::uint32_t>(bits_) & ((1u << wanted) - 1);
+        Drop(wanted);
+        return value;
+    }
+
+    bool IsFarFromEnd() const noexcept { return end_ - next_ >= Margin; }
+
+    // Gives back whole bytes, drops the rest of the byte begun, and returns what follows. -1 when the bytes loaded by
+    // then leave no room for four more and one: counted with those that the last Need fetched in vain.
+    ByteView RestFromByte() {
+        const std::ptrdiff_t position = BytePosition();
+        if (std::max(loaded_, position) + 5 > end_ - begin_) throw BrokenStream{-1};
+        return {begin_ + position, end_};
+    }
+
+    void ContinueAt(const std::uint8_t* position) noexcept {
+        next_ = position;
+        bits_ = 0;
+        count_ = 0;
+    }
+
+    // The state in registers, for a loop that must not touch memory between symbols.
+    struct Registers {
+        const std::uint8_t* Next;
+        const std::uint8_t* Safe; // up to here Refill may be called three times without asking
+        std::uint64_t Bits;
+        unsigned Count;
+
+        // At least 56 bits afterwards.
+        void Refill() noexcept {
+            std::uint64_t word;
+            std::memcpy(&word, Next, sizeof word);
+            Bits |= word << Count;
+            Next += (63 - Count) >> 3;
+            Count |= 56;
+        }
+        void Drop(unsigned used) noexcept {
+            Bits >>= used;
+            Count -= used;
+        }
+        std::uint32_t Get(unsigned wanted) noexcept {
+            const std::uint32_t value = static_cast<std::uint32_t>(Bits) & ((1u << wanted) - 1);
+            Drop(wanted);
+            return value;
+        }
+    };
+
+    Registers Load() const noexcept { return {next_, end_ - Margin, bits_, count_}; }
+    void Store(const Registers& registers) noexcept {
+        next_ = registers.Next;
+        bits_ = registers.Bits;
+        count_ = registers.Count;
+    }
+
+private:
+    void Refill() noexcept {
+        Registers registers = Load();
+        registers.Refill();
+        Store(registers);
+    }
+
+    void NeedNearEnd(unsigned wanted) noexcept {
+        const std::ptrdiff_t bitsWanted = (next_ - begin_) * 8 - count_ + wanted;
+        loaded_ = std::max(loaded_, std::min(end_ - begin_, (bitsWanted + 7) / 8));
+        while (count_ < wanted && next_ != end_) {
+            bits_ |= std::uint64_t{*next_++} << count_;
+            count_ += 8;
+        }
+    }
+
+    // The first byte of which no bit was used yet.
+    std::ptrdiff_t BytePosition() const noexcept {
+        return next_ - begin_ - static_cast<std::ptrdiff_t>(count_ / 8);
+    }
+
+    const std::uint8_t* begin_ = nullptr;
+    const std::uint8_t* next_ = nullptr;
+    const std::uint8_t* end_ = nullptr;
+    std::uint64_t bits_ = 0;
+    unsigned count_ = 0;
+
+    // How many bytes a reader has fetched that fetches byte by byte and only on demand. Kept near the end only, the one
+    // place where RestFromByte can tell the difference.
+    std::ptrdiff_t loaded_ = 0;
+};
+
+} // namespace vantik
