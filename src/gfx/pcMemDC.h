@@ -1,0 +1,101 @@
+// An off-screen surface that copies parts of itself onto other device contexts: plainly, stretched, with a transparent
+// key colour, turned and mirrored.
+//
+// The turned and mirrored operations are defined pixel by pixel, and so is the transparent copy; here each is one or
+// two copies from a turned, masked twin of the surface, made the first time it is needed. A twin is made afresh once
+// somebody else may have drawn on the surface, that is, for every operation after `hdc` was read.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+#include "gfx/Handles.h"
+
+namespace vantik {
+
+class TurnedTwin;
+
+// Where a source pixel (i, j) of a W x H rectangle goes, relative to the destination.
+enum class Turn : std::uint8_t {
+    Plain,      // (i, j)
+    Transposed, // (j, i): mirrored across the main diagonal
+    Clockwise,  // (H - 1 - j, i): a quarter turn
+    Flipped,    // (i, H - 1 - j): mirrored top to bottom
+};
+
+class pcMemDC {
+public:
+    pcMemDC() noexcept;
+    ~pcMemDC();
+    pcMemDC(const pcMemDC&) = delete;
+    pcMemDC& operator=(const pcMemDC&) = delete;
+
+    // Assigning a larger extent re-creates the surface, whose old content is gone; any other value is ignored. A surface
+    // that cannot be had leaves the object without one: context null, extents 0.
+    std::int32_t width() const noexcept { return Width; }
+    void width(std::int32_t value);
+    std::int32_t height() const noexcept { return Height; }
+    void height(std::int32_t value);
+
+    HDC hdc() noexcept; // null when there is no surface
+
+    // Destination before source; stretches the source rectangle to the destination size.
+    void StretchDraw(HDC target, std::int32_t xDst = 0, std::int32_t yDst = 0, std::int32_t widthDst = 0,
+                     std::int32_t heightDst = 0, std::int32_t xSrc = 0, std::int32_t ySrc = 0,
+                     std::int32_t widthSrc = 0, std::int32_t heightSrc = 0);
+
+    // These take the one source column at xSrc and repeat it, turned: Stretch90Draw as a row, top of the column at the
+    // left, over heightDst rows, above an ordinary StretchDraw; Stretch270Draw likewise with the top at the right and
+    // nothing underneath; Stretch180Draw upside down over widthDst columns.
+    void Stretch90Draw(HDC target, std::int32_t xDst = 0, std::int32_t yDst = 0, std::int32_t widthDst = 0,
+                       std::int32_t heightDst = 0, std::int32_t xSrc = 0, std::int32_t ySrc = 0,
+                       std::int32_t widthSrc = 0, std::int32_t heightSrc = 0);
+    void Stretch270Draw(HDC target, std::int32_t xDst = 0, std::int32_t yDst = 0, std::int32_t widthDst = 0,
+                        std::int32_t heightDst = 0, std::int32_t xSrc = 0, std::int32_t ySrc = 0,
+                        std::int32_t widthSrc = 0, std::int32_t heightSrc = 0);
+    void Stretch180Draw(HDC target, std::int32_t xDst = 0, std::int32_t yDst = 0, std::int32_t widthDst = 0,
+                        std::int32_t heightDst = 0, std::int32_t xSrc = 0, std::int32_t ySrc = 0,
+                        std::int32_t widthSrc = 0, std::int32_t heightSrc = 0);
+
+    // Source before destination; with useMask, pixels of the key colour 0xFF00FF leave the destination unchanged.
+    void Draw(HDC target, std::int32_t xSrc = 0, std::int32_t ySrc = 0, std::int32_t widthSrc = 0,
+              std::int32_t heightSrc = 0, std::int32_t xDst = 0, std::int32_t yDst = 0, bool useMask = false);
+
+    // The same, turned: transposed, a quarter turn clockwise, flipped top to bottom.
+    void Plg90Draw(HDC target, std::int32_t xSrc = 0, std::int32_t ySrc = 0, std::int32_t widthSrc = 0,
+                   std::int32_t heightSrc = 0, std::int32_t xDst = 0, std::int32_t yDst = 0,
+                   bool useMask = false);
+    void Plg270Draw(HDC target, std::int32_t xSrc = 0, std::int32_t ySrc = 0, std::int32_t widthSrc = 0,
+                    std::int32_t heightSrc = 0, std::int32_t xDst = 0, std::int32_t yDst = 0,
+                    bool useMask = false);
+    void Plg180Draw(HDC target, std::int32_t xSrc = 0, std::int32_t ySrc = 0, std::int32_t widthSrc = 0,
+                    std::int32_t heightSrc = 0, std::int32_t xDst = 0, std::int32_t yDst = 0,
+                    bool useMask = false);
+
+    // Grows to the size of the picture's bitmap and copies it to (0, 0). An object without a bitmap changes nothing.
+    void CreateFromPicture(IPictureDisp* picture);
+
+private:
+    void CreateSurface(std::int32_t newWidth, std::int32_t newHeight);
+    void DestroySurface() noexcept;
+    std::int32_t SourceWidth(std::int32_t width) const noexcept { return width > 0 ? width : Width; }
+    std::int32_t SourceHeight(std::int32_t height) const noexcept { return height > 0 ? height : Height; }
+    void PlgDraw(Turn turn, HDC target, RECT source, POINT destination, bool useMask);
+    void StretchColumn(Turn turn, HDC target, POINT destination, std::int32_t repeats, POINT source,
+                       std::int32_t height);
+    TurnedTwin* TwinOf(Turn turn);
+
+    HDC MemDC = nullptr;
+    HBITMAP MemBitmap = nullptr;
+    HGDIOBJ OldBitmap = nullptr;
+    std::int32_t Width = 0;
+    std::int32_t Height = 0;
+    std::array<std::unique_ptr<TurnedTwin>, 4> twins_;
+    bool drawnByOthers_ = false;
+};
+
+// The size in pixels of the picture's bitmap; 0 x 0 for null and for a picture that has none.
+SIZE BitmapSizeOf(IPictureDisp* picture) noexcept;
+
+} // namespace vantik

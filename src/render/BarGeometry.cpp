@@ -1,0 +1,115 @@
+#include "render/BarGeometry.h"
+
+#include "base/Checked.h"
+#include "base/Rounding.h"
+
+namespace vantik {
+
+namespace {
+
+// A piece stands on the strip's inner edge as the active look's piece does, so a taller look rises above the others.
+BarPiece PieceAt(const SkinRects& rects, std::int32_t family, std::uint8_t state, Checked u) {
+    const SkinRect& source = rects[family + state];
+    const Checked v = Checked(rects[family + BarActive].Height) - source.Height;
+    return {source, u, v, source.Width, source.Height, false};
+}
+
+BarPiece FillFrom(const SkinRects& rects, std::uint8_t state, Checked from, Checked to) {
+    BarPiece fill = PieceAt(rects, FillPic0, state, from);
+    fill.Length = to - from;
+    fill.IsFill = true;
+    return fill;
+}
+
+BarPieces WithBothEnds(const SkinRects& rects, std::uint8_t state, Checked length) {
+    const BarPiece leading = PieceAt(rects, LeftPic0, state, 0);
+    const Checked trailingEdge = length - rects[RightPic0 + state].Width;
+    const BarPiece trailing = PieceAt(rects, RightPic0, state, trailingEdge);
+    BarPieces pieces;
+    pieces.Add(FillFrom(rects, state, leading.Length, trailingEdge));
+    pieces.Add(leading);
+    pieces.Add(trailing);
+    return pieces;
+}
+
+// Bars share separators; only the row's ends carry end pieces, and TabToTab leaves no gap.
+BarPieces WithSharedEdges(const SkinRects& rects, std::uint8_t state, std::int16_t width, bool first,
+                          bool last) {
+    const std::int32_t trailingFamily = last ? RightPic0 : Line0;
+    const Checked trailingEdge = Checked(width) - rects[trailingFamily + state].Width;
+    const BarPiece trailing = PieceAt(rects, trailingFamily, state, trailingEdge);
+    const Checked fillStart = first ? rects[LeftPic0 + state].Width : 0;
+    BarPieces pieces;
+    pieces.Add(FillFrom(rects, state, fillStart, trailingEdge));
+    if (first) pieces.Add(PieceAt(rects, LeftPic0, state, 0));
+    pieces.Add(trailing);
+    return pieces;
+}
+
+} // namespace
+
+void BarPieces::Add(const BarPiece& piece) {
+    if (piece.Length > 0 && piece.Thickness > 0) pieces_[count_++] = piece;
+}
+
+BarPieces PiecesOf(const ControlState& control, std::int16_t index, std::uint8_t state) {
+    const PropertyValues& p = control.Properties;
+    if (p.TabBorder == True) return WithBothEnds(control.SkinRects, state, Checked(p.BarWidth) - p.TabToTab);
+    if (p.TabBorder != False) return {};
+    const std::int32_t slot = SlotOf(control, index);
+    const bool last = slot == control.Layout.VisibleBarCount - 1;
+    return WithSharedEdges(control.SkinRects, state, p.BarWidth, slot == 0, last);
+}
+
+std::int32_t SlotOf(const ControlState& control, std::int16_t index) {
+    return Subtract16(index, control.Layout.FirstVisibleTab);
+}
+
+bool IsVisibleSlot(const ControlState& control, std::int32_t slot) noexcept {
+    return slot >= 0 && slot < control.Layout.VisibleBarCount;
+}
+
+LayoutRect SlotRect(const ControlState& control, std::int32_t slot) {
+    const LayoutRect& strip = control.Layout.BarStripRect;
+    const Checked thickness = control.Layout.IsHorizontal ? strip.Height : strip.Width;
+    return PartRect(control, slot, 0, 0, control.Properties.BarWidth, thickness);
+}
+
+LayoutRect BarRect(const ControlState& control, std::int32_t slot) {
+    const LayoutRect& strip = control.Layout.BarStripRect;
+    const Checked thickness = control.Layout.IsHorizontal ? strip.Height : strip.Width;
+    return PartRect(control, slot, 0, 0, Checked(control.Properties.BarWidth) - control.Properties.TabToTab,
+                    thickness);
+}
+
+LayoutRect PartRect(const ControlState& control, std::int32_t slot, std::int32_t u, std::int32_t v,
+                    std::int32_t length, std::int32_t thickness) {
+    const LayoutRect& strip = control.Layout.BarStripRect;
+    const Checked start = Checked(slot) * control.Properties.BarWidth + u;
+    const Checked x = strip.Left + start, y = strip.Top + start; // whichever runs along the strip
+    const Checked fromNear = v, fromFar = Checked(v) + thickness;
+    switch (control.Properties.TabPos) {
+    case Windowtop: return LayoutRect::FromEdges(x, strip.Top + fromNear, x + length, strip.Top + fromFar);
+    case WindowBottom:
+        return LayoutRect::FromEdges(x, strip.Bottom - fromFar, x + length, strip.Bottom - fromNear);
+    case WindowLeft: return LayoutRect::FromEdges(strip.Left + fromNear, y, strip.Left + fromFar, y + length);
+    case WindowRight:
+        return LayoutRect::FromEdges(strip.Right - fromFar, y, strip.Right - fromNear, y + length);
+    default: return {};
+    }
+}
+
+bool PointInRect(float x, float y, const LayoutRect& rect) noexcept {
+    // Doubles hold every edge and every coordinate exactly.
+    const double px = x, py = y;
+    return rect.Left <= px && px <= rect.Right && rect.Top <= py && py <= rect.Bottom;
+}
+
+std::int32_t BarSlotAt(float x, float y, const ControlState& control) {
+    const std::int32_t along = RoundHalfToEven(control.Layout.IsHorizontal ? x : y);
+    if (control.Properties.BarWidth == 0) Raise(RunTimeErrorNumber::DivisionByZero);
+    // In 64 bits, since -2^31 / -1 does not fit 32.
+    return Narrow<std::int32_t>(std::int64_t{along} / control.Properties.BarWidth);
+}
+
+} // namespace vantik

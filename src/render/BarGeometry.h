@@ -1,0 +1,60 @@
+// Where one bar and its pieces lie. Painting and hit testing both read these functions, so what is seen is what is hit.
+//
+// A bar has coordinates of its own: u along the strip from the bar's leading edge, v across it from the strip's outer
+// edge, as the skin is drawn for bars on top. The bottom strip is the top strip flipped, the left one is transposed,
+// the right one is turned clockwise.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "model/ControlState.h"
+
+namespace vantik {
+
+struct BarPiece {
+    SkinRect Source;
+    std::int32_t U = 0, V = 0;
+    std::int32_t Length = 0, Thickness = 0; // along u and across, on the bar
+    bool IsFill = false; // repeated over its length; the others are copied with the key colour masked
+
+    friend bool operator==(const BarPiece&, const BarPiece&) = default;
+};
+
+// At most fill, leading end and trailing end, in painting order. Pieces without any extent are left out.
+class BarPieces {
+public:
+    void Add(const BarPiece& piece);
+    const BarPiece* begin() const noexcept { return pieces_.data(); }
+    const BarPiece* end() const noexcept { return pieces_.data() + count_; }
+
+private:
+    std::array<BarPiece, 3> pieces_{};
+    std::size_t count_ = 0;
+};
+
+// The pieces of the bar of the tab `index` in the look `state`. None when TabBorder is neither True nor False.
+// SubscriptOutOfRange when a piece index leaves the skin table; Overflow.
+BarPieces PiecesOf(const ControlState& control, std::int16_t index, std::uint8_t state);
+
+// The slot of a tab, counted from the first bar shown.
+std::int32_t SlotOf(const ControlState& control, std::int16_t index);
+
+// Whether the slot is one of the visible bars.
+bool IsVisibleSlot(const ControlState& control, std::int32_t slot) noexcept;
+
+// A slot is BarWidth long and as thick as the strip; the bar in it ends TabToTab earlier. Right and Bottom are outside.
+LayoutRect SlotRect(const ControlState& control, std::int32_t slot);
+LayoutRect BarRect(const ControlState& control, std::int32_t slot);
+
+// The rectangle on the surface of a part of the bar in the slot. Empty at 0, 0 when TabPos names no side.
+LayoutRect PartRect(const ControlState& control, std::int32_t slot, std::int32_t u, std::int32_t v,
+                    std::int32_t length, std::int32_t thickness);
+
+// All four bounds are inside.
+bool PointInRect(float x, float y, const LayoutRect& rect) noexcept;
+
+// The slot under a point that is given relative to the strip. DivisionByZero for a BarWidth of 0; Overflow.
+std::int32_t BarSlotAt(float x, float y, const ControlState& control);
+
+} // namespace vantik

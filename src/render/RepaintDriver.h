@@ -1,0 +1,60 @@
+// The ways in which the control repaints itself, straight onto its persistent surface.
+//
+// Each repaint has two halves: Prepare computes and stores the layout and raises every error of the geometry, Paint only
+// draws what the state says then. A caller may put painting off as long as nobody sees the surface and nothing changes
+// that the pending repaint would not have seen.
+#pragma once
+
+#include <cstdint>
+
+#include "model/ControlState.h"
+#include "platform/UserControl.h"
+#include "render/BarDecorations.h"
+#include "render/BarPainter.h"
+#include "render/FramePainter.h"
+#include "render/Surfaces.h"
+
+namespace vantik {
+
+class RepaintDriver {
+public:
+    RepaintDriver(UserControl& host, ControlState& control, Surfaces& surfaces,
+                  BarDecorations& decorations) noexcept
+        : host_(host),
+          control_(control),
+          surfaces_(surfaces),
+          decorations_(decorations),
+          frame_(host, control, surfaces),
+          bars_(host, control, surfaces, decorations) {}
+
+    // After anything that moves or resizes: layout, background, frame, picture, corners, bars, buttons.
+    void RepaintAll();
+
+    // After anything that changes only the look of bars: restores what lies under the strip, draws every visible bar and
+    // invalidates the strip.
+    void RedrawBars();
+
+    // The one bar over its clean underlay; invalidates only that bar. A bar outside the visible row draws nothing.
+    void RedrawBar(std::int16_t index, std::uint8_t state);
+
+    // The frame's edges and what lies over them but for the bars, which the caller redraws next.
+    void RepaintFrame();
+
+    void PrepareAll();
+    void PaintAll();
+    void PrepareBars() const;
+    void PaintBars();
+
+private:
+    void ComputeNewLayout();
+    void Invalidate(const LayoutRect& area);
+
+    UserControl& host_;
+    ControlState& control_;
+    Surfaces& surfaces_;
+    BarDecorations& decorations_;
+    FramePainter frame_;
+    BarPainter bars_;
+};
+
+} // namespace vantik
