@@ -1,0 +1,92 @@
+#include "skin/DefaultSkin.h"
+
+#include <memory>
+#include <span>
+
+#include "base/RunTimeError.h"
+#include "platform/Files.h"
+#include "platform/mDeclares.h"
+
+namespace vantik {
+
+namespace {
+
+struct BuiltInFile {
+    const char16_t* ResourceName;
+    const char16_t* Path; // behind the host folder
+};
+
+// In the order in which they are written.
+constexpr BuiltInFile BuiltInFiles[] = {
+    {u"SUN", u"\\Temp\\sun.png"},         {u"SKINFILE", u"\\Temp\\skin.ini"},
+    {u"SKINBMP", u"\\Temp\\skin2.bmp"},   {u"MENUBAR", u"\\Temp\\menubar.png"},
+    {u"BAR0", u"\\Temp\\bar0.png"},       {u"BAR1", u"\\Temp\\bar1.png"},
+    {u"DELETE1", u"\\Temp\\delete1.png"}, {u"HANDNO", u"\\Temp\\handno.png"},
+};
+
+struct HandleCloser {
+    using pointer = HANDLE;
+    void operator()(HANDLE handle) const noexcept { CloseHandle(handle); }
+};
+using UniqueHandle = std::unique_ptr<HANDLE, HandleCloser>;
+
+[[noreturn]] void RaiseFileError(DWORD error) {
+    switch (error) {
+    case ERROR_FILE_NOT_FOUND: Raise(RunTimeErrorNumber::FileNotFound);
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_BAD_NETPATH: Raise(RunTimeErrorNumber::PathNotFound);
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION: Raise(RunTimeErrorNumber::PermissionDenied);
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL: Raise(RunTimeErrorNumber::DiskFull);
+    case ERROR_CRC:
+    case ERROR_NOT_READY:
+    case ERROR_IO_DEVICE: Raise(RunTimeErrorNumber::DeviceError);
+    default: Raise(RunTimeErrorNumber::PathFileAccess);
+    }
+}
+
+// The module that holds this code, which is not the running application.
+HMODULE OwnModule() noexcept {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(&OwnModule), &module);
+    return module;
+}
+
+std::span<const std::byte> ResourceBytes(const std::u16string& name, const std::u16string& type) {
+    const HMODULE module = OwnModule();
+    const HRSRC place = FindResourceW(module, AsWide(name), AsWide(type));
+    const HGLOBAL resource = place ? LoadResource(module, place) : nullptr;
+    const void* bytes = resource ? LockResource(resource) : nullptr;
+    if (!bytes) Raise(RunTimeErrorNumber::InternalError); // the module was built without its resources
+    return {static_cast<const std::byte*>(bytes), SizeofResource(module, place)};
+}
+
+UniqueHandle OpenToWrite(const std::u16string& path) {
+    const HANDLE file = CreateFileW(AsWide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) RaiseFileError(GetLastError());
+    return UniqueHandle(file);
+}
+
+} // namespace
+
+void SaveResourceToFile(const std::u16string& resourceName, const std::u16string& resourceType,
+                        const std::u16string& filePath) {
+    const auto bytes = ResourceBytes(resourceName, resourceType);
+    const UniqueHandle file = OpenToWrite(filePath);
+    const auto size = static_cast<DWORD>(bytes.size());
+    DWORD written = 0;
+    if (!WriteFile(file.get(), bytes.data(), size, &written, nullptr)) RaiseFileError(GetLastError());
+    if (written != size) Raise(RunTimeErrorNumber::DiskFull);
+}
+
+void ExtractDefaultSkin(const std::u16string& hostFolder) {
+    const std::u16string folder = hostFolder + u"\\Temp";
+    if (!FolderExists(folder) && !CreateDirectoryW(AsWide(folder), nullptr)) RaiseFileError(GetLastError());
+    for (const BuiltInFile& file : BuiltInFiles)
+        SaveResourceToFile(file.ResourceName, u"CUSTOM", hostFolder + file.Path);
+}
+
+} // namespace vantik

@@ -1,0 +1,126 @@
+#include "skin/SkinParser.h"
+
+#include <array>
+
+#include "base/Checked.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+namespace vantik {
+
+namespace {
+
+constexpr std::u16string_view Comment = u"//";
+
+// Takes the first line off the text.
+std::u16string_view NextLine(std::u16string_view& text) {
+    const std::size_t end = text.find_first_of(u"\r\n");
+    const std::u16string_view line = text.substr(0, end);
+    const bool isLast = end == std::u16string_view::npos;
+    text.remove_prefix(isLast ? text.size() : end + (text.substr(end).starts_with(u"\r\n") ? 2 : 1));
+    return line;
+}
+
+// The last character goes whatever it is, so a comment behind the bracket becomes part of the name.
+std::u16string SectionName(std::u16string_view line) {
+    line.remove_prefix(1);
+    if (!line.empty()) line.remove_suffix(1);
+    return std::u16string(TrimSpaces(line));
+}
+
+// Splits the pieces off one by one, each converted before the next is looked for.
+class Coordinates {
+public:
+    explicit Coordinates(std::u16string_view list) : rest_(list), hasMore_(!list.empty()) {}
+
+    std::int32_t Next() {
+        if (!hasMore_) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
+        const std::size_t comma = rest_.find(u',');
+        const std::int32_t number = ToInteger32(rest_.substr(0, comma));
+        hasMore_ = comma != std::u16string_view::npos;
+        if (hasMore_) rest_.remove_prefix(comma + 1);
+        return number;
+    }
+
+private:
+    std::u16string_view rest_;
+    bool hasMore_; // an empty list has no piece, not one empty piece
+};
+
+SkinRect ParseRect(std::u16string_view list) {
+    Coordinates coordinates(list);
+    SkinRect rect;
+    rect.Left = coordinates.Next();
+    rect.Right = coordinates.Next();
+    rect.Top = coordinates.Next();
+    rect.Bottom = coordinates.Next();
+    rect.Width = Checked(rect.Right) - rect.Left + 1;
+    rect.Height = Checked(rect.Bottom) - rect.Top + 1;
+    return rect;
+}
+
+using RoleIndex = std::int16_t SkinIcons::*;
+
+// Null for an icon that is known by its name and place only.
+RoleIndex RoleOf(std::u16string_view key) {
+    if (key == u"DELETEBUTTON") return &SkinIcons::DeleteButtonIcon;
+    if (key == u"LEFTBUTTON") return &SkinIcons::LeftButtonIcon;
+    if (key == u"RIGHTBUTTON") return &SkinIcons::RightButtonIcon;
+    if (key == u"MENUBAR") return &SkinIcons::MenuBarIcon;
+    return nullptr;
+}
+
+} // namespace
+
+void SkinParser::Parse(std::u16string_view text) {
+    while (!text.empty() && ParseLine(NextLine(text))) {
+    }
+}
+
+// The test for START comes last, so the line that starts the definition has no content itself.
+bool SkinParser::ParseLine(std::u16string_view text) {
+    std::u16string line = UpperCase(TrimSpaces(text));
+    if (line.starts_with(u"END")) return false;
+    if (started_ && !line.empty()) ParseContent(line);
+    if (line.starts_with(u"START")) started_ = true;
+    return true;
+}
+
+void SkinParser::ParseContent(std::u16string& line) {
+    if (line.starts_with(u"[")) section_ = line = SectionName(line);
+    if (!line.starts_with(Comment)) ParseEntry(std::u16string_view(line).substr(0, line.find(Comment)));
+}
+
+void SkinParser::ParseEntry(std::u16string_view entry) {
+    const std::size_t colon = entry.find(u':');
+    if (colon == std::u16string_view::npos) return;
+    const std::u16string_view key = entry.substr(0, colon); // spaces before the colon belong to the key
+    const std::u16string_view value = TrimSpaces(entry.substr(colon + 1));
+    if (section_ == u"TAB") ParseSkinRectEntry(key, value);
+    if (section_ == u"ICON") ParseSkinIconEntry(key, value);
+}
+
+void SkinParser::ParseSkinRectEntry(std::u16string_view key, std::u16string_view value) {
+    if (key == u"FILE") {
+        state_.SkinBitmapPath = folder_.PathOf(value);
+        return;
+    }
+    SkinRect& rect = state_.SkinRects[ToInteger16(key)];
+    rect = ParseRect(value);
+}
+
+void SkinParser::ParseSkinIconEntry(std::u16string_view key, std::u16string_view value) {
+    SkinIcons& icons = state_.SkinIcons;
+    SkinIcon& icon = icons.Append();
+    icon.Name = key;
+    icon.FilePath = folder_.PathOf(value);
+    const RoleIndex role = RoleOf(key);
+    if (!role) return;
+    icons.*role = Subtract16(icons.SkinIconCount(), 1);
+    readSize_(icon.FilePath, state_.LastPng);
+    // A picture that is not there leaves the size of the one read before it.
+    icon.Width = state_.LastPng.LastPngWidth;
+    icon.Height = state_.LastPng.LastPngHeight;
+}
+
+} // namespace vantik

@@ -1,0 +1,54 @@
+// Reads the text of a skin definition:
+//
+//     Start
+//     [Tab]
+//     File: Skin2.bmp
+//     5: 13,16,0,21     //Left,Right,Top,Bottom of rectangle 5
+//     [Icon]
+//     MenuBar: menubar.png
+//     End
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "model/ControlState.h"
+#include "render/PngSizeReading.h"
+#include "skin/SkinFolder.h"
+
+namespace vantik {
+
+using PngSizeReader = void (*)(const std::u16string& path, PngSize& size);
+
+// One parse; every parse takes a parser of its own. Entries take effect as their lines are read: a line that raises
+// changes nothing itself, yet what the lines before it said stays in force.
+class SkinParser {
+public:
+    SkinParser(ControlState& state, SkinFolder folder, PngSizeReader readSize = ReadPngFileSize)
+        : state_(state), folder_(std::move(folder)), readSize_(readSize) {}
+
+    // All lines up to one that begins with END. A line ends with CR LF, CR or LF.
+    void Parse(std::u16string_view text);
+
+    // False when the line ends the definition.
+    bool ParseLine(std::u16string_view text);
+
+    // One entry of [Tab]: the bitmap's name, or a rectangle by its number. TypeMismatch for text that is no number,
+    // SubscriptOutOfRange for a number outside 0..25 and for fewer than four coordinates, Overflow.
+    void ParseSkinRectEntry(std::u16string_view key, std::u16string_view value);
+
+    // One entry of [Icon]. Overflow past 32,767 icons; reading the size of a button's picture may raise.
+    void ParseSkinIconEntry(std::u16string_view key, std::u16string_view value);
+
+private:
+    void ParseContent(std::u16string& line);
+    void ParseEntry(std::u16string_view entry);
+
+    ControlState& state_;
+    SkinFolder folder_;
+    PngSizeReader readSize_;
+    bool started_ = false;
+    std::u16string section_;
+};
+
+} // namespace vantik
