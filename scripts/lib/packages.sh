@@ -80,18 +80,19 @@ install_missing() {
 # packages_remedy LOG — what the log of a failed installation says to do.
 packages_remedy() {
     local pattern remedy
-    while IFS='|' read -r pattern remedy; do
-        if grep -qi "$pattern" "$1"; then
+    while IFS=';' read -r pattern remedy; do
+        if grep -qE "$pattern" "$1"; then
             printf '%s\n' "$remedy"
             return
         fi
     done <<'TABLE'
-Could not get lock|another package manager is running: wait for it, then run this again
-dpkg was interrupted|as root: dpkg --configure -a
-No space left\|enough free space|free some disk space
-Temporary failure resolving\|Could not resolve\|Could not connect\|Connection failed\|Network is unreachable|check the network and the mirror in /etc/apt, then run this again
-held broken packages|packages of another source or on hold are in the way: see "apt-mark showhold" and "apt-get upgrade"
-Unable to locate package|enable the distribution's own main (Ubuntu: universe) packages in /etc/apt
+Could not get lock;another package manager is running: wait for it, then run this again
+dpkg was interrupted;as root: dpkg --configure -a
+No space left|enough free space;free some disk space
+Temporary failure resolving|Could not (resolve|connect)|Connection (failed|timed out)|unreachable;check the network and the mirrors in /etc/apt, then run this again
+Unable to locate package|no installation candidate;enable the distribution's own packages (main; on Ubuntu universe too) in /etc/apt
+Mirror sync in progress|Hash Sum mismatch;the mirror is being brought up to date: run this again in an hour
+held broken packages;packages on hold or of another source are in the way: see "apt-mark showhold", try "apt-get upgrade"
 TABLE
     printf 'install these by hand, then run this again: %s\n' "${Missing[*]}"
 }

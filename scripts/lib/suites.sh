@@ -16,7 +16,7 @@
 SuiteFolder=$Root/tests/suites
 ResultFolder=$BuildFolder/test-results
 RunFolder=$BuildFolder/test-runs
-declare -A Suite BrokenBuilds=()
+declare -gA Suite=() BrokenBuilds=()
 Lanes=()
 
 # read_suite NAME — fills Suite; fails on what it does not know.

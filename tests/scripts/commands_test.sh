@@ -1,0 +1,42 @@
+# shellcheck shell=bash disable=SC2154
+# The commands as a user types them, as far as they go without a build.
+
+# command_line EXPECTED-STATUS COMMAND... — sets Output.
+command_line() {
+    local expected=$1 status=0
+    shift
+    Output=$(env -u DISPLAY "$@" 2>&1 </dev/null) || status=$?
+    expect_equal "$status" "$expected"
+}
+
+test_help_is_no_failure() {
+    command_line 0 "$Root/demo" --help
+    expect_contains "$Output" 'usage: ./demo'
+    command_line 0 "$Root/test" --help
+    expect_contains "$Output" 'usage: ./test'
+}
+
+test_an_unknown_argument_shows_the_usage() {
+    command_line 2 "$Root/demo" --bogus
+    expect_contains "$Output" 'usage: ./demo'
+    command_line 2 "$Root/demo" --shot
+    expect_contains "$Output" 'usage: ./demo'
+    command_line 2 "$Root/test" --bogus
+    expect_contains "$Output" 'usage: ./test'
+}
+
+test_a_suite_that_does_not_exist_is_refused() {
+    command_line 2 "$Root/test" nothing-is-called-so
+    expect_contains "$Output" 'no suite is called so: nothing-is-called-so'
+}
+
+test_the_demo_without_a_display_says_what_works_without_one() {
+    command_line 1 "$Root/demo"
+    expect_contains "$Output" 'remedy: '
+    expect_contains "$Output" './demo --shot DIR'
+}
+
+test_the_commands_work_through_a_link() {
+    ln -s "$Root/demo" link
+    command_line 0 ./link --help
+}
