@@ -1,0 +1,95 @@
+#include "host/FormWindow.h"
+
+#include "host/HostError.h"
+
+namespace vantik {
+
+namespace {
+
+constexpr wchar_t ClassName[] = L"VantikHostForm";
+constexpr DWORD Style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+
+HINSTANCE Instance() noexcept { return GetModuleHandleW(nullptr); }
+
+void RegisterFormClass(WNDPROC procedure) {
+    WNDCLASSEXW description = {};
+    if (GetClassInfoExW(Instance(), ClassName, &description)) return;
+    description.cbSize = sizeof description;
+    description.lpfnWndProc = procedure;
+    description.hInstance = Instance();
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    description.lpszClassName = ClassName;
+    if (!RegisterClassExW(&description)) throw HostError("cannot register the form's window class");
+}
+
+SIZE OuterSize(SIZE client) noexcept {
+    RECT outer = {0, 0, client.cx, client.cy};
+    AdjustWindowRectEx(&outer, Style, FALSE, 0);
+    return {outer.right - outer.left, outer.bottom - outer.top};
+}
+
+} // namespace
+
+FormWindow::FormWindow(const std::wstring& title, SIZE clientSize, MessageHandler handler)
+    : handler_(std::move(handler)) {
+    RegisterFormClass(&FormWindow::Procedure);
+    const SIZE outer = OuterSize(clientSize);
+    CreateWindowExW(0, ClassName, title.c_str(), Style, 0, 0, outer.cx, outer.cy, nullptr, nullptr,
+                    Instance(), this);
+    if (!window_)
+        throw HostError("cannot create a window: is there a display, or Wine's null graphics driver?");
+}
+
+FormWindow::~FormWindow() {
+    handler_ = nullptr;
+    if (window_) DestroyWindow(window_);
+}
+
+SIZE FormWindow::ClientSize() const noexcept {
+    RECT client = {};
+    GetClientRect(window_, &client);
+    return {client.right, client.bottom};
+}
+
+void FormWindow::ResizeClient(SIZE size) {
+    const SIZE outer = OuterSize(size);
+    SetWindowPos(window_, nullptr, 0, 0, outer.cx, outer.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::Show(int command) {
+    ShowWindow(window_, command);
+    UpdateWindow(window_);
+}
+
+LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCCREATE) {
+        const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+        auto* form = static_cast<FormWindow*>(creation->lpCreateParams);
+        form->window_ = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(form));
+    }
+    auto* form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    return form ? form->HandleMessage(window, message, wParam, lParam)
+                : DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT FormWindow::HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    std::optional<LRESULT> answer;
+    if (handler_) {
+        const HRESULT result = Guarded([&] {
+            const MessageHandler handler = handler_; // it may end the form
+            answer = handler(message, wParam, lParam);
+            return S_OK;
+        });
+        if (FAILED(result)) answer = 0;
+    }
+    if (message == WM_NCDESTROY && GetWindowLongPtrW(window, GWLP_USERDATA) != 0) {
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        window_ = nullptr;
+    }
+    return answer ? *answer : DefWindowProcW(window, message, wParam, lParam);
+}
+
+} // namespace vantik
