@@ -1,0 +1,11 @@
+// Where the built control is.
+#pragma once
+
+#include <string>
+
+namespace vantik {
+
+// Beside the running program or, from there upwards, in the build tree. Throws HostError when it is in neither.
+std::wstring FindBuiltControl();
+
+} // namespace vantik

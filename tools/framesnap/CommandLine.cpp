@@ -1,0 +1,169 @@
+#include "CommandLine.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include "host/HostError.h"
+
+namespace vantik {
+
+namespace {
+
+constexpr int LargestSide = 16000;
+
+[[noreturn]] void Refuse(const std::wstring& option, const std::wstring& value, const char* wanted) {
+    throw UsageError(ToUtf8(option) + " " + ToUtf8(value) + ": expected " + wanted);
+}
+
+std::optional<int> ToNumber(const std::wstring& text) {
+    wchar_t* end = nullptr;
+    const long number = std::wcstol(text.c_str(), &end, 10);
+    const bool whole = !text.empty() && *end == L'\0' && number >= -1000000 && number <= 1000000;
+    return whole ? std::optional(static_cast<int>(number)) : std::nullopt;
+}
+
+std::optional<POINT> ToPair(const std::wstring& text, wchar_t separator) {
+    const std::size_t at = text.find(separator);
+    if (at == std::wstring::npos) return std::nullopt;
+    const auto x = ToNumber(text.substr(0, at));
+    const auto y = ToNumber(text.substr(at + 1));
+    if (!x || !y) return std::nullopt;
+    return POINT{*x, *y};
+}
+
+POINT ToPoint(const std::wstring& option, const std::wstring& value) {
+    const auto point = ToPair(value, L',');
+    if (!point) Refuse(option, value, "X,Y in pixels");
+    return *point;
+}
+
+Step SizeOf(const std::wstring& option, const std::wstring& value) {
+    const auto size = ToPair(value, L'x');
+    const auto fits = [](LONG side) { return side > 0 && side <= LargestSide; };
+    if (!size || !fits(size->x) || !fits(size->y)) Refuse(option, value, "WIDTHxHEIGHT in pixels");
+    return SizeStep{{size->x, size->y}};
+}
+
+Step SetOf(const std::wstring& option, const std::wstring& value) {
+    const std::size_t equals = value.find(L'=');
+    if (equals == std::wstring::npos || equals == 0) Refuse(option, value, "Name=Value");
+    return SetStep{value.substr(0, equals), value.substr(equals + 1)};
+}
+
+Step DoOf(const std::wstring& option, const std::wstring& value) {
+    std::vector<std::wstring> words = SplitWords(value);
+    if (words.empty()) Refuse(option, value, "a member and its arguments");
+    return DoStep{words.front(), {words.begin() + 1, words.end()}};
+}
+
+Step KeyOf(const std::wstring& option, const std::wstring& value) {
+    const auto key = ToNumber(value);
+    if (!key || *key < 1 || *key > 254) Refuse(option, value, "the number of a key, 1 to 254");
+    return KeyStep{static_cast<WORD>(*key)};
+}
+
+Step WheelOf(const std::wstring& option, const std::wstring& value) {
+    const auto notches = ToNumber(value);
+    if (!notches || *notches < -100 || *notches > 100)
+        Refuse(option, value, "a number of notches, -100 to 100");
+    return WheelStep{*notches};
+}
+
+std::wstring PathOf(const std::wstring& option, const std::wstring& value) {
+    if (value.empty()) Refuse(option, value, "a file");
+    return value;
+}
+
+using StepMaker = std::function<Step(const std::wstring& option, const std::wstring& value)>;
+
+const StepMaker* FindMaker(const std::wstring& option) {
+    static const std::pair<const wchar_t*, StepMaker> makers[] = {
+        {L"--size", SizeOf},
+        {L"--load", [](auto& o, auto& v) { return LoadStep{PathOf(o, v)}; }},
+        {L"--save", [](auto& o, auto& v) { return SaveStep{PathOf(o, v)}; }},
+        {L"--set", SetOf},
+        {L"--do", DoOf},
+        {L"--pointer", [](auto& o, auto& v) { return PointerStep{ToPoint(o, v)}; }},
+        {L"--press", [](auto& o, auto& v) { return PressStep{ToPoint(o, v)}; }},
+        {L"--key", KeyOf},
+        {L"--wheel", WheelOf},
+        {L"--out", [](auto& o, auto& v) { return OutStep{PathOf(o, v)}; }},
+    };
+    const auto found =
+        std::find_if(std::begin(makers), std::end(makers), [&](auto& each) { return option == each.first; });
+    return found == std::end(makers) ? nullptr : &found->second;
+}
+
+} // namespace
+
+const char* const UsageText =
+    "usage: framesnap [--control PATH] [--design] STEP...\n"
+    "Puts the control on a form, carries the steps out in their order and prints events as they come.\n"
+    "  --size WxH           sizes the control (480x320)\n"
+    "  --load FILE          opens the form again, with the properties of a saved control\n"
+    "  --save FILE          saves the control's properties\n"
+    "  --set Name=Value     sets a property; constants by name, colours also as #RRGGBB, True and False,\n"
+    "                       Font=NAME,SIZE[,bold][,italic][,underline][,strikethrough], Picture=FILE\n"
+    "  --do \"Member args\"   calls a method or reads a property and prints what it returns\n"
+    "  --pointer X,Y        moves the pointer\n"
+    "  --press X,Y          moves the pointer and presses the left button; the next step but --out lets it "
+    "go\n"
+    "  --key N              presses a key: 37 is the left arrow, 39 the right one\n"
+    "  --wheel N            turns the wheel by N notches, positive away from the user\n"
+    "  --out FILE.png       writes a picture of what the control's window shows now\n"
+    "  --design             the form is being designed (UserMode False)\n"
+    "  --control PATH       the control's file; without it the one beside this program or in its build tree\n"
+    "Exit code: 0 done, 1 something failed, 2 a command line that asks for what there is not.\n";
+
+std::vector<std::wstring> SplitWords(const std::wstring& text) {
+    std::vector<std::wstring> words;
+    std::wstring word;
+    bool inWord = false;
+    wchar_t quote = 0;
+    for (const wchar_t character : text) {
+        if (quote != 0 && character == quote) {
+            quote = 0;
+        } else if (quote == 0 && (character == L'"' || character == L'\'')) {
+            quote = character;
+            inWord = true;
+        } else if (quote == 0 && character == L' ') {
+            if (inWord) words.push_back(std::exchange(word, {}));
+            inWord = false;
+        } else {
+            word += character;
+            inWord = true;
+        }
+    }
+    if (quote != 0) throw UsageError("--do " + ToUtf8(text) + ": a quotation mark is not closed");
+    if (inWord) words.push_back(word);
+    return words;
+}
+
+CommandLine ParseCommandLine(const std::vector<std::wstring>& arguments) {
+    CommandLine line;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::wstring& option = arguments[i];
+        if (option == L"--help") {
+            line.Help = true;
+            continue;
+        }
+        if (option == L"--design") {
+            line.DesignTime = true;
+            continue;
+        }
+        const StepMaker* makeStep = FindMaker(option);
+        if (!makeStep && option != L"--control") throw UsageError("unknown option '" + ToUtf8(option) + "'");
+        if (++i == arguments.size()) throw UsageError(ToUtf8(option) + " needs a value");
+        if (makeStep) {
+            line.Steps.push_back((*makeStep)(option, arguments[i]));
+        } else {
+            line.ControlPath = PathOf(option, arguments[i]);
+        }
+    }
+    return line;
+}
+
+} // namespace vantik
