@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "png/HuffmanTable.h"
 #include "png/PngFormat.h"
 
 namespace vantik {
@@ -84,6 +85,12 @@ public:
         void Drop(unsigned used) noexcept {
             Bits >>= used;
             Count -= used;
+        }
+        // Drops the code of a table entry. The machine's shift looks at the lowest six bits only, which saves a step on
+        // the way from one symbol to the next.
+        void DropCode(HuffmanTable::Entry entry) noexcept {
+            Bits >>= entry & 63;
+            Count -= entry & 0xFF;
         }
         std::uint32_t Get(unsigned wanted) noexcept {
             const std::uint32_t value = static_cast<std::uint32_t>(Bits) & ((1u << wanted) - 1);

@@ -210,7 +210,7 @@ struct FirstProbes {
     explicit FirstProbes(const HuffmanTable& table) : Entries(table.Entries()) {
         for (unsigned i = 0; i < Count; ++i) {
             Masks[i] = table.ProbeAt(i).Mask;
-            Lengths[i] = table.ProbeAt(i).Length;
+            Lengths[i] = static_cast<std::uint8_t>(table.ProbeAt(i).Length);
         }
     }
 
@@ -222,16 +222,16 @@ struct FirstProbes {
 #pragma GCC unroll 8
         for (unsigned i = 0; i < Count; i += 2) {
             const HuffmanTable::Entry first = Entries[low & Masks[i]];
-            even = (first & 0xFF) == Lengths[i] ? first : even;
+            even = static_cast<std::uint8_t>(first) == Lengths[i] ? first : even;
             const HuffmanTable::Entry second = Entries[low & Masks[i + 1]];
-            odd = (second & 0xFF) == Lengths[i + 1] ? second : odd;
+            odd = static_cast<std::uint8_t>(second) == Lengths[i + 1] ? second : odd;
         }
         return even | odd;
     }
 
     const HuffmanTable::Entry* Entries;
     std::uint32_t Masks[Count];
-    std::uint32_t Lengths[Count];
+    std::uint8_t Lengths[Count];
 };
 
 template <unsigned Count>
@@ -288,15 +288,15 @@ void Inflater::DecodeFast(std::size_t produced) {
     while (out < stop && bits.Next <= bits.Safe) {
         bits.Refill();
         HuffmanTable::Entry entry = FindIn(literals, tables.Literals, bits.Bits);
-        bits.Drop(meaning::CodeLength(entry));
+        bits.DropCode(entry);
         if (entry & meaning::Literal) {
             *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
             entry = FindIn(literals, tables.Literals, bits.Bits);
-            bits.Drop(meaning::CodeLength(entry));
+            bits.DropCode(entry);
             if (entry & meaning::Literal) {
                 *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
                 entry = FindIn(literals, tables.Literals, bits.Bits);
-                bits.Drop(meaning::CodeLength(entry));
+                bits.DropCode(entry);
                 if (entry & meaning::Literal) {
                     *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
                     continue;
@@ -311,7 +311,7 @@ void Inflater::DecodeFast(std::size_t produced) {
         }
         const std::uint32_t length = meaning::Value(entry) + bits.Get(meaning::ExtraBits(entry));
         entry = FindIn(distances, tables.Distances, bits.Bits);
-        bits.Drop(meaning::CodeLength(entry));
+        bits.DropCode(entry);
         if (entry == 0 || (entry & meaning::Reserved)) [[unlikely]] {
             leave();
             throw BrokenStream{inflate_result::Broken};

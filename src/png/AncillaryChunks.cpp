@@ -1,0 +1,101 @@
+#include "png/AncillaryChunks.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/Checked.h"
+#include "base/Rounding.h"
+#include "base/Text.h"
+#include "png/ColourTables.h"
+
+namespace vantik {
+
+namespace {
+
+std::u16string Decode(ByteView data) {
+    return DecodeAnsi({reinterpret_cast<const char*>(data.data()), data.size()});
+}
+
+std::u16string TwoDigits(std::uint8_t number) {
+    const std::u16string digits = DecimalText(number);
+    return digits.size() < 2 ? u"0" + digits : digits;
+}
+
+constexpr std::int32_t PackRgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue) noexcept {
+    return static_cast<std::int32_t>(red | green << 8 | blue << 16);
+}
+
+std::uint32_t SampleAt(ByteView data, std::size_t index) noexcept {
+    return static_cast<std::uint32_t>(data[2 * index] << 8 | data[2 * index + 1]);
+}
+
+double HighestSample(std::int32_t bitDepth) { return std::ldexp(1.0, bitDepth) - 1; }
+
+std::int32_t GreyBackground(ByteView data, std::int32_t bitDepth) {
+    if (data.size() != 2 || SampleAt(data, 0) > HighestSample(bitDepth)) return 0;
+    const std::uint32_t level = GreyLevel(static_cast<std::int32_t>(SampleAt(data, 0)), bitDepth);
+    return PackRgb(level, level, level);
+}
+
+// A sample beyond its own bit depth counts as the highest.
+std::uint32_t ScaleSample(std::uint32_t sample, std::int32_t bitDepth) {
+    const double highest = HighestSample(bitDepth);
+    if (highest <= 0) return 0;
+    return static_cast<std::uint32_t>(RoundHalfToEven(std::min<double>(sample, highest) * 255 / highest));
+}
+
+std::int32_t RgbBackground(ByteView data, std::int32_t bitDepth) {
+    if (data.size() != 6) return 0;
+    const auto scaled = [&](std::size_t channel) { return ScaleSample(SampleAt(data, channel), bitDepth); };
+    return PackRgb(scaled(0), scaled(1), scaled(2));
+}
+
+std::int32_t PaletteBackground(ByteView data, ByteView palette) noexcept {
+    if (data.size() != 1) return 0;
+    const std::size_t entry = 3 * std::size_t{data[0]};
+    if (entry + 3 > palette.size()) return 0;
+    return PackRgb(palette[entry], palette[entry + 1], palette[entry + 2]);
+}
+
+} // namespace
+
+std::size_t FindZero(ByteView data) noexcept {
+    return static_cast<std::size_t>(std::find(data.begin(), data.end(), 0) - data.begin());
+}
+
+std::u16string DecodeText(ByteView data) { return Decode(data) + u'\0'; }
+
+std::u16string InflateTextChunk(ByteView data, Inflater& inflater) {
+    // Behind the keyword: its separator, the compression method and the two bytes of the zlib header.
+    constexpr std::size_t HeaderSize = 4;
+    const std::size_t keyword = FindZero(data);
+    const ByteView rest = data.subspan(std::min(keyword + HeaderSize, data.size()));
+    const ByteView compressed = rest.first(FindZero(rest));
+
+    const Checked lastIndex = Narrow<std::int32_t>(compressed.size()) - 1;
+    std::int32_t expectedSize = 12 * lastIndex;
+    std::int32_t result = 0; // whatever it will be, what was inflated counts
+    std::vector<std::uint8_t> text(compressed.begin(), compressed.end());
+    inflater.Inflate(text, expectedSize, false, result);
+    return DecodeText(data.first(keyword)) + DecodeText(text);
+}
+
+std::u16string FormatTime(ByteView data) {
+    const std::int32_t year = BigEndianInteger(data, 0);
+    BigEndianLong(data, 3); // there are 7 bytes
+    return TwoDigits(data[3]) + u'.' + TwoDigits(data[2]) + u'.' + DecimalText(year) + u' ' +
+           TwoDigits(data[4]) + u':' + TwoDigits(data[5]) + u':' + TwoDigits(data[6]);
+}
+
+std::int32_t BackgroundColourOf(ByteView data, const ImageHeader& header, ByteView palette) {
+    switch (header.ColourType) {
+    case ColourType::Grey:
+    case ColourType::GreyAlpha: return GreyBackground(data, header.BitDepth);
+    case ColourType::Rgb:
+    case ColourType::RgbAlpha: return RgbBackground(data, header.BitDepth);
+    case ColourType::Palette: return PaletteBackground(data, palette);
+    default: return 0;
+    }
+}
+
+} // namespace vantik

@@ -1,0 +1,26 @@
+// From the contents of a PNG to a picture: inflate, unfilter or de-interlace, and rewrite the samples.
+#pragma once
+
+#include "png/DibImage.h"
+#include "png/Inflate.h"
+#include "png/PngContents.h"
+
+namespace vantik {
+
+struct ConversionSettings {
+    bool AppliesTransparency = false; // tRNS makes the picture transparent
+    bool AppliesAlpha = false;        // so does an alpha channel; else its bytes come along without effect
+};
+
+constexpr bool HasAlphaChannel(std::int32_t colourType) noexcept {
+    return colourType == ColourType::GreyAlpha || colourType == ColourType::RgbAlpha;
+}
+
+// Transparent pictures come bottom-up, ready to be mixed with a background; all others top-down. No picture comes from
+// a width or height below 1, and from colour types and bit depths that nothing is defined for.
+//
+// Raises OutOfMemory when the buffers would take more than 1 GiB in all, and SubscriptOutOfRange when there are fewer
+// scanlines than the picture needs.
+DibImage DecodePixels(const PngContents& png, const ConversionSettings& settings, Inflater& inflater);
+
+} // namespace vantik

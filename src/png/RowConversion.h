@@ -1,0 +1,51 @@
+// Rewrites one row of samples as one row of a bitmap.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "png/PngContents.h"
+
+namespace vantik {
+
+// Pixels of 32 bits: blue in the low byte, then green, red and alpha.
+using ColourMap = std::array<std::uint32_t, 256>;
+
+class RowConverter {
+public:
+    // `isTransparent`: to 32 bits with an alpha. `isUnpacked`: samples of fewer than 8 bits have a byte each already.
+    RowConverter(const PngContents& png, bool isTransparent, bool isUnpacked);
+
+    void Convert(const std::uint8_t* samples, std::uint8_t* row) const { (this->*convert_)(samples, row); }
+
+private:
+    using Conversion = void (RowConverter::*)(const std::uint8_t*, std::uint8_t*) const;
+
+    Conversion Choose(bool isTransparent) const;
+    Conversion ChooseForIndexes(bool isTransparent) const;
+
+    const std::uint8_t* Unpack(const std::uint8_t* samples) const;
+    void CopyRow(const std::uint8_t* samples, std::uint8_t* row) const;
+    void ExpandTwoBit(const std::uint8_t* samples, std::uint8_t* row) const;
+    void ReduceSixteen(const std::uint8_t* samples, std::uint8_t* row) const;
+    void MapToColours(const std::uint8_t* samples, std::uint8_t* row) const;
+    void GreySixteenWithKey(const std::uint8_t* samples, std::uint8_t* row) const;
+    template <std::size_t SampleSize>
+    void RgbToBgr(const std::uint8_t* samples, std::uint8_t* row) const;
+    template <std::size_t SampleSize>
+    void RgbWithKey(const std::uint8_t* samples, std::uint8_t* row) const;
+    template <std::size_t SampleSize>
+    void GreyAlphaToBgra(const std::uint8_t* samples, std::uint8_t* row) const;
+    template <std::size_t SampleSize>
+    void RgbaToBgra(const std::uint8_t* samples, std::uint8_t* row) const;
+
+    const PngContents& png_;
+    const std::size_t width_;
+    const std::int32_t packedBits_; // below 8 when samples still share bytes
+    ColourMap colours_ = {};
+    mutable std::vector<std::uint8_t> unpacked_;
+    Conversion convert_;
+};
+
+} // namespace vantik

@@ -1,0 +1,133 @@
+#include "png/Unfilter.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+#include "png/UnfilterPixels.h"
+
+namespace vantik {
+
+namespace {
+
+using Byte = std::uint8_t;
+
+Byte PaethPredictor(int left, int up, int upperLeft) noexcept {
+    const int toLeft = std::abs(up - upperLeft);
+    const int toUp = std::abs(left - upperLeft);
+    const int toUpperLeft = std::abs(left + up - 2 * upperLeft);
+    if (toLeft <= toUp && toLeft <= toUpperLeft) return static_cast<Byte>(left);
+    return static_cast<Byte>(toUp <= toUpperLeft ? up : upperLeft);
+}
+
+void Sub(const Byte* filtered, Byte* row, std::size_t size, std::size_t distance) noexcept {
+    for (std::size_t i = 0; i < size; ++i) {
+        const int left = i < distance ? 0 : row[i - distance];
+        row[i] = static_cast<Byte>(filtered[i] + left);
+    }
+}
+
+void Up(const Byte* filtered, const Byte* prior, Byte* row, std::size_t size) noexcept {
+    for (std::size_t i = 0; i < size; ++i) row[i] = static_cast<Byte>(filtered[i] + prior[i]);
+}
+
+void Average(const Byte* filtered, const Byte* prior, Byte* row, std::size_t size,
+             std::size_t distance) noexcept {
+    for (std::size_t i = 0; i < size; ++i) {
+        const int left = i < distance ? 0 : row[i - distance];
+        row[i] = static_cast<Byte>(filtered[i] + (left + prior[i]) / 2);
+    }
+}
+
+void Paeth(const Byte* filtered, const Byte* prior, Byte* row, std::size_t size,
+           std::size_t distance) noexcept {
+    for (std::size_t i = 0; i < size; ++i) {
+        const bool isFirst = i < distance;
+        const Byte predicted =
+            isFirst ? prior[i] : PaethPredictor(row[i - distance], prior[i], prior[i - distance]);
+        row[i] = static_cast<Byte>(filtered[i] + predicted);
+    }
+}
+
+// Rows are unfiltered in bands of about this size, soon after they were inflated.
+constexpr std::size_t BandSize = 32 * 1024;
+
+// The state of one UnfilterImage.
+class ImageUnfilter {
+public:
+    ImageUnfilter(RawScanlines& raw, const FilteredImage& image, RowTarget target)
+        : raw_(raw), image_(image), target_(target), stored_(image.RowSize + 1) {
+        prior_.resize(image.RowSize + RowSlack);
+        if (!image.SwapsRedBlue) return;
+        for (auto& row : swapped_) row.resize(image.RowSize + RowSlack);
+    }
+
+    void Run() {
+        const auto rowsPerBand = static_cast<std::int64_t>(std::max<std::size_t>(1, BandSize / stored_));
+        const Byte* prior = prior_.data(); // zeros above the first row
+        for (std::int64_t y = 0; y < image_.Height;) {
+            const std::int64_t end = std::min(y + rowsPerBand, image_.Height);
+            const Byte* scanlines = raw_.UpTo(static_cast<std::size_t>(end) * stored_);
+            while (y < end) {
+                const Byte* scanline = scanlines + static_cast<std::size_t>(y) * stored_;
+                y += UnfilterNext(scanline, prior, y, end - y);
+                prior = target_.Row(y - 1);
+            }
+        }
+    }
+
+private:
+    // One row, or two when that is faster; returns how many.
+    int UnfilterNext(const Byte* scanline, const Byte* prior, std::int64_t y, std::int64_t rowsLeft) {
+        const Byte* first = Filtered(scanline, 0);
+        if (rowsLeft > 1 && IsPaeth(scanline) && IsPaeth(scanline + stored_) &&
+            HasPixelFilters(image_.BytesPerPixel, image_.RowSize)) {
+            const Byte* second = Filtered(scanline + stored_, 1);
+            UnfilterPaethPair({first, second}, prior, {target_.Row(y), target_.Row(y + 1)}, image_.RowSize,
+                              image_.BytesPerPixel);
+            return 2;
+        }
+        UnfilterRow(scanline[0], first, prior, target_.Row(y), image_.RowSize, image_.BytesPerPixel);
+        return 1;
+    }
+
+    static bool IsPaeth(const Byte* scanline) noexcept {
+        return scanline[0] == static_cast<Byte>(FilterType::Paeth);
+    }
+
+    const Byte* Filtered(const Byte* scanline, std::size_t spare) {
+        if (!image_.SwapsRedBlue) return scanline + 1;
+        SwapRedBlue(scanline + 1, swapped_[spare].data(), image_.RowSize, image_.BytesPerPixel);
+        return swapped_[spare].data();
+    }
+
+    RawScanlines& raw_;
+    const FilteredImage& image_;
+    const RowTarget target_;
+    const std::size_t stored_; // size of a scanline with its filter byte
+    std::vector<Byte> prior_;
+    std::array<std::vector<Byte>, 2> swapped_;
+};
+
+} // namespace
+
+void UnfilterRow(std::uint8_t filterType, const std::uint8_t* filtered, const std::uint8_t* prior,
+                 std::uint8_t* row, std::size_t size, std::size_t bytesPerPixel) {
+    if (HasPixelFilters(bytesPerPixel, size))
+        return UnfilterPixels(filterType, filtered, prior, row, size, bytesPerPixel);
+    switch (static_cast<FilterType>(filterType)) {
+    case FilterType::Sub: return Sub(filtered, row, size, bytesPerPixel);
+    case FilterType::Up: return Up(filtered, prior, row, size);
+    case FilterType::Average: return Average(filtered, prior, row, size, bytesPerPixel);
+    case FilterType::Paeth: return Paeth(filtered, prior, row, size, bytesPerPixel);
+    default: std::copy_n(filtered, size, row);
+    }
+}
+
+void UnfilterImage(RawScanlines& raw, const FilteredImage& image, RowTarget target) {
+    ImageUnfilter(raw, image, target).Run();
+}
+
+} // namespace vantik

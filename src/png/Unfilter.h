@@ -1,0 +1,39 @@
+// Undoes the five filters of scanlines.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "png/RawScanlines.h"
+
+namespace vantik {
+
+// Row buffers that the functions below read from or write to must have this many readable bytes behind each row.
+inline constexpr std::size_t RowSlack = 16;
+
+enum class FilterType : std::uint8_t { None, Sub, Up, Average, Paeth };
+
+// One row of `size` bytes against the row before it. Every filter type above 4 is treated as None.
+void UnfilterRow(std::uint8_t filterType, const std::uint8_t* filtered, const std::uint8_t* prior,
+                 std::uint8_t* row, std::size_t size, std::size_t bytesPerPixel);
+
+// Where the rows of an image go: from the first one on, `Step` bytes from row to row, which may lead backwards.
+struct RowTarget {
+    std::uint8_t* First;
+    std::ptrdiff_t Step;
+
+    std::uint8_t* Row(std::int64_t y) const noexcept { return First + y * Step; }
+};
+
+struct FilteredImage {
+    std::int64_t Height;
+    std::size_t RowSize; // without the filter byte
+    std::size_t BytesPerPixel;
+    bool SwapsRedBlue = false; // for pixels of 3 or 4 bytes
+};
+
+// All rows of an image that is not interlaced. Swapping the channels beforehand gives the same as swapping them
+// afterwards, since no filter mixes channels; so the unfiltered rows can be the rows of a bitmap.
+void UnfilterImage(RawScanlines& raw, const FilteredImage& image, RowTarget target);
+
+} // namespace vantik
