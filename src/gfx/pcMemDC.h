@@ -11,18 +11,12 @@
 #include <memory>
 
 #include "gfx/Handles.h"
+#include "gfx/Turn.h"
+#include "platform/ComPtr.h"
 
 namespace vantik {
 
 class TurnedTwin;
-
-// Where a source pixel (i, j) of a W x H rectangle goes, relative to the destination.
-enum class Turn : std::uint8_t {
-    Plain,      // (i, j)
-    Transposed, // (j, i): mirrored across the main diagonal
-    Clockwise,  // (H - 1 - j, i): a quarter turn
-    Flipped,    // (i, H - 1 - j): mirrored top to bottom
-};
 
 class pcMemDC {
 public:
@@ -79,11 +73,9 @@ public:
 private:
     void CreateSurface(std::int32_t newWidth, std::int32_t newHeight);
     void DestroySurface() noexcept;
-    std::int32_t SourceWidth(std::int32_t width) const noexcept { return width > 0 ? width : Width; }
-    std::int32_t SourceHeight(std::int32_t height) const noexcept { return height > 0 ? height : Height; }
-    void PlgDraw(Turn turn, HDC target, RECT source, POINT destination, bool useMask);
-    void StretchColumn(Turn turn, HDC target, POINT destination, std::int32_t repeats, POINT source,
-                       std::int32_t height);
+    void PlgDraw(Turn turn, HDC target, POINT source, SIZE size, POINT destination, bool useMask);
+    void RepeatColumn(Turn turn, HDC target, POINT source, std::int32_t height, POINT destination,
+                      std::int32_t repeats);
     TurnedTwin* TwinOf(Turn turn);
 
     HDC MemDC = nullptr;

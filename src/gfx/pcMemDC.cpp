@@ -1,0 +1,174 @@
+#include "gfx/pcMemDC.h"
+
+#include "base/Checked.h"
+#include "gfx/TurnedTwin.h"
+
+namespace vantik {
+
+namespace {
+
+std::int32_t OrAll(std::int32_t extent, std::int32_t all) noexcept { return extent > 0 ? extent : all; }
+
+// The turned operations are loops over pixels that count in 16 bits.
+bool IsEmptyLoop(std::int32_t count) {
+    Narrow<std::int16_t>(count > 0 ? count : 0);
+    return count <= 0;
+}
+
+// The coordinates of the last of `count` pixels must exist.
+void CheckRun(std::int32_t first, std::int32_t count) { (void)(Checked(first) + (count - 1)); }
+
+HBITMAP BitmapOf(IPictureDisp* object) noexcept {
+    const ComPtr<IPicture> picture = QueryFor<IPicture>(object);
+    SHORT type = PICTYPE_NONE;
+    OLE_HANDLE handle = 0;
+    if (!picture || FAILED(picture->get_Type(&type)) || type != PICTYPE_BITMAP) return nullptr;
+    if (FAILED(picture->get_Handle(&handle))) return nullptr;
+    // 32 bits of a handle tell all of it; it is sign-extended on 64-bit systems.
+    return reinterpret_cast<HBITMAP>(static_cast<LONG_PTR>(static_cast<LONG>(handle)));
+}
+
+} // namespace
+
+SIZE BitmapSizeOf(IPictureDisp* picture) noexcept {
+    BITMAP description = {};
+    const HBITMAP bitmap = BitmapOf(picture);
+    if (!bitmap || !GetObjectW(bitmap, sizeof description, &description)) return {0, 0};
+    return {description.bmWidth, description.bmHeight};
+}
+
+pcMemDC::pcMemDC() noexcept = default;
+pcMemDC::~pcMemDC() { DestroySurface(); }
+
+void pcMemDC::width(std::int32_t value) {
+    if (value > Width) CreateSurface(value, Height);
+}
+
+void pcMemDC::height(std::int32_t value) {
+    if (value > Height) CreateSurface(Width, value);
+}
+
+HDC pcMemDC::hdc() noexcept {
+    drawnByOthers_ = true;
+    return MemDC;
+}
+
+void pcMemDC::CreateSurface(std::int32_t newWidth, std::int32_t newHeight) {
+    DestroySurface();
+    const MemoryDC display(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
+    if (!display) return;
+    MemDC = CreateCompatibleDC(display.Get());
+    MemBitmap = CreateCompatibleBitmap(display.Get(), newWidth, newHeight);
+    if (MemDC && MemBitmap) OldBitmap = SelectObject(MemDC, MemBitmap);
+    if (!OldBitmap) return DestroySurface();
+    PatBlt(MemDC, 0, 0, newWidth, newHeight, BLACKNESS);
+    Width = newWidth;
+    Height = newHeight;
+}
+
+void pcMemDC::DestroySurface() noexcept {
+    for (auto& twin : twins_) twin.reset();
+    drawnByOthers_ = false; // whoever had the context has a dead one now
+    if (OldBitmap) SelectObject(MemDC, std::exchange(OldBitmap, nullptr));
+    if (MemBitmap) DeleteObject(std::exchange(MemBitmap, nullptr));
+    if (MemDC) DeleteDC(std::exchange(MemDC, nullptr));
+    Width = Height = 0;
+}
+
+void pcMemDC::CreateFromPicture(IPictureDisp* picture) {
+    const SIZE size = BitmapSizeOf(picture);
+    if (size.cx < 1 || size.cy < 1) return;
+    width(size.cx);
+    height(size.cy);
+    for (auto& twin : twins_) twin.reset();
+    const MemoryDC display(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
+    const MemoryDC source(CreateCompatibleDC(display.Get()));
+    // A bitmap that is selected elsewhere cannot be selected here; then there is nothing to copy from.
+    const HGDIOBJ previous = SelectObject(source.Get(), BitmapOf(picture));
+    if (!previous) return;
+    BitBlt(MemDC, 0, 0, size.cx, size.cy, source.Get(), 0, 0, SRCCOPY);
+    SelectObject(source.Get(), previous);
+}
+
+TurnedTwin* pcMemDC::TwinOf(Turn turn) {
+    if (!MemDC || Width < 1 || Height < 1) return nullptr;
+    auto& twin = twins_[static_cast<std::size_t>(turn)];
+    if (!twin || drawnByOthers_) twin = std::make_unique<TurnedTwin>(MemDC, SIZE{Width, Height}, turn);
+    return twin.get();
+}
+
+void pcMemDC::StretchDraw(HDC target, std::int32_t xDst, std::int32_t yDst, std::int32_t widthDst,
+                          std::int32_t heightDst, std::int32_t xSrc, std::int32_t ySrc, std::int32_t widthSrc,
+                          std::int32_t heightSrc) {
+    StretchBlt(target, xDst, yDst, widthDst, heightDst, MemDC, xSrc, ySrc, OrAll(widthSrc, Width),
+               OrAll(heightSrc, Height), SRCCOPY);
+}
+
+void pcMemDC::Stretch90Draw(HDC target, std::int32_t xDst, std::int32_t yDst, std::int32_t widthDst,
+                            std::int32_t heightDst, std::int32_t xSrc, std::int32_t ySrc,
+                            std::int32_t widthSrc, std::int32_t heightSrc) {
+    const std::int32_t rows = OrAll(heightSrc, Height);
+    // Where the turned pixels are going to cover the whole stretched image, it need not be painted.
+    const bool columnExists = xSrc >= 0 && xSrc < Width && ySrc >= 0 && ySrc <= Height - rows;
+    const bool covered = columnExists && widthDst >= 0 && widthDst <= rows && heightDst >= 0;
+    if (!covered) StretchDraw(target, xDst, yDst, widthDst, heightDst, xSrc, ySrc, widthSrc, heightSrc);
+    RepeatColumn(Turn::Transposed, target, {xSrc, ySrc}, rows, {xDst, yDst}, heightDst);
+}
+
+void pcMemDC::Stretch270Draw(HDC target, std::int32_t xDst, std::int32_t yDst, std::int32_t /*widthDst*/,
+                             std::int32_t heightDst, std::int32_t xSrc, std::int32_t ySrc,
+                             std::int32_t /*widthSrc*/, std::int32_t heightSrc) {
+    RepeatColumn(Turn::Clockwise, target, {xSrc, ySrc}, OrAll(heightSrc, Height), {xDst, yDst}, heightDst);
+}
+
+void pcMemDC::Stretch180Draw(HDC target, std::int32_t xDst, std::int32_t yDst, std::int32_t widthDst,
+                             std::int32_t /*heightDst*/, std::int32_t xSrc, std::int32_t ySrc,
+                             std::int32_t /*widthSrc*/, std::int32_t heightSrc) {
+    RepeatColumn(Turn::Flipped, target, {xSrc, ySrc}, OrAll(heightSrc, Height), {xDst, yDst}, widthDst);
+}
+
+void pcMemDC::RepeatColumn(Turn turn, HDC target, POINT source, std::int32_t height, POINT destination,
+                           std::int32_t repeats) {
+    if (IsEmptyLoop(height) || IsEmptyLoop(repeats)) return;
+    CheckRun(source.y, height);
+    CheckRun(destination.x, SwapsAxes(turn) ? height : repeats);
+    CheckRun(destination.y, SwapsAxes(turn) ? repeats : height);
+    if (TurnedTwin* twin = TwinOf(turn)) twin->Repeat(target, source, height, destination, repeats);
+}
+
+void pcMemDC::Draw(HDC target, std::int32_t xSrc, std::int32_t ySrc, std::int32_t widthSrc,
+                   std::int32_t heightSrc, std::int32_t xDst, std::int32_t yDst, bool useMask) {
+    const std::int32_t width = OrAll(widthSrc, Width), height = OrAll(heightSrc, Height);
+    if (!useMask) {
+        BitBlt(target, xDst, yDst, width, height, MemDC, xSrc, ySrc, SRCCOPY);
+    } else if (TurnedTwin* twin = TwinOf(Turn::Plain)) {
+        twin->Draw(target, {xSrc, ySrc}, {width, height}, {xDst, yDst}, true);
+    }
+}
+
+void pcMemDC::Plg90Draw(HDC target, std::int32_t xSrc, std::int32_t ySrc, std::int32_t widthSrc,
+                        std::int32_t heightSrc, std::int32_t xDst, std::int32_t yDst, bool useMask) {
+    PlgDraw(Turn::Transposed, target, {xSrc, ySrc}, {widthSrc, heightSrc}, {xDst, yDst}, useMask);
+}
+
+void pcMemDC::Plg270Draw(HDC target, std::int32_t xSrc, std::int32_t ySrc, std::int32_t widthSrc,
+                         std::int32_t heightSrc, std::int32_t xDst, std::int32_t yDst, bool useMask) {
+    PlgDraw(Turn::Clockwise, target, {xSrc, ySrc}, {widthSrc, heightSrc}, {xDst, yDst}, useMask);
+}
+
+void pcMemDC::Plg180Draw(HDC target, std::int32_t xSrc, std::int32_t ySrc, std::int32_t widthSrc,
+                         std::int32_t heightSrc, std::int32_t xDst, std::int32_t yDst, bool useMask) {
+    PlgDraw(Turn::Flipped, target, {xSrc, ySrc}, {widthSrc, heightSrc}, {xDst, yDst}, useMask);
+}
+
+void pcMemDC::PlgDraw(Turn turn, HDC target, POINT source, SIZE size, POINT destination, bool useMask) {
+    size = {OrAll(size.cx, Width), OrAll(size.cy, Height)};
+    if (IsEmptyLoop(size.cx) || IsEmptyLoop(size.cy)) return;
+    CheckRun(source.x, size.cx);
+    CheckRun(source.y, size.cy);
+    CheckRun(destination.x, SwapsAxes(turn) ? size.cy : size.cx);
+    CheckRun(destination.y, SwapsAxes(turn) ? size.cx : size.cy);
+    if (TurnedTwin* twin = TwinOf(turn)) twin->Draw(target, source, size, destination, useMask);
+}
+
+} // namespace vantik

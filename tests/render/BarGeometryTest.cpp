@@ -1,0 +1,174 @@
+#include "render/BarGeometry.h"
+
+#include <doctest/doctest.h>
+
+#include <set>
+
+#include "tests/RunTimeErrors.h"
+#include "tests/render/LayoutText.h"
+
+using namespace vantik;
+using namespace vantik::test;
+
+namespace {
+
+void SetSize(SkinRects& rects, std::int32_t index, std::int32_t width, std::int32_t height) {
+    rects[index] = {100 * index, 0, 100 * index + width - 1, height - 1, width, height};
+}
+
+// A row of three bars of 40 x 22 at (6, 3), the second to fourth of ten tabs. Piece heights differ in every state.
+ControlState Row(std::int32_t side = Windowtop) {
+    ControlState c;
+    c.Properties.TabCount = 10;
+    c.Properties.TabPos = side;
+    c.Properties.BarWidth = 40;
+    c.Layout.FirstVisibleTab = 1;
+    c.Layout.VisibleBarCount = 3;
+    c.Layout.IsHorizontal = side == Windowtop || side == WindowBottom ? True : False;
+    c.Layout.BarStripRect =
+        c.Layout.IsHorizontal ? LayoutRect::FromEdges(6, 3, 126, 25) : LayoutRect::FromEdges(3, 6, 25, 126);
+    for (std::int32_t s = 0; s < 3; ++s) {
+        SetSize(c.SkinRects, FillPic0 + s, 1, 18 + s);
+        SetSize(c.SkinRects, LeftPic0 + s, 4 + s, 16 + s);
+        SetSize(c.SkinRects, RightPic0 + s, 7 + s, 14 + s);
+        SetSize(c.SkinRects, Line0 + s, 2, 20 - s);
+    }
+    return c;
+}
+
+// Each piece as "skin column/100: u,v length x thickness", in painting order.
+std::string Pieces(const ControlState& c, std::int16_t index, std::uint8_t state) {
+    const auto n = [](std::int32_t value) { return std::to_string(value); };
+    std::string text;
+    for (const BarPiece& p : PiecesOf(c, index, state))
+        text += n(p.Source.Left / 100) + (p.IsFill ? "f" : "") + ": " + n(p.U) + "," + n(p.V) + " " +
+                n(p.Length) + "x" + n(p.Thickness) + "; ";
+    return text;
+}
+
+} // namespace
+
+TEST_CASE("with TabBorder every bar has both edges, and TabToTab is taken off the end of its slot") {
+    ControlState c = Row();
+    c.Properties.TabBorder = True;
+    c.Properties.TabToTab = 3;
+    CHECK(Pieces(c, 2, 0) == "2f: 4,2 26x18; 5: 0,2 4x16; 8: 30,2 7x14; ");
+    CHECK(Pieces(c, 2, 2) ==
+          "4f: 6,0 22x20; 7: 0,0 6x18; 10: 28,0 9x16; "); // the active look has its own pieces
+    CHECK(Pieces(c, 1, 1) == Pieces(c, 3, 1));
+}
+
+TEST_CASE("without TabBorder only the row's ends carry end pieces and separators stand between") {
+    ControlState c = Row();
+    c.Properties.TabToTab = 3; // plays no part
+    CHECK(Pieces(c, 1, 0) == "2f: 4,2 34x18; 5: 0,2 4x16; 11: 38,-2 2x20; ");
+    CHECK(Pieces(c, 2, 0) == "2f: 0,2 38x18; 11: 38,-2 2x20; ");
+    CHECK(Pieces(c, 3, 0) == "2f: 0,2 33x18; 8: 33,2 7x14; ");
+}
+
+TEST_CASE("a single bar has both ends") {
+    ControlState c = Row();
+    c.Layout.VisibleBarCount = 1;
+    CHECK(Pieces(c, 1, 0) == "2f: 4,2 29x18; 5: 0,2 4x16; 8: 33,2 7x14; ");
+}
+
+TEST_CASE("any other TabBorder value has no pieces") {
+    ControlState c = Row();
+    c.Properties.TabBorder = 1;
+    CHECK(Pieces(c, 1, 0) == "");
+}
+
+TEST_CASE("a bar shorter than its ends has no fill") {
+    ControlState c = Row();
+    c.Properties.TabBorder = True;
+    c.Properties.BarWidth = 10;
+    CHECK(Pieces(c, 1, 0) == "5: 0,2 4x16; 8: 3,2 7x14; ");
+}
+
+TEST_CASE("pieces that the skin does not have are left out") {
+    ControlState c = Row();
+    c.SkinRects = {};
+    CHECK(Pieces(c, 1, 2) == "");
+}
+
+TEST_CASE("a state whose pieces leave the skin table raises subscript out of range") {
+    ControlState c = Row();
+    c.Properties.TabBorder = True;
+    CHECK(NumberRaisedBy([&] { PiecesOf(c, 1, 24); }) == 9);
+    CHECK(NumberRaisedBy([&] { PiecesOf(c, 1, 18); }) == 9); // the right end's index
+    CHECK(NumberRaisedBy([&] { PiecesOf(c, 1, 17); }) == 0);
+}
+
+TEST_CASE("slots follow each other at a pitch of BarWidth on every side") {
+    CHECK(Text(SlotRect(Row(Windowtop), 2)) == "86,3-126,25");
+    CHECK(Text(SlotRect(Row(WindowBottom), 2)) == "86,3-126,25");
+    CHECK(Text(SlotRect(Row(WindowLeft), 2)) == "3,86-25,126");
+    CHECK(Text(SlotRect(Row(WindowRight), 2)) == "3,86-25,126");
+    ControlState c = Row();
+    c.Properties.TabToTab = 3;
+    CHECK(Text(BarRect(c, 2)) == "86,3-123,25");
+}
+
+TEST_CASE(
+    "a part of a bar is flipped to the bottom, transposed to the left and turned clockwise to the right") {
+    const auto part = [](std::int32_t side) { return Text(PartRect(Row(side), 1, 5, 2, 10, 4)); };
+    CHECK(part(Windowtop) == "51,5-61,9");
+    CHECK(part(WindowBottom) == "51,19-61,23");
+    CHECK(part(WindowLeft) == "5,51-9,61");
+    CHECK(part(WindowRight) == "19,51-23,61");
+    CHECK(part(9) == "0,0-0,0");
+}
+
+TEST_CASE("all four bounds of a rectangle are inside") {
+    const LayoutRect r = LayoutRect::FromEdges(2, 3, 10, 12);
+    CHECK(PointInRect(2, 3, r));
+    CHECK(PointInRect(10, 12, r));
+    CHECK(PointInRect(10, 3, r));
+    CHECK_FALSE(PointInRect(10.5f, 5, r));
+    CHECK_FALSE(PointInRect(5, 2.75f, r));
+}
+
+TEST_CASE("the point at exactly k x BarWidth along the strip belongs to slot k") {
+    const ControlState c = Row();
+    CHECK(BarSlotAt(79, 500, c) == 1);
+    CHECK(BarSlotAt(80, 500, c) == 2);
+    CHECK(BarSlotAt(79.5f, 0, c) == 2); // rounded first, half to even
+    CHECK(BarSlotAt(-39, 0, c) == 0);   // whole-number division goes towards zero
+    CHECK(BarSlotAt(500, 80, Row(WindowLeft)) == 2);
+}
+
+TEST_CASE("finding a slot with a BarWidth of 0 raises division by zero, beyond 32 bits overflow") {
+    ControlState c = Row();
+    CHECK(NumberRaisedBy([&] { BarSlotAt(3e9f, 0, c); }) == 6);
+    c.Properties.BarWidth = -1;
+    CHECK(NumberRaisedBy([&] { BarSlotAt(-2147483648.0f, 0, c); }) == 6);
+    c.Properties.BarWidth = 0;
+    CHECK(NumberRaisedBy([&] { BarSlotAt(1, 1, c); }) == 11);
+}
+
+TEST_CASE("every pixel of a slot hits that slot on every side") {
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom}) {
+        const ControlState c = Row(side);
+        const LayoutRect& strip = c.Layout.BarStripRect;
+        std::set<std::int32_t> wrong;
+        for (std::int32_t slot = 0; slot < 3; ++slot) {
+            const LayoutRect r = SlotRect(c, slot);
+            for (std::int32_t y = r.Top; y < r.Bottom; ++y)
+                for (std::int32_t x = r.Left; x < r.Right; ++x)
+                    if (!PointInRect(float(x), float(y), strip) ||
+                        BarSlotAt(float(x - strip.Left), float(y - strip.Top), c) != slot)
+                        wrong.insert(slot);
+        }
+        CHECK(wrong.empty());
+    }
+}
+
+TEST_CASE("the slot of a tab is a 16-bit difference") {
+    ControlState c = Row();
+    c.Layout.FirstVisibleTab = -10;
+    CHECK(NumberRaisedBy([&] { SlotOf(c, 32767); }) == 6);
+    CHECK(SlotOf(c, 5) == 15);
+    CHECK_FALSE(IsVisibleSlot(c, 3));
+    CHECK_FALSE(IsVisibleSlot(c, -1));
+    CHECK(IsVisibleSlot(c, 2));
+}
