@@ -114,8 +114,9 @@ private:
     }
 
     void NeedNearEnd(unsigned wanted) noexcept {
-        const std::ptrdiff_t bitsWanted = (next_ - begin_) * 8 - count_ + wanted;
-        loaded_ = std::max(loaded_, std::min(end_ - begin_, (bitsWanted + 7) / 8));
+        const std::int64_t lastBit = std::int64_t{next_ - begin_} * 8 - count_ + wanted;
+        const auto lastByte = static_cast<std::ptrdiff_t>((lastBit + 7) / 8);
+        loaded_ = std::max(loaded_, std::min(end_ - begin_, lastByte));
         while (count_ < wanted && next_ != end_) {
             bits_ |= std::uint64_t{*next_++} << count_;
             count_ += 8;

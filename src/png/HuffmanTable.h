@@ -36,8 +36,9 @@ public:
 
     // The same over the candidates behind the first `skipped` ones.
     Entry FindAfter(std::uint64_t bits, unsigned skipped) const noexcept {
+        const auto low = static_cast<std::uint32_t>(bits);
         for (unsigned i = skipped; i < probeCount_; ++i) {
-            const Entry entry = entries_[bits & probes_[i].Mask];
+            const Entry entry = entries_[low & probes_[i].Mask];
             if ((entry & 0xFF) == probes_[i].Length) return entry;
         }
         return 0;

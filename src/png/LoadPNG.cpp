@@ -1,0 +1,64 @@
+#include "png/LoadPNG.h"
+
+#include "base/RunTimeError.h"
+#include "gfx/Handles.h"
+#include "png/CBitmap.h"
+#include "png/Composite.h"
+#include "png/DeviceBackground.h"
+#include "png/OutOfMemory.h"
+
+namespace vantik {
+
+void LoadPNG::SetOwnBkgndColor(Boolean OwnBkgndOn, std::int32_t BackColor) noexcept {
+    ownBackgroundOn_ = OwnBkgndOn;
+    ownBackgroundColour_ = BackColor;
+}
+
+void LoadPNG::SetToBkgrnd(Boolean SetToBG, std::int32_t X, std::int32_t Y) noexcept {
+    usesBackground_ = SetToBG;
+    backgroundX_ = X;
+    backgroundY_ = Y;
+}
+
+void LoadPNG::SetDstXY(std::int32_t X, std::int32_t Y) noexcept {
+    destinationX_ = X;
+    destinationY_ = Y;
+}
+
+std::int32_t LoadPNG::OpenPNG(const std::u16string& filename) {
+    FileSource file(filename);
+    Open(file);
+    return 0;
+}
+
+std::int32_t LoadPNG::OpenPNGfromRes(std::uintptr_t lData, std::int32_t xLong) {
+    if (xLong < 0) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
+    if (lData == 0 && xLong > 0) Raise(RunTimeErrorNumber::InvalidProcedureCall);
+    MemorySource memory({reinterpret_cast<const std::uint8_t*>(lData), static_cast<std::size_t>(xLong)});
+    Open(memory);
+    return 0;
+}
+
+void LoadPNG::Open(ByteSource& source) {
+    if (reader_.Read(source)) DecodeImage();
+}
+
+void LoadPNG::DecodeImage() {
+    const ConversionSettings settings = {.AppliesTransparency = appliesTransparency_ != False,
+                                         .AppliesAlpha = appliesAlpha_ == True};
+    DibImage image = reader_.Decode(settings);
+    if (!image) return;
+    if (image.IsTransparent) {
+        DeviceBackground background(backgroundDC_, backgroundX_, backgroundY_);
+        WithOutOfMemory([&] { Composite(image, style_, &background); });
+    }
+    BlitToPicBox(CBitmap::BuildDIB(image));
+}
+
+void LoadPNG::BlitToPicBox(HBITMAP bitmap) const noexcept {
+    const MemoryDC memory(CreateCompatibleDC(picBox_));
+    const Selection selected = Select(memory.Get(), bitmap);
+    BitBlt(picBox_, destinationX_, destinationY_, width(), height(), memory.Get(), 0, 0, SRCCOPY);
+}
+
+} // namespace vantik
