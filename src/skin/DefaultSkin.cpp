@@ -1,10 +1,10 @@
 #include "skin/DefaultSkin.h"
 
 #include <memory>
-#include <span>
 
 #include "base/RunTimeError.h"
 #include "platform/Files.h"
+#include "platform/Module.h"
 #include "platform/mDeclares.h"
 
 namespace vantik {
@@ -46,23 +46,6 @@ using UniqueHandle = std::unique_ptr<HANDLE, HandleCloser>;
     }
 }
 
-// The module that holds this code, which is not the running application.
-HMODULE OwnModule() noexcept {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&OwnModule), &module);
-    return module;
-}
-
-std::span<const std::byte> ResourceBytes(const std::u16string& name, const std::u16string& type) {
-    const HMODULE module = OwnModule();
-    const HRSRC place = FindResourceW(module, AsWide(name), AsWide(type));
-    const HGLOBAL resource = place ? LoadResource(module, place) : nullptr;
-    const void* bytes = resource ? LockResource(resource) : nullptr;
-    if (!bytes) Raise(RunTimeErrorNumber::InternalError); // the module was built without its resources
-    return {static_cast<const std::byte*>(bytes), SizeofResource(module, place)};
-}
-
 UniqueHandle OpenToWrite(const std::u16string& path) {
     const HANDLE file = CreateFileW(AsWide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -74,7 +57,8 @@ UniqueHandle OpenToWrite(const std::u16string& path) {
 
 void SaveResourceToFile(const std::u16string& resourceName, const std::u16string& resourceType,
                         const std::u16string& filePath) {
-    const auto bytes = ResourceBytes(resourceName, resourceType);
+    const auto bytes = ResourceBytes(AsWide(resourceName), AsWide(resourceType));
+    if (bytes.empty()) Raise(RunTimeErrorNumber::InternalError); // the module was built without its resources
     const UniqueHandle file = OpenToWrite(filePath);
     const auto size = static_cast<DWORD>(bytes.size());
     DWORD written = 0;
