@@ -1,11 +1,16 @@
 # shellcheck shell=bash
 # Configures and builds the presets of CMakePresets.json, each in build/<preset>.
 
-# The stamp is written when configuring succeeded; it is out of date when the presets or the checkout's place changed.
-# Changes of the CMake lists are the build's own affair.
+# The stamp is written when configuring succeeded. It is out of date when the checkout was moved, or when a list of CMake
+# is newer: the build notices changed lists by itself, but neither new folders nor changed presets.
 is_configured() {
     local stamp=$BuildFolder/$1/configured
-    [[ -f $stamp && ! $Root/CMakePresets.json -nt $stamp && $(<"$stamp") == "$Root" ]]
+    [[ -f $stamp && $(<"$stamp") == "$Root" ]] && [[ -z $(newer_lists "$stamp") ]]
+}
+
+newer_lists() {
+    find "$Root" -path "$BuildFolder" -prune -o \( -name CMakeLists.txt -o -name 'CMakePresets.json' -o -name '*.cmake' \) \
+        -newer "$1" -print -quit
 }
 
 configure() {

@@ -49,6 +49,15 @@ test_new_presets_are_configured_again() {
     expect_equal "$(calls_of bin/cmake | grep -c -e --preset)" 2
 }
 
+test_a_new_folder_is_configured_again() {
+    build_tools
+    build native
+    mkdir tool
+    touch -d '+1 minute' tool/CMakeLists.txt
+    build native
+    expect_equal "$(calls_of bin/cmake | grep -c -e --preset)" 2
+}
+
 test_a_failed_configuration_is_not_taken_for_done() {
     build_tools 'exit 1'
     expect_contains "$( (build native) 2>&1 || true)" 'FAILED: Configuring native'
