@@ -82,12 +82,15 @@ suite_command() {
     ! is_windows "$1" || Command=(wine "$program.exe" "${Command[@]:1}")
 }
 
-# Why the run cannot start, or nothing.
+# obstacle PRESET — why the run cannot start, or nothing.
 obstacle() {
     local preset program=$BuildFolder/$1/${Suite[program]}
     ! is_windows "$1" || program+=.exe
     for preset in "$1" ${Suite[needs]}; do
-        [[ -z ${BrokenBuilds[$preset]:-} ]] || printf 'not run: building %s failed\n' "$preset"
+        if [[ -n ${BrokenBuilds[$preset]:-} ]]; then
+            printf 'not run: building %s failed\n' "$preset"
+            return
+        fi
     done
     [[ -z ${Suite[program]} || -f $program ]] || printf 'not run: %s is missing\n' "${program#"$Root"/}"
 }

@@ -23,7 +23,7 @@ test_what_outlives_a_run_does_not_keep_its_lock() {
     load_libraries
     leave_server() { sleep 60 & echo $! >server; }
     under_lock leave_server
-    flock -n "$BuildFolder/lock" true
+    flock -w 10 "$BuildFolder/lock" true
     kill "$(<server)"
 }
 

@@ -125,10 +125,10 @@ test_a_suite_of_no_program_and_no_script_counts_as_failed() {
 
 test_the_suites_of_a_failed_build_are_not_run() {
     load_libraries
-    program "$(summary_line 12 12 0 0)"
+    suite fake 'builds = native' 'program = fake'
     BrokenBuilds[native]=1
     expect_run '0 passed, 1 failed' 'not run: building native failed'
-    expect_equal "$(calls_of "$BuildFolder/native/fake")" ''
+    [[ $Output != *missing* ]]
 }
 
 test_a_suite_that_needs_a_failed_build_is_not_run() {
