@@ -61,6 +61,18 @@ BarPieces PiecesOf(const ControlState& control, std::int16_t index, std::uint8_t
     return WithSharedEdges(control.SkinRects, state, p.BarWidth, slot == 0, last);
 }
 
+void CheckBar(const ControlState& control, std::int16_t index, std::uint8_t state) {
+    static_cast<void>(control.Tabs(index));
+    const std::int32_t slot = SlotOf(control, index);
+    static_cast<void>(BarRect(control, slot));
+    for (const BarPiece& piece : PiecesOf(control, index, state)) {
+        static_cast<void>(PartRect(control, slot, piece.U, piece.V, piece.Length, piece.Thickness));
+        if (control.Properties.TabPos == Windowtop) continue;
+        Narrow<std::int16_t>(piece.Length);
+        Narrow<std::int16_t>(piece.Thickness);
+    }
+}
+
 std::int32_t SlotOf(const ControlState& control, std::int16_t index) {
     return Subtract16(index, control.Layout.FirstVisibleTab);
 }
@@ -97,6 +109,11 @@ LayoutRect PartRect(const ControlState& control, std::int32_t slot, std::int32_t
         return LayoutRect::FromEdges(strip.Right - fromFar, y, strip.Right - fromNear, y + length);
     default: return {};
     }
+}
+
+LayoutRect FillBand(const ControlState& control, std::int32_t slot, std::uint8_t state) {
+    const BarPiece fill = FillFrom(control.SkinRects, state, 0, control.Properties.BarWidth);
+    return PartRect(control, slot, fill.U, fill.V, fill.Length, fill.Thickness);
 }
 
 bool PointInRect(float x, float y, const LayoutRect& rect) noexcept {

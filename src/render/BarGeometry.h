@@ -37,6 +37,10 @@ private:
 // SubscriptOutOfRange when a piece index leaves the skin table; Overflow.
 BarPieces PiecesOf(const ControlState& control, std::int16_t index, std::uint8_t state);
 
+// Raises what painting the bar would: SubscriptOutOfRange also for a tab without a record, Overflow also for pieces too
+// large to be turned to the side.
+void CheckBar(const ControlState& control, std::int16_t index, std::uint8_t state);
+
 // The slot of a tab, counted from the first bar shown.
 std::int32_t SlotOf(const ControlState& control, std::int16_t index);
 
@@ -50,6 +54,9 @@ LayoutRect BarRect(const ControlState& control, std::int32_t slot);
 // The rectangle on the surface of a part of the bar in the slot. Empty at 0, 0 when TabPos names no side.
 LayoutRect PartRect(const ControlState& control, std::int32_t slot, std::int32_t u, std::int32_t v,
                     std::int32_t length, std::int32_t thickness);
+
+// The band of the slot that the look's fill runs along.
+LayoutRect FillBand(const ControlState& control, std::int32_t slot, std::uint8_t state);
 
 // All four bounds are inside.
 bool PointInRect(float x, float y, const LayoutRect& rect) noexcept;

@@ -12,22 +12,23 @@ public:
     FramePainter(UserControl& host, const ControlState& control, Surfaces& surfaces) noexcept
         : host_(host), control_(control), surfaces_(surfaces) {}
 
-    // The single pixel at FBackPic's corner over the whole control.
+    // The one pixel at FBackPic's left top corner over the whole control.
     void PaintBackground();
 
-    // The four edges around the page. CheckFrame raises the Overflow that PaintFrame would: the coordinates are 16-bit.
+    // The four edges around the page.
     void PaintFrame();
-    void CheckFrame() const;
 
-    // The picture inside the frame's lines, aligned with the control's container, then the four corner pieces.
+    // The picture inside the frame's edges, aligned with the control's container, then the four corner pieces.
     void PaintCorners();
 
-    // All of the above, as a full repaint paints it, but only inside the area.
+    // All of the above as a full repaint leaves it, but only inside the area.
     void PaintUnderlay(const LayoutRect& area);
 
 private:
-    void PaintPicture();
-    void DrawCorner(const SkinRect& piece, std::int32_t x, std::int32_t y);
+    void PaintBackground(const LayoutRect& area);
+    void PaintFrame(const LayoutRect& area);
+    void PaintPictureAndCorners(const LayoutRect& area);
+    void PaintPicture(const LayoutRect& area);
 
     UserControl& host_;
     const ControlState& control_;

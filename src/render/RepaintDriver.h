@@ -46,7 +46,7 @@ public:
     void PaintBars();
 
 private:
-    void ComputeNewLayout();
+    void DrawBars();
     void Invalidate(const LayoutRect& area);
 
     UserControl& host_;

@@ -1,11 +1,13 @@
 // What one control paints with, besides its portable state.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "gfx/pcMemDC.h"
+#include "model/LayoutRect.h"
 #include "platform/ComPtr.h"
 
 namespace vantik {
@@ -19,17 +21,29 @@ inline LOGFONTW StartingCaptionFont() noexcept {
 }
 
 // The looks that the surface shows now. They are not what the state says: the pointer moves without a repaint.
-struct PaintedBars {
-    std::int16_t FirstTab = 0;
-    std::vector<std::uint8_t> States; // one per bar
+class PaintedBars {
+public:
+    // A row of bars that are about to be painted.
+    void Reset(const LayoutCache& layout) {
+        firstTab_ = layout.FirstVisibleTab;
+        states_.assign(static_cast<std::size_t>(std::max<std::int16_t>(layout.VisibleBarCount, 0)),
+                       BarNormal);
+    }
+    void Note(std::int16_t tab, std::uint8_t state) noexcept {
+        if (Shows(tab)) states_[static_cast<std::size_t>(tab - firstTab_)] = state;
+    }
 
-    // Whether the tab's bar is on the surface, and in which look.
     bool Shows(std::int16_t tab) const noexcept {
-        return tab >= FirstTab && static_cast<std::size_t>(tab - FirstTab) < States.size();
+        return tab >= firstTab_ && static_cast<std::size_t>(tab - firstTab_) < states_.size();
     }
+    // The look of a bar that the surface shows; normal for any other.
     std::uint8_t StateOf(std::int16_t tab) const noexcept {
-        return States[static_cast<std::size_t>(tab - FirstTab)];
+        return Shows(tab) ? states_[static_cast<std::size_t>(tab - firstTab_)] : std::uint8_t{BarNormal};
     }
+
+private:
+    std::int16_t firstTab_ = 0;
+    std::vector<std::uint8_t> states_;
 };
 
 struct Surfaces {

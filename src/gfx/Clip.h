@@ -1,0 +1,20 @@
+// Painting inside a rectangle only.
+#pragma once
+
+#include "gfx/Handles.h"
+#include "model/LayoutRect.h"
+
+namespace vantik {
+
+// Restores the clipping, and everything else that was set in the context, at its end.
+class [[nodiscard]] Clip {
+public:
+    Clip(HDC dc, const LayoutRect& area) noexcept : saved_(dc) {
+        IntersectClipRect(dc, area.Left, area.Top, area.Right, area.Bottom);
+    }
+
+private:
+    SavedDC saved_;
+};
+
+} // namespace vantik

@@ -1,0 +1,145 @@
+#include "render/CaptionPainter.h"
+
+#include <algorithm>
+
+#include "gfx/Clip.h"
+#include "render/BarGeometry.h"
+#include "render/CaptionFont.h"
+#include "render/DecorationGeometry.h"
+#include "render/FrameGeometry.h"
+#include "render/ShortenCaption.h"
+
+namespace vantik {
+
+namespace {
+
+constexpr LONG HeavyWeight = 1000, NormalWeight = 400;
+
+const SkinIcon* CloseButtonOf(const ControlState& control) noexcept {
+    return control.Properties.DelButton ? control.SkinIcons.At(control.SkinIcons.DeleteButtonIcon) : nullptr;
+}
+
+// The larger part of the bar beside the close button. The button's Right and Bottom are its last pixels.
+LayoutRect RoomBeside(const LayoutRect& bar, const LayoutRect& button, bool horizontal) {
+    LayoutRect before = bar, after = bar;
+    if (horizontal) {
+        before = LayoutRect::FromEdges(bar.Left, bar.Top, button.Left, bar.Bottom);
+        after = LayoutRect::FromEdges(Checked(button.Right) + 1, bar.Top, bar.Right, bar.Bottom);
+        return before.Width >= after.Width ? before : after;
+    }
+    before = LayoutRect::FromEdges(bar.Left, bar.Top, bar.Right, button.Top);
+    after = LayoutRect::FromEdges(bar.Left, Checked(button.Bottom) + 1, bar.Right, bar.Bottom);
+    return before.Height >= after.Height ? before : after;
+}
+
+LayoutRect RoomOf(const ControlState& control, std::int32_t slot) {
+    const LayoutRect bar = Intersection(BarRect(control, slot), SlotRect(control, slot));
+    if (!CloseButtonOf(control)) return bar;
+    const LayoutRect button = CloseButtonRect(control, slot);
+    const LayoutRect covered =
+        LayoutRect::FromEdges(button.Left, button.Top, Checked(button.Right) + 1, Checked(button.Bottom) + 1);
+    if (IsEmpty(Intersection(bar, covered))) return bar;
+    return Intersection(RoomBeside(bar, button, control.Layout.IsHorizontal != False), bar);
+}
+
+RECT ToRect(const LayoutRect& rect) noexcept { return {rect.Left, rect.Top, rect.Right, rect.Bottom}; }
+
+SIZE ExtentOf(HDC surface, const std::u16string& text) noexcept {
+    SIZE extent = {};
+    GetTextExtentPoint32W(surface, AsWide(text), static_cast<int>(text.size()), &extent);
+    return extent;
+}
+
+// What is not written into the turned font's record: its height, direction and weight.
+void TakeFace(LOGFONTW& record, HFONT font) noexcept {
+    LOGFONTW face = {};
+    if (!font || !GetObjectW(font, sizeof face, &face)) return;
+    record.lfItalic = face.lfItalic;
+    record.lfUnderline = face.lfUnderline;
+    record.lfStrikeOut = face.lfStrikeOut;
+    record.lfCharSet = face.lfCharSet;
+    std::copy(std::begin(face.lfFaceName), std::end(face.lfFaceName), std::begin(record.lfFaceName));
+}
+
+} // namespace
+
+void CaptionPainter::DrawCaption(std::int16_t index, std::uint8_t state) {
+    const LayoutRect room = RoomOf(control_, SlotOf(control_, index));
+    if (IsEmpty(room)) return;
+    const HDC surface = host_.hDC();
+    const SavedDC saved(surface);
+    if (const HFONT font = HandleOf(surfaces_.Font.Get())) SelectObject(surface, font);
+    SetBkMode(surface, TRANSPARENT);
+    SetTextAlign(surface, TA_LEFT | TA_TOP | TA_NOUPDATECP);
+    SetTextColor(surface, ColourOf(index));
+    surfaces_.ShortCaption = ShortenCaption(control_.Tabs(index).Caption, Budget(surface, index, state));
+    if (surfaces_.ShortCaption.empty()) return;
+    if (control_.Layout.IsHorizontal)
+        DrawHorizontal(surface, room);
+    else
+        DrawVertical(surface, room, index, state);
+}
+
+// The letters "A" for which there is room between the ends of the bar, its icon and its close button.
+std::int32_t CaptionPainter::Budget(HDC surface, std::int16_t index, std::uint8_t state) const {
+    const PropertyValues& p = control_.Properties;
+    const SkinIcon* closeButton = CloseButtonOf(control_);
+    const Checked length = Checked(p.BarWidth) - p.TabToTab - control_.SkinRects[LeftPic0 + state].Width -
+                           control_.SkinRects[RightPic0 + state].Width;
+    const std::int32_t button = closeButton ? std::max<std::int32_t>(closeButton->Width, 0) : 0;
+    const std::int32_t unit = std::max<std::int32_t>(ExtentOf(surface, u"A").cx, 1);
+    return (length - button - decorations_.TabIconWidth(index)) / unit;
+}
+
+COLORREF CaptionPainter::ColourOf(std::int16_t index) const {
+    if (!control_.Tabs(index).Enable) return GetSysColor(COLOR_GRAYTEXT);
+    const PropertyValues& p = control_.Properties;
+    const std::int32_t colour = index == p.ActiveTab ? p.CaptionColor1 : p.CaptionColor0;
+    COLORREF translated = 0;
+    // A number that is no OLE colour is written in black.
+    OleTranslateColor(static_cast<OLE_COLOR>(colour), nullptr, &translated);
+    return translated;
+}
+
+void CaptionPainter::DrawHorizontal(HDC surface, const LayoutRect& room) {
+    const PropertyValues& p = control_.Properties;
+    const LayoutRect moved =
+        LayoutRect::FromEdges(Checked(room.Left) + p.CaptionXjust, Checked(room.Top) + p.CaptionYjust,
+                              Checked(room.Right) + p.CaptionXjust, Checked(room.Bottom) + p.CaptionYjust);
+    std::u16string& text = surfaces_.ShortCaption;
+    // The only flag of DrawText that would write into the text; it changes no pixel.
+    const UINT format = static_cast<UINT>(p.CaptionPos) & ~UINT{DT_MODIFYSTRING};
+    RECT rect = ToRect(moved);
+    if (moved != room) IntersectClipRect(surface, room.Left, room.Top, room.Right, room.Bottom);
+    DrawTextW(surface, AsWide(text.data()), static_cast<int>(text.size()), &rect, format);
+}
+
+OwnedFont CaptionPainter::MakeTurnedFont(bool heavy) {
+    LOGFONTW& record = surfaces_.CaptionFont;
+    TakeFace(record, HandleOf(surfaces_.Font.Get()));
+    record.lfOrientation = record.lfEscapement;
+    record.lfWeight = heavy ? HeavyWeight : NormalWeight;
+    return OwnedFont(CreateFontIndirectW(&record));
+}
+
+void CaptionPainter::DrawVertical(HDC surface, const LayoutRect& room, std::int16_t index,
+                                  std::uint8_t state) {
+    const PropertyValues& p = control_.Properties;
+    const OwnedFont font = MakeTurnedFont(index == p.ActiveTab);
+    const Selection selection = Select(surface, font.Get());
+    const std::u16string& text = surfaces_.ShortCaption;
+    const SIZE extent = ExtentOf(surface, text);
+
+    const std::int32_t length = extent.cx, height = extent.cy;
+
+    const LayoutRect band = FillBand(control_, SlotOf(control_, index), state);
+    const Checked x = Checked(band.Left) + (Checked(band.Width) - height) / 2 + p.CaptionXjust;
+    Checked y = room.Bottom;
+    if (p.CaptionPos == AlignMiddle) y = y - (Checked(room.Height) - length) / 2;
+    if (p.CaptionPos == AlignRight) y = Checked(room.Top) + length;
+    const RECT clip = ToRect(room);
+    ExtTextOutW(surface, x, y + p.CaptionYjust, ETO_CLIPPED, &clip, AsWide(text),
+                static_cast<UINT>(text.size()), nullptr);
+}
+
+} // namespace vantik

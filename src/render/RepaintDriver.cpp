@@ -1,0 +1,94 @@
+#include "render/RepaintDriver.h"
+
+#include "base/Rounding.h"
+#include "render/BarGeometry.h"
+#include "render/FrameGeometry.h"
+#include "render/Geometry.h"
+
+namespace vantik {
+
+void RepaintDriver::RepaintAll() {
+    PrepareAll();
+    PaintAll();
+}
+
+void RepaintDriver::RedrawBars() {
+    PrepareBars();
+    PaintBars();
+}
+
+void RepaintDriver::PrepareAll() {
+    const std::int32_t side = control_.Properties.TabPos;
+    const GeometryInput input = {control_.Properties, control_.SkinRects, control_.SkinIcons,
+                                 TwipsToPixels(host_.Width(), host_.TwipsPerPixelX()),
+                                 TwipsToPixels(host_.Height(), host_.TwipsPerPixelY())};
+    LayoutCache layout = control_.Layout;
+    layout.IsHorizontal = side == Windowtop || side == WindowBottom ? True : False;
+    layout = ComputeLayout(input, ComputeVisibleBars(input, layout));
+    static_cast<void>(FrameEdges(layout, control_.SkinRects));
+    static_cast<void>(FrameCorners(layout, control_.SkinRects));
+    control_.Layout = layout;
+    PrepareBars();
+}
+
+void RepaintDriver::PrepareBars() const {
+    if (control_.Properties.TabCount < 1) return;
+    for (std::int16_t i = 0; i < control_.Layout.VisibleBarCount; ++i) {
+        const std::int16_t tab = Add16(control_.Layout.FirstVisibleTab, i);
+        CheckBar(control_, tab, control_.StateOf(tab));
+    }
+}
+
+void RepaintDriver::PaintAll() {
+    host_.Cls();
+    frame_.PaintBackground();
+    frame_.PaintFrame();
+    frame_.PaintCorners();
+    DrawBars();
+    decorations_.DrawNavButtons();
+    Invalidate(control_.Layout.ControlRect);
+}
+
+void RepaintDriver::PaintBars() {
+    frame_.PaintUnderlay(control_.Layout.BarStripRect);
+    if (control_.Properties.TabCount < 1) return;
+    DrawBars();
+    Invalidate(control_.Layout.BarStripRect);
+}
+
+// Over the clean underlay. Drawing a decoration may run code of the host, so the state is read anew for each bar.
+void RepaintDriver::DrawBars() {
+    surfaces_.Painted.Reset(control_.Layout);
+    if (control_.Properties.TabCount < 1) return;
+    for (std::int16_t i = 0; i < control_.Layout.VisibleBarCount; ++i) {
+        const std::int16_t tab = Add16(control_.Layout.FirstVisibleTab, i);
+        bars_.DrawBar(tab, control_.StateOf(tab));
+    }
+}
+
+void RepaintDriver::RedrawBar(std::int16_t index, std::uint8_t state) {
+    const std::int32_t slot = SlotOf(control_, index);
+    if (!IsVisibleSlot(control_, slot)) return;
+    CheckBar(control_, index, state);
+    const LayoutRect area = SlotRect(control_, slot);
+    frame_.PaintUnderlay(area);
+    bars_.DrawBar(index, state);
+    Invalidate(area);
+}
+
+// The edges run under the buttons and the corners, which therefore follow.
+void RepaintDriver::RepaintFrame() {
+    frame_.PaintFrame();
+    frame_.PaintCorners();
+    decorations_.DrawNavButtons();
+    Invalidate(control_.Layout.ControlRect);
+}
+
+void RepaintDriver::Invalidate(const LayoutRect& area) {
+    const HWND window = host_.hWnd();
+    if (!window) return; // a null window would stand for every window there is
+    const RECT rect = {area.Left, area.Top, area.Right, area.Bottom};
+    InvalidateRect(window, &rect, TRUE);
+}
+
+} // namespace vantik
