@@ -10,7 +10,11 @@ namespace vantik {
 class [[nodiscard]] Clip {
 public:
     Clip(HDC dc, const LayoutRect& area) noexcept : saved_(dc) {
-        IntersectClipRect(dc, area.Left, area.Top, area.Right, area.Bottom);
+        // GDI would turn an inside-out rectangle round; an empty one lets nothing through.
+        if (area.Width < 1 || area.Height < 1)
+            IntersectClipRect(dc, 0, 0, 0, 0);
+        else
+            IntersectClipRect(dc, area.Left, area.Top, area.Right, area.Bottom);
     }
 
 private:

@@ -1,13 +1,8 @@
 #include "render/BarPainter.h"
 
-#include <algorithm>
-#include <optional>
-
 #include "gfx/Clip.h"
 #include "render/BarGeometry.h"
 #include "render/CaptionPainter.h"
-#include "render/FrameGeometry.h"
-#include "render/FramePainter.h"
 
 namespace vantik {
 
@@ -44,7 +39,7 @@ void DrawEnd(pcMemDC& skin, HDC surface, std::int32_t side, const SkinRect& from
 
 void BarPainter::DrawBar(std::int16_t index, std::uint8_t state) {
     CheckBar(control_, index, state);
-    surfaces_.Painted.Note(index, state);
+    const Clip slot(host_.hDC(), SlotRect(control_, SlotOf(control_, index)));
     DrawBarBackground(index, state);
     CaptionPainter(host_, control_, surfaces_, decorations_).DrawCaption(index, state);
     decorations_.DrawTabIcon(index, state);
@@ -54,24 +49,14 @@ void BarPainter::DrawBar(std::int16_t index, std::uint8_t state) {
 
 void BarPainter::DrawBarBackground(std::int16_t index, std::uint8_t state) {
     const std::int32_t slot = SlotOf(control_, index), side = control_.Properties.TabPos;
-    const LayoutRect area = SlotRect(control_, slot);
     const HDC surface = host_.hDC();
-    std::optional<Clip> clip; // only for pieces that do not fit their bar
     for (const BarPiece& piece : PiecesOf(control_, index, state)) {
         const LayoutRect to = PartRect(control_, slot, piece.U, piece.V, piece.Length, piece.Thickness);
-        if (!clip && Intersection(to, area) != to) clip.emplace(surface, area);
         if (piece.IsFill)
             DrawFill(surfaces_.SkinDC, surface, side, piece.Source, to);
         else
             DrawEnd(surfaces_.SkinDC, surface, side, piece.Source, to);
     }
-}
-
-void BarPainter::PaintBareBar(std::int16_t index, std::uint8_t state, const LayoutRect& area) {
-    const Clip clip(host_.hDC(), area);
-    FramePainter(host_, control_, surfaces_).PaintUnderlay(area);
-    DrawBarBackground(index, state);
-    CaptionPainter(host_, control_, surfaces_, decorations_).DrawCaption(index, state);
 }
 
 } // namespace vantik

@@ -17,14 +17,12 @@ public:
         : host_(host), control_(control), surfaces_(surfaces), decorations_(decorations) {}
 
     // Over the clean underlay, inside the bar's own slot. SubscriptOutOfRange for a tab that has no record or a state
-    // that has no pieces.
+    // that has no pieces; Overflow; what the decorations raise.
     void DrawBar(std::int16_t index, std::uint8_t state);
-    void DrawBarBackground(std::int16_t index, std::uint8_t state);
-
-    // What lies under a bar's decorations - underlay, background and caption - inside the area only.
-    void PaintBareBar(std::int16_t index, std::uint8_t state, const LayoutRect& area);
 
 private:
+    void DrawBarBackground(std::int16_t index, std::uint8_t state);
+
     UserControl& host_;
     const ControlState& control_;
     Surfaces& surfaces_;

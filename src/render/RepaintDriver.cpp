@@ -58,7 +58,6 @@ void RepaintDriver::PaintBars() {
 
 // Over the clean underlay. Drawing a decoration may run code of the host, so the state is read anew for each bar.
 void RepaintDriver::DrawBars() {
-    surfaces_.Painted.Reset(control_.Layout);
     if (control_.Properties.TabCount < 1) return;
     for (std::int16_t i = 0; i < control_.Layout.VisibleBarCount; ++i) {
         const std::int16_t tab = Add16(control_.Layout.FirstVisibleTab, i);

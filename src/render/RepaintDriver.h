@@ -22,7 +22,6 @@ public:
                   BarDecorations& decorations) noexcept
         : host_(host),
           control_(control),
-          surfaces_(surfaces),
           decorations_(decorations),
           frame_(host, control, surfaces),
           bars_(host, control, surfaces, decorations) {}
@@ -51,7 +50,6 @@ private:
 
     UserControl& host_;
     ControlState& control_;
-    Surfaces& surfaces_;
     BarDecorations& decorations_;
     FramePainter frame_;
     BarPainter bars_;
