@@ -53,7 +53,7 @@ public:
     void Close() noexcept; // takes the control off again
 
     // Null while no control is on the form.
-    IUnknown* Object() const noexcept { return control_.Get(); }
+    IUnknown* ControlObject() const noexcept { return control_.Get(); }
     IDispatch& Control() const; // throws without a control that has automation
     HWND ControlWindow() const;
     void MoveControl(const RECT& pixels);

@@ -99,7 +99,7 @@ void HostForm::Show() {
 void HostForm::SaveTo(TextPropertyBag& bag) {
     const auto persistence = control_.As<IPersistPropertyBag>();
     if (!persistence) throw HostError("the control cannot be saved to a property bag");
-    Check(persistence->Save(&bag, TRUE, TRUE), "Saving the control");
+    Check(persistence->Save(&bag, TRUE, FALSE), "Saving the control");
 }
 
 // Everything is taken out of its field first: the control may call back while it goes.

@@ -1,5 +1,7 @@
 #include "host/HostedWindow.h"
 
+#include <algorithm>
+
 namespace vantik {
 
 namespace {
@@ -84,6 +86,12 @@ private:
     ComPtr<IOleClientSite> site_;
 };
 
+// Windows stand within 16 bits; what is farther away is out of sight anyhow.
+int WithinReach(LONG pixel) noexcept {
+    constexpr LONG Farthest = 30000;
+    return std::clamp(pixel, -Farthest, Farthest);
+}
+
 RECT PlaceInParent(HWND window) {
     RECT place = {};
     GetWindowRect(window, &place);
@@ -110,8 +118,8 @@ HostedWindow::~HostedWindow() { extender_->Detach(); }
 void HostedWindow::Place(const Placement& place) {
     place_ = place;
     const RECT pixels = ToPixels(place);
-    SetWindowPos(window_, nullptr, pixels.left, pixels.top, pixels.right - pixels.left,
-                 pixels.bottom - pixels.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window_, nullptr, WithinReach(pixels.left), WithinReach(pixels.top),
+                 pixels.right - pixels.left, pixels.bottom - pixels.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void HostedWindow::Visible(bool visible) {

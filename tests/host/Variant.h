@@ -36,6 +36,7 @@ public:
         value_.boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
     }
     Variant(std::wstring_view text) : Variant(OfType{VT_BSTR}) { value_.bstrVal = Bstr(text).Detach(); }
+    Variant(const std::wstring& text) : Variant(std::wstring_view(text)) {}
     Variant(const wchar_t* text) : Variant(std::wstring_view(text)) {}
     Variant(IDispatch* object) noexcept : Variant(OfType{VT_DISPATCH}) {
         value_.pdispVal = ComPtr<IDispatch>(object).Copy();

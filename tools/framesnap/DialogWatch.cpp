@@ -41,7 +41,7 @@ LRESULT CALLBACK WatchActivation(int code, WPARAM wParam, LPARAM lParam) {
     if (code == HCBT_ACTIVATE) {
         const auto window = reinterpret_cast<HWND>(wParam);
         const std::wstring windowClass = ClassOf(window);
-        if (windowClass != FormClass) PrintAndClose(window, windowClass);
+        if (!windowClass.empty() && windowClass != FormClass) PrintAndClose(window, windowClass);
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }

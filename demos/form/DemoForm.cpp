@@ -1,0 +1,95 @@
+#include "DemoForm.h"
+
+#include "host/SavedObjects.h"
+
+namespace vantik {
+
+namespace {
+
+constexpr SIZE FormSize = {920, 560};
+constexpr SIZE LeastSize = {720, 520};
+constexpr int Margin = 12;
+
+// What the panel at the right leaves.
+RECT ControlPlace(SIZE form, int panelWidth) noexcept {
+    return {Margin, Margin, form.cx - panelWidth - 2 * Margin, form.cy - Margin};
+}
+
+} // namespace
+
+DemoForm::DemoForm(ControlModule& module) : skins_(FindSkins()) {
+    FormHandlers handlers;
+    handlers.Event = [this](EventCall& event) { OnEvent(event); };
+    handlers.Message = [this](UINT m, WPARAM w, LPARAM l) { return OnMessage(m, w, l); };
+    handlers.ControlMessage = [this](UINT m, WPARAM w, LPARAM l) { return OnControlMessage(m, w, l); };
+    const FormLayout layout = {L"VantikFrameTab", FormSize, ControlPlace(FormSize, PanelWidth),
+                               L"VantikFrameTab1"};
+    form_ = std::make_unique<HostForm>(module, layout, HostSwitches(), std::move(handlers));
+    MakeOptions();
+    events_ = std::make_unique<EventList>(form_->Window().Handle(), font_);
+    OpenControl();
+    Arrange();
+}
+
+void DemoForm::OpenControl() {
+    form_->OpenNew();
+    SavedFont captionFont;
+    captionFont.Name = font_.Name();
+    captionFont.Size = FormFont::Points;
+    PutReference(Control(), L"Font", MakeAgain(captionFont).Get());
+    Set(L"TabOffSet", Pages::TabOffSet);
+    Set(L"BarWidth", InitialBarWidth);
+    Set(L"CaptionPos", std::int32_t{1});
+    Set(L"CaptionYjust", std::int16_t{4});
+    Set(L"DelButton", false);
+    Set(L"FixOcxList", Pages::FixedControl);
+    Set(L"TabCount", static_cast<std::int16_t>(Pages::Captions().size()));
+    Set(L"ActiveTab", std::int16_t{0});
+    for (std::size_t i = 0; i < Pages::Captions().size(); ++i) {
+        Call(Control(), L"SetBarCaption", {static_cast<std::int16_t>(i), Pages::Captions()[i], true});
+    }
+    pages_ = std::make_unique<Pages>(*form_, font_, [this](const std::wstring& line) { Note(line); });
+    pages_->TakeBackground();
+}
+
+void DemoForm::Arrange() {
+    const SIZE size = form_->Window().ClientSize();
+    const int panelLeft = size.cx - Margin - PanelWidth;
+    const int listTop = Margin + options_->Height();
+    options_->MoveTo(panelLeft, Margin);
+    events_->MoveTo({panelLeft, listTop, PanelWidth, size.cy - Margin - listTop});
+    const RECT place = ControlPlace(size, PanelWidth);
+    form_->MoveControl(place);
+    pages_->Arrange({place.right - place.left, place.bottom - place.top});
+}
+
+void DemoForm::Note(const std::wstring& line) {
+    if (events_) events_->Add(line);
+}
+
+void DemoForm::OnEvent(EventCall& event) {
+    Note(event.Text());
+    if (event.Name() == L"DownBarDown") ShowTabMenu();
+}
+
+std::optional<LRESULT> DemoForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_SIZE:
+        if (pages_ && wParam != SIZE_MINIMIZED) Arrange();
+        return 0;
+    case WM_GETMINMAXINFO:
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {LeastSize.cx, LeastSize.cy};
+        return 0;
+    case WM_COMMAND:
+        if (options_ && options_->Command(wParam)) return 0;
+        return std::nullopt;
+    case WM_CLOSE: PostQuitMessage(0); return 0;
+    default: return std::nullopt;
+    }
+}
+
+std::optional<LRESULT> DemoForm::OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    return pages_ ? pages_->ControlMessage(message, wParam, lParam) : std::nullopt;
+}
+
+} // namespace vantik

@@ -1,0 +1,64 @@
+// The demo: a form whose options change the control that stands on it, and a list of what the control reports.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "EventList.h"
+#include "OptionPanel.h"
+#include "Pages.h"
+#include "Skins.h"
+#include "Widgets.h"
+#include "host/HostForm.h"
+
+namespace vantik {
+
+class DemoForm {
+public:
+    explicit DemoForm(ControlModule& module);
+
+    HostForm& Form() noexcept { return *form_; }
+    IDispatch& Control() { return form_->Control(); }
+
+    // What the options do; used by the pictures, too. The options themselves do not follow.
+    void ShowIcons(bool show);
+    void EnableTab(std::int16_t tab, bool enable);
+    void UseSkin(std::size_t index);
+    void SetTabCount(std::int16_t count);
+    void ClearEvents() { events_->Clear(); }
+    const std::vector<SkinChoice>& Skins() const noexcept { return skins_; }
+
+private:
+    static constexpr int PanelWidth = 236;
+    static constexpr std::int16_t InitialBarWidth = 92;
+
+    void OpenControl();
+    void MakeOptions();
+    void MakeLookOptions();
+    void MakeTabOptions();
+    void Arrange();
+    void Note(const std::wstring& line);
+    void OnEvent(EventCall& event);
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam);
+
+    // Sets a property; what the control refuses is noted in the list.
+    void Set(const wchar_t* property, Variant value);
+    template <class Piece>
+    void Try(Piece piece);
+    void InsertTab();
+    void RemoveTab();
+    void ShowTabMenu();
+    std::int16_t Number(const wchar_t* property);
+
+    FormFont font_;
+    std::vector<SkinChoice> skins_;
+    std::unique_ptr<HostForm> form_;
+    std::unique_ptr<OptionPanel> options_;
+    std::unique_ptr<EventList> events_;
+    std::unique_ptr<Pages> pages_;
+};
+
+} // namespace vantik

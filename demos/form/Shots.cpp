@@ -1,0 +1,92 @@
+#include "Shots.h"
+
+#include <filesystem>
+
+#include "host/Input.h"
+#include "host/MessageLoop.h"
+#include "host/Snapshot.h"
+
+namespace vantik {
+
+namespace {
+
+struct Named {
+    const wchar_t* Name;
+    std::int32_t Value;
+};
+
+constexpr Named Sides[] = {{L"top", 2}, {L"bottom", 3}, {L"left", 0}, {L"right", 1}};
+// Custom keeps the place of the arrangement before it, so it comes behind the one in the middle.
+constexpr Named Placements[] = {{L"start", 0}, {L"end", 2}, {L"middle", 1}, {L"custom", 3}};
+constexpr Named Borders[] = {{L"shared", 0}, {L"edged", 1}};
+
+class Photographer {
+public:
+    Photographer(DemoForm& demo, const std::filesystem::path& folder) : demo_(demo), folder_(folder) {
+        std::filesystem::create_directories(folder_);
+    }
+
+    void Take(const std::wstring& name) {
+        PumpMessages(demo_.Form());
+        SavePng(TakeSnapshot(demo_.Form().Window().Handle()), (folder_ / (name + L".png")).wstring());
+    }
+
+    void TakeArrangements() {
+        for (const Named& side : Sides) {
+            for (const Named& placement : Placements) {
+                for (const Named& border : Borders) {
+                    Put(demo_.Control(), L"TabPos", side.Value);
+                    Put(demo_.Control(), L"TabBarPos", placement.Value);
+                    Put(demo_.Control(), L"TabBorder", border.Value != 0);
+                    Take(std::wstring(side.Name) + L"-" + placement.Name + L"-" + border.Name);
+                }
+            }
+        }
+    }
+
+    void Reset(std::int32_t side) {
+        Put(demo_.Control(), L"TabBarPos", std::int32_t{0});
+        Put(demo_.Control(), L"TabPos", side);
+        Put(demo_.Control(), L"TabBorder", false);
+    }
+
+    void TakeLooks() {
+        Put(demo_.Control(), L"DelButton", true);
+        demo_.ShowIcons(true);
+        demo_.EnableTab(2, false);
+        for (const Named& side : Sides) {
+            Reset(side.Value);
+            Take(std::wstring(L"looks-") + side.Name);
+        }
+        for (std::size_t skin = 1; skin < demo_.Skins().size(); ++skin) {
+            Reset(2);
+            demo_.UseSkin(skin);
+            Take(L"skin-" + demo_.Skins()[skin].Name);
+        }
+    }
+
+    void TakeManyTabs() {
+        demo_.UseSkin(0);
+        demo_.SetTabCount(40);
+        demo_.ShowIcons(true);
+        for (const Named& side : Sides) {
+            Reset(side.Value);
+            Take(std::wstring(L"many-") + side.Name);
+        }
+    }
+
+private:
+    DemoForm& demo_;
+    std::filesystem::path folder_;
+};
+
+} // namespace
+
+void TakeShots(DemoForm& demo, const std::wstring& folder) {
+    Photographer photographer(demo, folder);
+    photographer.TakeArrangements();
+    photographer.TakeLooks();
+    photographer.TakeManyTabs();
+}
+
+} // namespace vantik

@@ -1,0 +1,41 @@
+// The ordinary windows that the form is made of.
+#pragma once
+
+#include <string>
+
+#include "platform/mDeclares.h"
+
+namespace vantik {
+
+// The font of all of the form's windows.
+class FormFont {
+public:
+    FormFont();
+    ~FormFont() { DeleteObject(font_); }
+    FormFont(const FormFont&) = delete;
+    FormFont& operator=(const FormFont&) = delete;
+
+    HFONT Get() const noexcept { return font_; }
+    const std::wstring& Name() const noexcept { return name_; }
+    static constexpr double Points = 9;
+
+private:
+    std::wstring name_;
+    HFONT font_;
+};
+
+struct Box {
+    int Left;
+    int Top;
+    int Width;
+    int Height;
+};
+
+// A child window; the style is added to WS_CHILD | WS_VISIBLE.
+HWND MakeWidget(HWND parent, const wchar_t* windowClass, const std::wstring& text, DWORD style, Box place,
+                int id, const FormFont& font);
+
+void MoveWidget(HWND widget, Box place);
+std::wstring TextOf(HWND window);
+
+} // namespace vantik

@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# The demo form takes its pictures: each arrangement is there, shows something, and shows its own side.
+# Prints "N passed, N failed" at the end.
+set -uo pipefail
+
+Passed=0
+Failed=0
+
+check() {
+    local what=$1
+    shift
+    if "$@"; then
+        Passed=$((Passed + 1))
+    else
+        Failed=$((Failed + 1))
+        printf 'FAILED: %s\n' "$what"
+    fi
+}
+
+demo() { wine "$BUILD/demos/form/demo.exe" "$@" >output.txt 2>&1; }
+
+# Strips of the form just inside the four edges of the control, where the bars of that side are.
+declare -A Strip=([top]=560x22+60+12 [bottom]=560x22+60+526 [left]=22x440+12+60 [right]=22x440+638+60)
+
+shows_something() { [[ $(identify -format '%k' "$1" 2>/dev/null || echo 0) -ge 8 ]]; }
+differ() { [[ -s $1 && -s $2 && $(compare -metric AE "$1" "$2" null: 2>&1) -gt 100 ]]; }
+same() { [[ -s $1 && -s $2 && $(compare -metric AE "$1" "$2" null: 2>&1) == 0 ]]; }
+
+# How many pixels of the strip differ from its own most frequent colour: captions and edges, or nothing.
+detail_of() {
+    local all most
+    all=$(convert "$1" -crop "${Strip[$2]}" +repage -format '%[fx:w*h]' info:)
+    most=$(convert "$1" -crop "${Strip[$2]}" +repage -format '%c' histogram:info: | sort -rn | head -1 | cut -d: -f1)
+    echo $((all - most))
+}
+
+bars_stand_on() {
+    local other most=0
+    for other in top bottom left right; do
+        [[ $other == "$2" ]] || (($(detail_of "$1" "$other") <= most)) || most=$(detail_of "$1" "$other")
+    done
+    (($(detail_of "$1" "$2") > most))
+}
+
+mkdir shots
+demo --shot shots
+check "the demo ends well" test $? = 0
+for side in top bottom left right; do
+    for placement in start end middle custom; do
+        for border in shared edged; do
+            picture=shots/$side-$placement-$border.png
+            check "$picture shows something" shows_something "$picture"
+        done
+        check "the border modes of $side-$placement differ" differ "shots/$side-$placement-shared.png" "$picture"
+    done
+    check "the bars of $side-start stand there" bars_stand_on "shots/$side-start-shared.png" "$side"
+    for placement in end middle; do
+        check "$side-$placement differs from the start" differ "shots/$side-start-shared.png" \
+            "shots/$side-$placement-shared.png"
+    done
+    check "$side-custom keeps the place of the middle" same "shots/$side-middle-edged.png" \
+        "shots/$side-custom-edged.png"
+    check "$side shows icons and close buttons" differ "shots/$side-start-shared.png" "shots/looks-$side.png"
+    check "$side shows many tabs" differ "shots/looks-$side.png" "shots/many-$side.png"
+done
+check "the sides differ" differ shots/top-start-shared.png shots/bottom-start-shared.png
+
+demo --shot
+check "a folder must be named" test $? = 2
+demo --picture shots
+check "an unknown option is refused" test $? = 2
+printf '%d passed, %d failed\n' "$Passed" "$Failed"
+((Failed == 0))

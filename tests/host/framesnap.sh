@@ -1,0 +1,149 @@
+#!/usr/bin/env bash
+# What the command line of framesnap does, one check a line. Prints "N passed, N failed" at the end.
+set -uo pipefail
+
+Passed=0
+Failed=0
+Output=
+Errors=
+Status=0
+
+snap() {
+    Output=$(wine "$BUILD/tools/framesnap/framesnap.exe" "$@" 2>errors.txt | tr -d '\r')
+    Status=${PIPESTATUS[0]}
+    Errors=$(tr -d '\r' <errors.txt)
+}
+
+# check WHAT COMMAND... — the command decides.
+check() {
+    local what=$1
+    shift
+    if "$@"; then
+        Passed=$((Passed + 1))
+    else
+        Failed=$((Failed + 1))
+        printf 'FAILED: %s\n  exit %s\n  output: %s\n  errors: %s\n' "$what" "$Status" "$Output" "$Errors"
+    fi
+}
+
+refused() { [[ $Status == 2 && -z $Output && $Errors == "framesnap: $1"* && ! -e never.png ]]; }
+failed() { [[ $Status == 1 && $Errors == "framesnap: "*"$1"* ]]; }
+prints() { [[ $Status == 0 && $Output == "$1" ]]; }
+lines() { printf '%s\n' "$@"; }
+
+size_of() { identify -format '%wx%h' "$1" 2>/dev/null; }
+colours_of() { identify -format '%k' "$1" 2>/dev/null; }
+is_picture() { [[ -s $1 && $(size_of "$1") == "$2" && $(colours_of "$1") -ge 3 ]]; }
+differ() { [[ -s $1 && -s $2 && $(compare -metric AE "$1" "$2" null: 2>&1) != 0 ]]; }
+same() { [[ -s $1 && -s $2 && $(compare -metric AE "$1" "$2" null: 2>&1) == 0 ]]; }
+
+Tabs=(--size 400x200 --set BarWidth=60 --set TabCount=4 --set ActiveTab=0 --set DelButton=False)
+
+refusals() {
+    snap --frame 3 --out never.png
+    check "an unknown option is refused" refused "unknown option '--frame'"
+    snap --set TabCount=2 --set Colour=3 --out never.png
+    check "an unknown property is refused before anything happens" refused "the control has no property 'Colour'"
+    snap --do "Explode 1" --out never.png
+    check "an unknown method is refused" refused "the control has no member 'Explode'"
+    snap --do "RemoveTab 1 2" --out never.png
+    check "too many arguments are refused" refused "'RemoveTab' takes 1 to 1 arguments, not 2"
+    snap --do "RemoveTab first" --out never.png
+    check "text for a number is refused" refused "--do RemoveTab: 'first' is no value for it"
+    snap --set TabPos=WindowMiddle --out never.png
+    check "an unknown constant is refused" refused "--set TabPos: 'WindowMiddle' is no value for it"
+    snap --set TabCount --out never.png
+    check "a setting without a value is refused" refused "--set TabCount: expected Name=Value"
+    snap --size 300 --out never.png
+    check "half a size is refused" refused "--size 300: expected WIDTHxHEIGHT in pixels"
+    snap --pointer 3 --out never.png
+    check "half a point is refused" refused "--pointer 3: expected X,Y in pixels"
+    snap --key 300 --out never.png
+    check "a key that is none is refused" refused "--key 300: expected the number of a key"
+    snap --wheel up --out never.png
+    check "a wheel that turns by no number is refused" refused "--wheel up: expected a number of notches"
+    snap --do "SetBarCaption 0 'Home" --out never.png
+    check "an open quotation mark is refused" refused "--do SetBarCaption 0 'Home: a quotation mark is not closed"
+    snap --out
+    check "an option without its value is refused" refused "--out needs a value"
+}
+
+failures() {
+    snap --control nowhere.ocx --do TabCount
+    check "a control that is not there fails" failed "cannot load"
+    snap --load nowhere.txt --do TabCount
+    check "a property file that is not there fails" failed "cannot read"
+    printf 'TabCount = many\n' >bad.txt
+    snap --load bad.txt --do TabCount
+    check "a property file that is none fails with its line" failed "bad.txt, line 1: 'many' is no value"
+    snap --set TabCount=2 --out nowhere/a.png
+    check "a picture that cannot be written fails" failed "nowhere/a.png"
+}
+
+members() {
+    snap --do TabCount --set TabCount=2 --do tabcount
+    check "steps are carried out in their order" prints "$(lines 'TabCount = 0' 'TabCount = 2')"
+    snap "${Tabs[@]}" --do "InsertTab 0 'Home page'" --do "GetTabCaption 1" --do TabCount
+    check "a method is called with quoted arguments" prints "$(lines 'GetTabCaption = "Home page"' 'TabCount = 5')"
+    snap --set TabPos=WindowLeft --do TabPos --set "CaptionColor0=#FF8000" --do CaptionColor0
+    check "constants and colours have names" prints "$(lines 'TabPos = 0' 'CaptionColor0 = 33023')"
+    snap --set TabCount=2 --do "GetTabEnable 0" --do "SetBarEnable 0 False" --do "GetTabEnable 0"
+    check "flags are words" prints "$(lines 'GetTabEnable = True' 'GetTabEnable = False')"
+    snap --set SkinFile=nowhere.ini --do SkinFile
+    check "a message box is printed and closed" test "$Status" = 0 -a "${Output#message: }" != "$Output" \
+        -a "${Output##*$'\n'}" = 'SkinFile = "skin.ini"'
+    snap --do About --do TabCount
+    check "a modal window is printed and closed" test "$Status" = 0 -a "${Output#window: }" != "$Output" \
+        -a "${Output##*$'\n'}" = 'TabCount = 0'
+}
+
+events() {
+    snap "${Tabs[@]}" --pointer 90,10 --pointer 92,10 --pointer 150,10
+    check "the pointer hovers" prints "$(lines 'TabMove(Index=1)' 'TabMove(Index=2)')"
+    snap "${Tabs[@]}" --press 90,10 --do ActiveTab
+    check "a press switches" prints "$(lines 'TabMove(Index=1)' 'TabDown(Index=1, Button=1)' 'ActiveTab = 1')"
+    snap "${Tabs[@]}" --key 39 --key 37 --key 65
+    check "arrow keys switch, others do nothing" \
+        prints "$(lines 'TabDown(Index=1, Button=0)' 'TabDown(Index=0, Button=0)')"
+    snap "${Tabs[@]}" --save wheel.txt --load wheel.txt --wheel 1 --wheel 1 --wheel -1
+    check "the wheel switches" \
+        prints "$(lines 'TabDown(Index=1, Button=0)' 'TabDown(Index=2, Button=0)' 'TabDown(Index=1, Button=0)')"
+    snap --design --load wheel.txt --wheel 1
+    check "the wheel does nothing while the form is designed" prints ''
+}
+
+pictures() {
+    snap "${Tabs[@]}" --out first.png --set ActiveTab=2 --out second.png --set ActiveTab=0 --out third.png
+    check "a picture has the control's size and something on it" is_picture first.png 400x200
+    check "a picture shows its moment" differ first.png second.png
+    check "the same state gives the same picture" same first.png third.png
+    snap "${Tabs[@]}" --size 300x120 --out small.png
+    check "a later size counts from there on" is_picture small.png 300x120
+    snap --design "${Tabs[@]}" --out design.png
+    check "a designed form shows the same" same first.png design.png
+    snap "${Tabs[@]}" --set "Font=DejaVu Sans,14,bold" --out font.png
+    check "a font can be set" differ first.png font.png
+    convert -size 40x30 gradient:red-blue photo.bmp
+    snap "${Tabs[@]}" --set Picture=photo.bmp --set TabPos=Windowtop --out photo.png
+    check "a picture can be set" differ first.png photo.png
+}
+
+persistence() {
+    snap "${Tabs[@]}" --set "DefaultCaption=页" --set "Font=DejaVu Sans,10,italic" --save one.txt
+    check "the properties are saved as text" grep -q '^DefaultCaption = "页"$' one.txt
+    check "what equals its default is not" test "$(grep -c SkinFile one.txt)" = 0
+    snap --load one.txt --save two.txt --do "GetTabCaption 3"
+    check "saved properties come back" prints 'GetTabCaption = "页3"'
+    check "and are saved as they were" cmp -s one.txt two.txt
+}
+
+snap --help
+check "there is help" test "$Status" = 0 -a "${Output#usage: framesnap}" != "$Output"
+refusals
+failures
+members
+events
+pictures
+persistence
+printf '%d passed, %d failed\n' "$Passed" "$Failed"
+((Failed == 0))
