@@ -1,0 +1,46 @@
+#include "skin/IconPainter.h"
+
+#include "base/RunTimeError.h"
+#include "render/PngIconDrawing.h"
+
+namespace vantik {
+
+void IconPainter::ReadSize(SkinIcon& icon) {
+    constexpr PngSize nothing = {-1, -1};
+    PngSize size = nothing;
+    try {
+        ReadPngFileSize(icon.FilePath, size);
+    } catch (const RunTimeError&) {
+        // A file that is locked or broken tells no size.
+    }
+    if (size.LastPngWidth == nothing.LastPngWidth) return;
+    icon.Width = size.LastPngWidth;
+    icon.Height = size.LastPngHeight;
+    state_.LastPng = size;
+}
+
+OwnedBitmap IconPainter::DrawFile(const std::u16string& path, IconStyle style, std::int32_t x, std::int32_t y,
+                                  std::int16_t direct) {
+    const HDC surface = host_.hDC();
+    const auto bitmap = static_cast<HBITMAP>(GetCurrentObject(surface, OBJ_BITMAP));
+    try {
+        DrawPngFile(path, surface, bitmap, x, y, style, direct, surface);
+        return OwnedBitmap(TakeDrawnBitmap());
+    } catch (const RunTimeError&) {
+        return {}; // nothing was drawn
+    }
+}
+
+void IconPainter::Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, const PixelBlock& beneath) {
+    if (pictures_.Copy(host_.hDC(), icon, slot, style, beneath)) return;
+    OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, style, beneath.X, beneath.Y, 0);
+    if (drawn) pictures_.Keep(icon, slot, style, beneath, std::move(drawn));
+}
+
+void IconPainter::DrawUncached(std::int16_t icon, IconStyle style, std::int32_t x, std::int32_t y,
+                               std::int16_t direct) {
+    OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, style, x, y, direct);
+    if (drawn) pictures_.Keep(icon, 0, style, {}, std::move(drawn));
+}
+
+} // namespace vantik

@@ -1,0 +1,50 @@
+// Draws the skin's PNG icons onto the control's surface, each mixed over what lies there.
+//
+// A picture that cannot be read leaves its place as it was; the painting around it goes on.
+#pragma once
+
+#include <cstdint>
+
+#include "model/ControlState.h"
+#include "platform/UserControl.h"
+#include "skin/MixedPictures.h"
+
+namespace vantik {
+
+// The colour treatments of the decoder that decorations use.
+enum IconStyle : std::uint8_t { GreyFromBlue = 0, GreyFromGreen = 1, OwnColours = 3, Darkened = 4 };
+
+class IconPainter {
+public:
+    IconPainter(UserControl& host, ControlState& state) noexcept
+        : host_(host), state_(state), pictures_(state.SkinIcons) {}
+
+    // The size from the icon's file into the icon and LastPng; a file that says nothing leaves the icon's own.
+    void ReadSize(SkinIcon& icon);
+
+    PixelBlock Read(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
+        return pictures_.Read(host_.hDC(), x, y, width, height);
+    }
+    void Restore(const PixelBlock& block) { pictures_.Restore(host_.hDC(), block); }
+
+    // Where the pixels were read; they are what the picture is mixed over. A picture that was mixed over the same is
+    // copied from the icon's slot, as much of it as covers them; a fresh one is drawn whole and kept in the slot.
+    void Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, const PixelBlock& beneath);
+
+    // Always afresh from the file; the icon's first slot keeps the picture.
+    void DrawUncached(std::int16_t icon, IconStyle style, std::int32_t x, std::int32_t y,
+                      std::int16_t direct);
+
+    void Release(std::int16_t icon) noexcept { pictures_.Release(icon); }
+    void Terminate() noexcept { pictures_.Terminate(); }
+
+private:
+    OwnedBitmap DrawFile(const std::u16string& path, IconStyle style, std::int32_t x, std::int32_t y,
+                         std::int16_t direct);
+
+    UserControl& host_;
+    ControlState& state_;
+    MixedPictures pictures_;
+};
+
+} // namespace vantik

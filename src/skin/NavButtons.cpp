@@ -1,0 +1,99 @@
+// The previous, next and menu buttons beside the row of bars.
+#include <optional>
+
+#include "base/Checked.h"
+#include "gfx/Handles.h"
+#include "render/DecorationGeometry.h"
+#include "render/FrameGeometry.h"
+#include "render/FramePainter.h"
+#include "skin/Decorations.h"
+
+namespace vantik {
+
+namespace {
+
+IconStyle StyleOf(bool greyed, Boolean pressed) noexcept {
+    if (greyed) return GreyFromGreen;
+    return pressed ? Darkened : OwnColours;
+}
+
+// How the decoder is told that the bars run downwards.
+std::int16_t DirectOf(const PropertyValues& properties) noexcept {
+    return properties.TabPos == WindowLeft || properties.TabPos == WindowRight ? 270 : 0;
+}
+
+class BesideStrip {
+public:
+    BesideStrip(HDC dc, const LayoutRect& strip, const LayoutRect& area) {
+        if (IsEmpty(Intersection(strip, area))) return;
+        saved_.emplace(dc);
+        ExcludeClipRect(dc, strip.Left, strip.Top, strip.Right, strip.Bottom);
+    }
+
+private:
+    std::optional<SavedDC> saved_;
+};
+
+void Invalidate(HWND window, const LayoutRect& area) {
+    const RECT rect = {area.Left, area.Top, area.Right, area.Bottom};
+    if (window) InvalidateRect(window, &rect, FALSE); // without a window the whole desktop would be meant
+}
+
+} // namespace
+
+IconStyle Decorations::PrevStyle(Boolean pressed) const noexcept {
+    return StyleOf(state_.Layout.FirstVisibleTab < 1, pressed);
+}
+
+IconStyle Decorations::NextStyle(Boolean pressed) const noexcept {
+    const LayoutCache& layout = state_.Layout;
+    return StyleOf(state_.Properties.TabCount - (layout.FirstVisibleTab + layout.VisibleBarCount) < 1,
+                   pressed);
+}
+
+IconStyle Decorations::MenuStyle(Boolean pressed) noexcept { return StyleOf(false, pressed); }
+
+// Mixed over the clean underlay, so that drawing it again and again changes nothing. Where a shift takes a button over
+// the strip, the bars stay in front: they are repainted without the buttons.
+bool Decorations::DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, IconStyle style) {
+    SkinIcon* icon = state_.SkinIcons.At(role);
+    if (!icon) return false;
+    icons_.ReadSize(*icon);
+    const LayoutRect area = LayoutRect::FromEdges(x, y, Checked(x) + icon->Width, Checked(y) + icon->Height);
+    {
+        const BesideStrip clip(host_.hDC(), state_.Layout.BarStripRect, area);
+        FramePainter(host_, state_, surfaces_).PaintUnderlay(area);
+        icons_.DrawUncached(role, style, x, y, DirectOf(state_.Properties));
+    }
+    Invalidate(host_.hWnd(), area);
+    if (style == Darkened) state_.ButtonPressed = True;
+    return style == Darkened;
+}
+
+// A press may run any amount of the host's code before the window paints again.
+bool Decorations::ShowButton(bool pressed) {
+    host_.Refresh();
+    return pressed;
+}
+
+bool Decorations::DrawPrevButton(std::int32_t x, std::int32_t y, Boolean pressed) {
+    return ShowButton(DrawButton(state_.SkinIcons.LeftButtonIcon, x, y, PrevStyle(pressed)));
+}
+
+bool Decorations::DrawNextButton(std::int32_t x, std::int32_t y, Boolean pressed) {
+    return ShowButton(DrawButton(state_.SkinIcons.RightButtonIcon, x, y, NextStyle(pressed)));
+}
+
+bool Decorations::DrawMenuButton(std::int32_t x, std::int32_t y, Boolean pressed) {
+    return ShowButton(DrawButton(state_.SkinIcons.MenuBarIcon, x, y, MenuStyle(pressed)));
+}
+
+void Decorations::DrawNavButtons() {
+    const ButtonRects rects = NavButtonRects(state_);
+    const SkinIcons& icons = state_.SkinIcons;
+    DrawButton(icons.LeftButtonIcon, rects.Previous.Left, rects.Previous.Top, PrevStyle(False));
+    DrawButton(icons.RightButtonIcon, rects.Next.Left, rects.Next.Top, NextStyle(False));
+    DrawButton(icons.MenuBarIcon, rects.Menu.Left, rects.Menu.Top, MenuStyle(False));
+}
+
+} // namespace vantik
