@@ -1,0 +1,163 @@
+#include "ole/Activation.h"
+
+#include "ole/Control.h"
+#include "ole/Identifiers.h"
+
+namespace vantik {
+
+namespace {
+
+SIZE SizeOf(const RECT& area) noexcept { return {area.right - area.left, area.bottom - area.top}; }
+
+bool HoldsFocus(HWND window) noexcept {
+    const HWND focus = GetFocus();
+    return focus == window || IsChild(window, focus);
+}
+
+} // namespace
+
+Activation::Activation(Control& control) noexcept
+    : control_(control), messages_(control), window_(control, messages_) {}
+
+HRESULT Activation::InPlaceActivate() {
+    if (active_ && Window()) return S_OK;
+    control_.Document.Need();
+    if (!active_) {
+        const HRESULT entered = EnterSite();
+        if (entered != S_OK) return entered;
+    }
+    const HRESULT made = MakeWindow();
+    if (FAILED(made)) {
+        InPlaceDeactivate();
+        return made;
+    }
+    control_.Engine.UserControl_WindowCreated();
+    if (const ComPtr<IOleClientSite> site(control_.Site.Get()); site) site->ShowObject();
+    return S_OK;
+}
+
+HRESULT Activation::EnterSite() {
+    const auto site = control_.Site.As<IOleInPlaceSite>();
+    if (!site || site->CanInPlaceActivate() != S_OK) return OLE_E_NOT_INPLACEACTIVE;
+    const HRESULT entered = site->OnInPlaceActivate();
+    if (FAILED(entered)) return entered;
+    site_ = site;
+    active_ = true;
+    return S_OK;
+}
+
+// A host may have no frame, no document window and no idea of the place.
+HRESULT Activation::MakeWindow() {
+    const auto site = site_;
+    HWND parent = nullptr;
+    if (!site || FAILED(site->GetWindow(&parent)) || !parent) return E_FAIL;
+    RECT position = {}, clip = {};
+    OLEINPLACEFRAMEINFO info = {};
+    info.cb = sizeof info;
+    const HRESULT known = site->GetWindowContext(frame_.Put(), document_.Put(), &position, &clip, &info);
+    if (!active_) return E_FAIL; // the host thought better of it
+    if (FAILED(known)) position = clip = {0, 0, control_.Size.Pixels().cx, control_.Size.Pixels().cy};
+    position_ = position;
+    clipped_ = false;
+    if (!window_.Create(parent, position)) return E_FAIL;
+    ClipTo(clip);
+    if (control_.Size.Pixels(SizeOf(position))) control_.Resized();
+    window_.Show(true);
+    return S_OK;
+}
+
+HRESULT Activation::UIActivate() {
+    const HRESULT activated = InPlaceActivate();
+    if (activated != S_OK || uiActive_) return activated;
+    uiActive_ = true;
+    const auto site = site_;
+    const HRESULT agreed = site->OnUIActivate();
+    if (FAILED(agreed)) uiActive_ = false;
+    if (FAILED(agreed)) return agreed;
+    if (Window() && !HoldsFocus(Window())) SetFocus(Window());
+    if (uiActive_) AnnounceActiveObject(true);
+    return S_OK;
+}
+
+void Activation::AnnounceActiveObject(bool active) noexcept {
+    const auto object = active ? QueryFor<IOleInPlaceActiveObject>(&control_.Controlling) : nullptr;
+    const wchar_t* name = active ? ControlTitle : nullptr;
+    const auto frame = frame_;
+    const auto document = document_;
+    if (frame) frame->SetActiveObject(object.Get(), name);
+    if (frame && active) frame->SetBorderSpace(nullptr);
+    if (document) document->SetActiveObject(object.Get(), name);
+    if (document && active) document->SetBorderSpace(nullptr);
+}
+
+void Activation::UIDeactivate() noexcept {
+    if (!uiActive_) return;
+    uiActive_ = false;
+    AnnounceActiveObject(false);
+    if (const auto site = site_) site->OnUIDeactivate(FALSE);
+}
+
+void Activation::InPlaceDeactivate() noexcept {
+    if (!active_) return;
+    UIDeactivate();
+    active_ = false;
+    window_.Destroy();
+    LeaveSite();
+}
+
+void Activation::LeaveSite() noexcept {
+    const auto site = std::exchange(site_, nullptr);
+    frame_.Reset();
+    document_.Reset();
+    if (site) site->OnInPlaceDeactivate();
+}
+
+void Activation::Abandon() noexcept { InPlaceDeactivate(); }
+
+void Activation::SetRects(const RECT& position, const RECT* clip) {
+    position_ = position;
+    if (!Window()) {
+        if (control_.Size.Pixels(SizeOf(position))) control_.Resized();
+        return;
+    }
+    ClipTo(clip ? *clip : position);
+    window_.Move(position); // the window tells of its new size
+}
+
+// The part of the window that the host lets show.
+void Activation::ClipTo(const RECT& clip) noexcept {
+    RECT shown = {};
+    IntersectRect(&shown, &position_, &clip);
+    const bool whole = EqualRect(&shown, &position_) || IsRectEmpty(&clip);
+    if (whole && !clipped_) return;
+    clipped_ = !whole;
+    OffsetRect(&shown, -position_.left, -position_.top);
+    SetWindowRgn(Window(), whole ? nullptr : CreateRectRgnIndirect(&shown),
+                 TRUE); // the system owns the region now
+}
+
+void Activation::Show(bool visible) noexcept { window_.Show(visible); }
+
+void Activation::AskForSize(SIZE pixels) {
+    const auto site = site_;
+    if (!site || pixels == SizeOf(position_)) return;
+    const POINT corner = Position();
+    const RECT wanted = {corner.x, corner.y, corner.x + pixels.cx, corner.y + pixels.cy};
+    site->OnPosRectChange(&wanted);
+}
+
+POINT Activation::Position() const noexcept {
+    if (!Window()) return {position_.left, position_.top};
+    RECT area = {};
+    GetWindowRect(Window(), &area);
+    POINT corner = {area.left, area.top};
+    MapWindowPoints(nullptr, GetParent(Window()), &corner, 1);
+    return corner;
+}
+
+void Activation::FocusChanged(bool gained) {
+    if (gained) UIActivate();
+    if (const auto site = control_.Site.As<IOleControlSite>()) site->OnFocus(gained);
+}
+
+} // namespace vantik

@@ -1,0 +1,74 @@
+// The control's place in the host's window: the conversation with the in-place site, and the window itself.
+#pragma once
+
+#include "ole/ControlMessages.h"
+#include "ole/ControlWindow.h"
+#include "platform/ComPtr.h"
+
+namespace vantik {
+
+class Control;
+
+class Activation {
+public:
+    explicit Activation(Control& control) noexcept;
+
+    HRESULT InPlaceActivate();
+    HRESULT UIActivate();
+    void UIDeactivate() noexcept;
+    void InPlaceDeactivate() noexcept;
+
+    // The control ends. The host is not spoken to any more but for what ends the conversation.
+    void Abandon() noexcept;
+
+    void SetRects(const RECT& position, const RECT* clip);
+    void Show(bool visible) noexcept;
+
+    // The host asked for another size while the control is active: it has to give the window its place.
+    void AskForSize(SIZE pixels);
+
+    bool IsActive() const noexcept { return active_; }
+    HWND Window() const noexcept { return window_.Handle(); }
+    POINT Position() const noexcept; // pixels, in the host's window
+    ComPtr<IOleInPlaceFrame> Frame() const noexcept { return frame_; }
+
+    // From the window.
+    void FocusChanged(bool gained);
+    bool KeyDown(WPARAM key) noexcept { return messages_.KeyDown(key); }
+
+private:
+    HRESULT EnterSite();
+    HRESULT MakeWindow();
+    void LeaveSite() noexcept;
+    void AnnounceActiveObject(bool active) noexcept;
+    void ClipTo(const RECT& clip) noexcept;
+
+    Control& control_;
+    ControlMessages messages_;
+    ControlWindow window_;
+    ComPtr<IOleInPlaceSite> site_;
+    ComPtr<IOleInPlaceFrame> frame_;
+    ComPtr<IOleInPlaceUIWindow> document_;
+    RECT position_ = {};
+    bool active_ = false, uiActive_ = false, clipped_ = false;
+};
+
+// The host's windows take no input while one of these lives.
+class ModelessOff {
+public:
+    explicit ModelessOff(ComPtr<IOleInPlaceFrame> frame) noexcept : frame_(std::move(frame)) {
+        Enable(FALSE);
+    }
+    ~ModelessOff() { Enable(TRUE); }
+    ModelessOff(const ModelessOff&) = delete;
+    ModelessOff& operator=(const ModelessOff&) = delete;
+
+private:
+    void Enable(BOOL enable) noexcept {
+        if (frame_) frame_->EnableModeless(enable);
+    }
+
+    ComPtr<IOleInPlaceFrame> frame_;
+};
+
+} // namespace vantik

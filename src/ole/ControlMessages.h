@@ -1,0 +1,27 @@
+// What the messages of the control's window do.
+#pragma once
+
+#include "ole/ControlWindow.h"
+#include "ole/PointerInput.h"
+
+namespace vantik {
+
+class ControlMessages final : public MessageHandler {
+public:
+    explicit ControlMessages(Control& control) noexcept : control_(control), pointer_(control) {}
+
+    std::optional<LRESULT> Handle(const Message& message) override;
+
+    // Whether the key means something to the control. An error ends it silently.
+    bool KeyDown(WPARAM key) noexcept;
+
+private:
+    void Paint(HWND window);
+    void Print(HDC target);
+    void Sized(LPARAM size);
+
+    Control& control_;
+    PointerInput pointer_;
+};
+
+} // namespace vantik

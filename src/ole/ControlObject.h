@@ -1,0 +1,59 @@
+// The COM object: one identity, its reference count, and the faces that it shows.
+#pragma once
+
+#include <atomic>
+
+#include "ole/Automation.h"
+#include "ole/ConnectionFaces.h"
+#include "ole/Control.h"
+#include "ole/DataFace.h"
+#include "ole/InPlaceFace.h"
+#include "ole/Module.h"
+#include "ole/OleControlFace.h"
+#include "ole/OleObjectFace.h"
+#include "ole/PropertyBagFace.h"
+#include "ole/PropertyPages.h"
+#include "ole/QuickActivateFace.h"
+#include "ole/StreamFaces.h"
+#include "ole/ViewFace.h"
+
+namespace vantik {
+
+// The IUnknown that this class is itself never delegates: it is what an outer object keeps. Everything else leads to the
+// controlling object, which is the outer one where there is one.
+class ControlObject final : public IUnknown {
+public:
+    static HRESULT Create(IUnknown* outer, REFIID iid, void** object);
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;
+    STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
+    STDMETHODIMP_(ULONG) Release() noexcept override;
+
+private:
+    explicit ControlObject(IUnknown* outer);
+    ~ControlObject() = default;
+
+    IUnknown* Find(REFIID iid) noexcept;
+
+    ModuleReference module_;
+    std::atomic<ULONG> references_ = 1;
+
+    Control control_;
+    Automation automation_{control_};
+    OleObjectFace oleObject_{control_};
+    OleControlFace oleControl_{control_};
+    InPlaceObjectFace inPlaceObject_{control_};
+    InPlaceActiveObjectFace inPlaceActiveObject_{control_};
+    ViewFace view_{control_};
+    DataFace data_{control_};
+    PropertyBagFace propertyBag_{control_};
+    StreamInitFace streamInit_{control_};
+    StorageFace storage_{control_};
+    ConnectionContainerFace connections_{control_};
+    ClassInfoFace classInfo_{control_.Controlling};
+    ErrorSupportFace errorSupport_{control_.Controlling};
+    PropertyPagesFace propertyPages_{control_.Controlling};
+    QuickActivateFace quickActivate_{control_};
+};
+
+} // namespace vantik

@@ -1,0 +1,109 @@
+#include "ole/ControlWindow.h"
+
+#include "ole/Control.h"
+#include "ole/Module.h"
+#include "ole/WindowClass.h"
+
+namespace vantik {
+
+namespace {
+
+constexpr wchar_t ClassName[] = L"VantikFrameTab";
+
+ATOM RegisterControlWindowClass() noexcept {
+    WNDCLASSEXW description = {};
+    description.cbSize = sizeof description;
+    description.lpfnWndProc = ControlWindow::Procedure;
+    description.hInstance = ModuleInstance();
+    description.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+    description.lpszClassName = ClassName;
+    return RegisterClassExW(&description);
+}
+
+ControlWindow* OwnerOf(HWND window) noexcept {
+    return reinterpret_cast<ControlWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+} // namespace
+
+ATOM ControlWindowClass() noexcept {
+    static const ATOM registered = RegisterControlWindowClass();
+    return registered;
+}
+
+void UnregisterControlWindowClass() noexcept { UnregisterClassW(ClassName, ModuleInstance()); }
+
+bool ControlWindow::Create(HWND parent, const RECT& position) noexcept {
+    Destroy();
+    CreateWindowExW(0, MAKEINTATOM(ControlWindowClass()), nullptr,
+                    WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, position.left, position.top,
+                    position.right - position.left, position.bottom - position.top, parent, nullptr,
+                    ModuleInstance(), this);
+    return window_ != nullptr;
+}
+
+void ControlWindow::Move(const RECT& position) noexcept {
+    SetWindowPos(window_, nullptr, position.left, position.top, position.right - position.left,
+                 position.bottom - position.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void ControlWindow::Show(bool visible) noexcept {
+    if (window_) ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void ControlWindow::Destroy() noexcept {
+    if (window_) DestroyWindow(window_); // detaches on its last message
+    Detach();
+}
+
+void ControlWindow::Attach(HWND window) noexcept {
+    window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+void ControlWindow::Detach() noexcept {
+    if (!window_) return;
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    window_ = nullptr;
+}
+
+LRESULT CALLBACK ControlWindow::Procedure(HWND window, UINT number, WPARAM wParam, LPARAM lParam) noexcept {
+    if (number == WM_NCCREATE) {
+        const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+        static_cast<ControlWindow*>(creation->lpCreateParams)->Attach(window);
+    }
+    ControlWindow* owner = OwnerOf(window);
+    if (!owner) return DefWindowProcW(window, number, wParam, lParam);
+    return owner->Dispatch({window, number, wParam, lParam});
+}
+
+// The control outlives the message, whatever the host does in it.
+LRESULT ControlWindow::Dispatch(const Message& message) noexcept {
+    const ComPtr<IUnknown> alive(&control_.Controlling);
+    const auto frame = control_.Site.SimpleFrame();
+    const LRESULT result = frame ? Filtered(*frame.Get(), message) : HandleOrDefault(message);
+    if (message.Number == WM_NCDESTROY && window_ == message.Window) Detach();
+    return result;
+}
+
+LRESULT ControlWindow::Filtered(ISimpleFrameSite& frame, const Message& message) noexcept {
+    LRESULT result = 0;
+    DWORD cookie = 0;
+    const auto [window, number, wParam, lParam] = message;
+    if (frame.PreMessageFilter(window, number, wParam, lParam, &result, &cookie) == S_FALSE) return result;
+    result = HandleOrDefault(message);
+    frame.PostMessageFilter(window, number, wParam, lParam, &result, cookie);
+    return result;
+}
+
+// A run-time error ends the operation, and nobody is there to be told of it.
+LRESULT ControlWindow::HandleOrDefault(const Message& message) noexcept {
+    try {
+        if (const auto answer = handler_.Handle(message)) return *answer;
+    } catch (...) {
+        return 0;
+    }
+    return DefWindowProcW(message.Window, message.Number, message.WParam, message.LParam);
+}
+
+} // namespace vantik

@@ -1,0 +1,33 @@
+// The persistent state of the control: whether it has its values yet, and whether they differ from what was saved last.
+#pragma once
+
+#include "control/PropertyBag.h"
+
+namespace vantik {
+
+class Control;
+
+class Document {
+public:
+    explicit Document(Control& control) noexcept : control_(control) {}
+
+    // A control that its host created anew, and one that it restores.
+    void InitNew();
+    void Load(PropertyReader& reader);
+
+    void Save(PropertyWriter& writer, bool clearDirty);
+
+    // For a host that asks for something without doing either first.
+    void Need() noexcept;
+
+    bool IsReady() const noexcept { return ready_; }
+    bool IsDirty() const noexcept { return dirty_; }
+    void MarkDirty() noexcept { dirty_ = true; }
+    void MarkClean() noexcept { dirty_ = false; }
+
+private:
+    Control& control_;
+    bool ready_ = false, dirty_ = false;
+};
+
+} // namespace vantik

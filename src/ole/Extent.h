@@ -1,0 +1,40 @@
+// The size of the control, in the unit of whoever asks, and the screen's conversion factors.
+#pragma once
+
+#include "platform/mDeclares.h"
+
+namespace vantik {
+
+// Dots per inch of the screen.
+struct Resolution {
+    int X = 96, Y = 96;
+    static Resolution OfScreen() noexcept;
+
+    double TwipsPerPixelX() const noexcept { return 1440.0 / X; }
+    double TwipsPerPixelY() const noexcept { return 1440.0 / Y; }
+    SIZE ToPixels(SIZEL himetric) const noexcept;
+    SIZEL ToHiMetric(SIZE pixels) const noexcept;
+};
+
+// Set in either unit; the unit that it was set in is given back unrounded.
+class Extent {
+public:
+    Extent() noexcept { Pixels({320, 240}); }
+
+    const Resolution& Screen() const noexcept { return screen_; }
+    SIZE Pixels() const noexcept { return pixels_; }
+    SIZEL HiMetric() const noexcept { return himetric_; }
+
+    // Both say whether the size in pixels is another one now.
+    bool Pixels(SIZE pixels) noexcept;
+    bool HiMetric(SIZEL himetric) noexcept;
+
+private:
+    Resolution screen_ = Resolution::OfScreen();
+    SIZE pixels_ = {};
+    SIZEL himetric_ = {};
+};
+
+inline bool operator==(const SIZE& a, const SIZE& b) noexcept { return a.cx == b.cx && a.cy == b.cy; }
+
+} // namespace vantik

@@ -1,0 +1,33 @@
+#include "ole/Module.h"
+
+#include <atomic>
+
+// Placed by the linker at the address where the module is loaded.
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
+namespace vantik {
+
+namespace {
+
+// Objects of several apartments count here.
+std::atomic<long> locks = 0;
+
+} // namespace
+
+HINSTANCE ModuleInstance() noexcept { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
+
+std::u16string ModulePath() {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameW(ModuleInstance(), path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) return FromWide({path.data(), length});
+        path.resize(path.size() * 2);
+    }
+}
+
+void LockModule() noexcept { ++locks; }
+void UnlockModule() noexcept { --locks; }
+bool ModuleIsLocked() noexcept { return locks != 0; }
+
+} // namespace vantik

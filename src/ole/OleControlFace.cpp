@@ -1,0 +1,30 @@
+#include "ole/OleControlFace.h"
+
+#include "ole/Control.h"
+
+namespace vantik {
+
+OleControlFace::OleControlFace(Control& control) noexcept : Face(control.Controlling), control_(control) {}
+
+// Captions have no mnemonics: an ampersand in one is drawn as it is.
+STDMETHODIMP OleControlFace::GetControlInfo(CONTROLINFO* info) noexcept {
+    if (!info) return E_POINTER;
+    info->hAccel = nullptr;
+    info->cAccel = 0;
+    info->dwFlags = 0;
+    return S_OK;
+}
+
+STDMETHODIMP OleControlFace::OnMnemonic(LPMSG) noexcept { return S_OK; }
+
+STDMETHODIMP OleControlFace::OnAmbientPropertyChange(DISPID property) noexcept {
+    control_.Ambient.Changed(property);
+    return S_OK;
+}
+
+STDMETHODIMP OleControlFace::FreezeEvents(BOOL freeze) noexcept {
+    control_.Events.Freeze(freeze);
+    return S_OK;
+}
+
+} // namespace vantik

@@ -1,0 +1,115 @@
+#include "ole/PointerInput.h"
+
+#include <windowsx.h>
+
+#include <utility>
+
+#include "ole/Control.h"
+#include "ole/InputState.h"
+
+namespace vantik {
+
+namespace {
+
+enum Button : std::int16_t { LeftButton = 1, RightButton = 2, MiddleButton = 4 };
+
+struct Point {
+    float X, Y; // twips
+};
+
+Point PositionOf(const Message& message, const Resolution& screen) noexcept {
+    return {static_cast<float>(GET_X_LPARAM(message.LParam) * screen.TwipsPerPixelX()),
+            static_cast<float>(GET_Y_LPARAM(message.LParam) * screen.TwipsPerPixelY())};
+}
+
+std::int16_t HeldButtons(WPARAM keys) noexcept {
+    const auto bit = [keys](WPARAM key, int value) { return keys & key ? value : 0; };
+    return static_cast<std::int16_t>(bit(MK_LBUTTON, LeftButton) | bit(MK_RBUTTON, RightButton) |
+                                     bit(MK_MBUTTON, MiddleButton));
+}
+
+} // namespace
+
+bool PointerInput::Handle(const Message& message) {
+    switch (message.Number) {
+    case WM_MOUSEMOVE: Move(message); return true;
+    case WM_LBUTTONDOWN: Down(message, LeftButton); return true;
+    case WM_RBUTTONDOWN: Down(message, RightButton); return true;
+    case WM_MBUTTONDOWN: Down(message, MiddleButton); return true;
+    case WM_LBUTTONUP: Up(message, LeftButton); return true;
+    case WM_RBUTTONUP: Up(message, RightButton); return true;
+    case WM_MBUTTONUP: Up(message, MiddleButton); return true;
+    case WM_CAPTURECHANGED:
+        if (reinterpret_cast<HWND>(message.LParam) != message.Window) HoverLost();
+        return true;
+    case WM_SHOWWINDOW:
+    case WM_ENABLE:
+        if (!message.WParam) HoverLost();
+        return true;
+    default: return false;
+    }
+}
+
+// The arguments of an event under way are the hover state itself: it must not change under a handler that shows a menu.
+template <class Body>
+void PointerInput::Guard(Body body) {
+    ++busy_;
+    try {
+        body();
+    } catch (...) {
+        // The operation ends; nobody is there to be told.
+    }
+    if (--busy_ == 0 && control_.Activation.Window()) Settle();
+}
+
+void PointerInput::Settle() {
+    if (std::exchange(lost_, false)) HoverLost();
+}
+
+void PointerInput::HoverLost() {
+    if (busy_) {
+        lost_ = true;
+        return;
+    }
+    control_.Engine.EndHover();
+    // A menu or a message box swallowed the button's way up.
+    if (std::exchange(pressed_, false)) control_.Engine.UserControl_MouseUp(LeftButton, ShiftState(), 0, 0);
+}
+
+void PointerInput::Down(const Message& message, std::int16_t button) {
+    if (!TakesInput(control_)) return;
+    control_.Activation.UIActivate();
+    if (!control_.Activation.Window()) return;
+    if (GetCapture() != message.Window) SetCapture(message.Window);
+    pressed_ = true;
+    lost_ = false;
+    const auto [x, y] = PositionOf(message, control_.Size.Screen());
+    Guard([&] { control_.Engine.UserControl_MouseDown(button, ShiftState(), x, y); });
+}
+
+void PointerInput::Up(const Message& message, std::int16_t button) {
+    if (!TakesInput(control_)) return;
+    const auto [x, y] = PositionOf(message, control_.Size.Screen());
+    Guard([&] { control_.Engine.UserControl_MouseUp(button, ShiftState(), x, y); });
+    pressed_ = false;
+    const bool hovers = control_.Engine.State().HoverTab != -1;
+    if (!HeldButtons(message.WParam) && !hovers && GetCapture() == message.Window) ReleaseCapture();
+}
+
+// Over the strip the pointer is captured, so that its leaving is noticed; elsewhere only while a button is held.
+void PointerInput::Move(const Message& message) {
+    if (!TakesInput(control_)) return;
+    const auto [x, y] = PositionOf(message, control_.Size.Screen());
+    const std::int16_t held = HeldButtons(message.WParam);
+    Guard([&] {
+        control_.Engine.UserControl_MouseMove(held, ShiftState(), x, y);
+        // Off the strip the engine itself lets the pointer go: the button, if one is held, stays pressed.
+        if (control_.Engine.State().HoverTab == -1) lost_ = false;
+    });
+    const HWND window = control_.Activation.Window();
+    if (!window || GetCapture()) return;
+    const bool hovers = control_.Engine.State().HoverTab != -1;
+    if (held ? pressed_ : hovers) SetCapture(window);
+}
+
+} // namespace vantik

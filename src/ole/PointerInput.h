@@ -1,0 +1,31 @@
+// The pointer over the control's window.
+#pragma once
+
+#include "ole/ControlWindow.h"
+
+namespace vantik {
+
+class PointerInput {
+public:
+    explicit PointerInput(Control& control) noexcept : control_(control) {}
+
+    // Whether the message was one of the pointer's. The system's own procedure sees it afterwards in any case: it makes
+    // menus and the wheel's way upwards of it.
+    bool Handle(const Message& message);
+
+private:
+    void Down(const Message& message, std::int16_t button);
+    void Up(const Message& message, std::int16_t button);
+    void Move(const Message& message);
+    void HoverLost();
+    template <class Body>
+    void Guard(Body body);
+    void Settle();
+
+    Control& control_;
+    int busy_ = 0;         // calls into the engine that are under way
+    bool lost_ = false;    // the hover ended while one was
+    bool pressed_ = false; // a button went down here and is not known to be up again
+};
+
+} // namespace vantik

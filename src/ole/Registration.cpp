@@ -1,0 +1,95 @@
+#include "ole/Registration.h"
+
+#include "ole/ErrorInfo.h"
+#include "ole/Identifiers.h"
+#include "ole/Module.h"
+#include "ole/RegistryKey.h"
+
+namespace vantik {
+
+namespace {
+
+// What hosts can expect of the control. None of these is required of the host.
+const wchar_t* const Categories[] = {
+    L"{40FC6ED4-2438-11CF-A3DB-080036F12502}", // control
+    L"{157083E0-2368-11CF-87B9-00AA006C8166}", // simple frame: other controls stand on it
+    L"{40FC6ED5-2438-11CF-A3DB-080036F12502}", // programmable
+    L"{0DE86A53-2BAA-11CF-A229-00AA003D7352}", // persists to a stream, after InitNew
+    L"{0DE86A54-2BAA-11CF-A229-00AA003D7352}", // to a storage
+    L"{0DE86A57-2BAA-11CF-A229-00AA003D7352}", // to a property bag
+};
+
+std::wstring TextOf(REFGUID guid) {
+    wchar_t text[40] = {};
+    StringFromGUID2(guid, text, 40);
+    return text;
+}
+
+std::wstring ModuleFile() {
+    const std::u16string path = ModulePath();
+    return AsWide(path);
+}
+
+std::wstring ClassKey() { return L"CLSID\\" + TextOf(CLSID_VantikFrameTab); }
+
+std::wstring LibraryVersion() {
+    return std::to_wstring(LibraryMajorVersion) + L"." + std::to_wstring(LibraryMinorVersion);
+}
+
+void RegisterProgId() {
+    const RegistryKey progId(HKEY_CLASSES_ROOT, ProgId);
+    progId.Set(ControlTitle);
+    progId.Add(L"CLSID", TextOf(CLSID_VantikFrameTab));
+}
+
+void RegisterServer(const RegistryKey& control) {
+    const RegistryKey server(HKEY_CLASSES_ROOT, ClassKey() + L"\\InprocServer32");
+    server.Set(ModuleFile());
+    server.Set(L"ThreadingModel", L"Apartment");
+    control.Add(L"ProgID", ProgId);
+    control.Add(L"TypeLib", TextOf(LIBID_VantikFrameTabProject));
+    control.Add(L"Version", LibraryVersion());
+}
+
+void RegisterClass() {
+    const RegistryKey control(HKEY_CLASSES_ROOT, ClassKey());
+    control.Set(ControlTitle);
+    RegisterServer(control);
+    control.Add(L"Control");
+    control.Add(L"ToolboxBitmap32", ModuleFile() + L", " + std::to_wstring(ToolboxBitmapId));
+    control.Add(L"MiscStatus", L"0");
+    control.Add(L"MiscStatus\\1", std::to_wstring(MiscStatus)); // 1: the content aspect
+    control.Add(L"Verb\\" + std::to_wstring(VerbProperties), std::wstring(VerbPropertiesName) + L",0,2");
+    for (const wchar_t* category : Categories)
+        control.Add(std::wstring(L"Implemented Categories\\") + category);
+}
+
+void RegisterLibrary() {
+    ComPtr<ITypeLib> library;
+    Check(LoadTypeLibEx(ModuleFile().c_str(), REGKIND_REGISTER, library.Put()));
+}
+
+// The other bitness of the control may be registered still: only this one's entry goes.
+HRESULT UnregisterLibrary() {
+    const SYSKIND system = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+    const HRESULT result = UnRegisterTypeLib(LIBID_VantikFrameTabProject, LibraryMajorVersion,
+                                             LibraryMinorVersion, LOCALE_NEUTRAL, system);
+    return result == TYPE_E_REGISTRYACCESS || result == TYPE_E_LIBNOTREGISTERED ? S_OK : result;
+}
+
+} // namespace
+
+HRESULT RegisterControl() {
+    RegisterProgId();
+    RegisterClass();
+    RegisterLibrary();
+    return S_OK;
+}
+
+HRESULT UnregisterControl() {
+    RegistryKey::Delete(HKEY_CLASSES_ROOT, ClassKey());
+    RegistryKey::Delete(HKEY_CLASSES_ROOT, ProgId);
+    return UnregisterLibrary();
+}
+
+} // namespace vantik

@@ -1,0 +1,28 @@
+#include "ole/RegistryKey.h"
+
+#include "ole/ErrorInfo.h"
+
+namespace vantik {
+
+namespace {
+
+void CheckRegistry(LSTATUS status) { Check(HRESULT_FROM_WIN32(static_cast<DWORD>(status))); }
+
+} // namespace
+
+RegistryKey::RegistryKey(HKEY parent, const std::wstring& path) {
+    CheckRegistry(RegCreateKeyExW(parent, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key_, nullptr));
+}
+
+void RegistryKey::Set(const wchar_t* name, const std::wstring& value) const {
+    const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+    CheckRegistry(RegSetValueExW(key_, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()), size));
+}
+
+void RegistryKey::Delete(HKEY parent, const std::wstring& path) {
+    const LSTATUS status = RegDeleteTreeW(parent, path.c_str());
+    if (status != ERROR_FILE_NOT_FOUND) CheckRegistry(status);
+    RegDeleteKeyW(parent, path.c_str());
+}
+
+} // namespace vantik

@@ -1,0 +1,43 @@
+// The picture of the control, kept between repaints: what a window, a printer or a document shows is copied from here.
+#pragma once
+
+#include "gfx/Handles.h"
+
+namespace vantik {
+
+class Surface {
+public:
+    Surface() noexcept = default;
+    ~Surface() { DropBitmap(); }
+    Surface(const Surface&) = delete;
+    Surface& operator=(const Surface&) = delete;
+
+    // The same device context for the surface's whole life. OutOfMemory when there is none to be had.
+    HDC DC();
+
+    // The content is lost; it is painted anew. A size that no bitmap can have leaves one that shows nothing.
+    void Resize(SIZE pixels) noexcept;
+
+    // Fills all of it with the colour of a window's face.
+    void Clear();
+
+    // Copies to the rectangle, stretched where its size is another one. The device context may belong to a metafile or
+    // to a printer.
+    void CopyTo(HDC target, const RECT& bounds);
+
+    // Copies an area to the same place of a display of the same size.
+    void CopyPart(HDC target, const RECT& area);
+
+private:
+    void MakeBitmap() noexcept;
+    void DropBitmap() noexcept;
+    void CopyBits(HDC target, const RECT& bounds) const noexcept;
+
+    MemoryDC dc_;
+    OwnedBitmap bitmap_;
+    HGDIOBJ original_ = nullptr; // what the device context was born with
+    void* bits_ = nullptr;
+    SIZE size_ = {1, 1};
+};
+
+} // namespace vantik
