@@ -18,6 +18,18 @@ bool IsEmptyLoop(std::int32_t count) {
 // The coordinates of the last of `count` pixels must exist.
 void CheckRun(std::int32_t first, std::int32_t count) { (void)(Checked(first) + (count - 1)); }
 
+// From so many pixels on, stretching one pixel takes longer than filling with its colour.
+constexpr std::int64_t LargeArea = 4096;
+
+void FillWith(HDC target, COLORREF colour, std::int32_t x, std::int32_t y, std::int32_t width,
+              std::int32_t height) {
+    if (colour == CLR_INVALID) return; // there is no such pixel
+    const Selection brush = Select(target, GetStockObject(DC_BRUSH));
+    const COLORREF previous = SetDCBrushColor(target, colour);
+    PatBlt(target, x, y, width, height, PATCOPY);
+    SetDCBrushColor(target, previous);
+}
+
 HBITMAP BitmapOf(IPictureDisp* object) noexcept {
     const ComPtr<IPicture> picture = QueryFor<IPicture>(object);
     SHORT type = PICTYPE_NONE;
@@ -100,8 +112,11 @@ TurnedTwin* pcMemDC::TwinOf(Turn turn) {
 void pcMemDC::StretchDraw(HDC target, std::int32_t xDst, std::int32_t yDst, std::int32_t widthDst,
                           std::int32_t heightDst, std::int32_t xSrc, std::int32_t ySrc, std::int32_t widthSrc,
                           std::int32_t heightSrc) {
-    StretchBlt(target, xDst, yDst, widthDst, heightDst, MemDC, xSrc, ySrc, OrAll(widthSrc, Width),
-               OrAll(heightSrc, Height), SRCCOPY);
+    const std::int32_t width = OrAll(widthSrc, Width), height = OrAll(heightSrc, Height);
+    const bool onePixel = width == 1 && height == 1 && widthDst > 0 && heightDst > 0;
+    if (onePixel && std::int64_t{widthDst} * heightDst >= LargeArea)
+        return FillWith(target, GetPixel(MemDC, xSrc, ySrc), xDst, yDst, widthDst, heightDst);
+    StretchBlt(target, xDst, yDst, widthDst, heightDst, MemDC, xSrc, ySrc, width, height, SRCCOPY);
 }
 
 void pcMemDC::Stretch90Draw(HDC target, std::int32_t xDst, std::int32_t yDst, std::int32_t widthDst,

@@ -101,6 +101,12 @@ void TestSurface::Write(const Pixels& content) {
     if (bits_) std::copy(content.Values.begin(), content.Values.end(), bits_);
 }
 
+void TestSurface::Clear(std::uint32_t colour) {
+    GdiFlush();
+    if (bits_)
+        std::fill_n(bits_, static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_), colour);
+}
+
 ComPtr<IPictureDisp> PictureOf(const Pixels& content) {
     const BITMAPINFO info = TopDown(content.Width, content.Height);
     const ScreenDC screen = GetScreenDC();

@@ -43,6 +43,7 @@ public:
     HBITMAP Bitmap() const noexcept { return bitmap_.Get(); }
     Pixels Read() const;
     void Write(const Pixels& content);
+    void Clear(std::uint32_t colour);
 
 private:
     std::int32_t width_, height_;

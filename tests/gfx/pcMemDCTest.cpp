@@ -216,6 +216,19 @@ TEST_CASE("StretchDraw stretches, and draws nothing for a WidthDst of 0") {
     CHECK(target.Result() == "same");
 }
 
+TEST_CASE("one pixel stretched over a large area fills it, and a pixel that does not exist fills nothing") {
+    Source source(Patterned(4, 3, 1));
+    TestSurface target(Patterned(100, 90, 5));
+    Pixels expected = target.Read();
+    for (std::int32_t y = 0; y < 80; ++y)
+        for (std::int32_t x = 0; x < 90; ++x) expected.Set(5 + x, 6 + y, source.Content.At(2, 1));
+    SetDCBrushColor(target.DC(), RGB(1, 2, 3));
+    source.Surface.StretchDraw(target.DC(), 5, 6, 90, 80, 2, 1, 1, 1);
+    source.Surface.StretchDraw(target.DC(), 5, 6, 90, 80, 4, 1, 1, 1);
+    CHECK(Difference(target.Read(), expected) == "same");
+    CHECK(GetDCBrushColor(target.DC()) == RGB(1, 2, 3));
+}
+
 TEST_CASE(
     "Stretch270Draw of a 1 x 21 strip at WidthDst 0, HeightDst 5 writes 21 x 5 pixels, top pixel rightmost") {
     Source source(Patterned(6, 21, 1));

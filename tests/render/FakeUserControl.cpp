@@ -78,8 +78,7 @@ void FakeUserControl::Resize(std::int32_t width, std::int32_t height) {
 
 void FakeUserControl::Cls() {
     Log("Cls");
-    Pixels blank = surface_->Read();
-    surface_->Write(Pixels(blank.Width, blank.Height, BackColour));
+    surface_->Clear(BackColour);
 }
 
 void FakeUserControl::Refresh() { Log("Refresh"); }
