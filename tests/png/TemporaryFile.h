@@ -12,7 +12,7 @@ class TemporaryFile {
 public:
     TemporaryFile(std::string name, const std::vector<std::uint8_t>& bytes) : name_(std::move(name)) {
         std::FILE* file = std::fopen(name_.c_str(), "wb");
-        std::fwrite(bytes.data(), 1, bytes.size(), file);
+        if (!bytes.empty()) std::fwrite(bytes.data(), 1, bytes.size(), file); // data() of none may be null
         std::fclose(file);
     }
     ~TemporaryFile() { std::remove(name_.c_str()); }
