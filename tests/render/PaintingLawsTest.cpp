@@ -105,7 +105,7 @@ TEST_CASE(
     "the bottom strip is the top strip flipped, the left one is transposed, the right one turned clockwise") {
     ForRandomStates([](RandomControl& random, PaintedControl& painted) {
         ControlState& state = painted.State;
-        painted.Host.Resize(400, 400);
+        painted.Host.Resize(220, 220);
         painted.Surfaces.Picture = nullptr;
         painted.MakeSkin(random.Random(), {.PlainFrame = true});
         random.RandomTabs(false);
