@@ -20,8 +20,9 @@ struct BrokenStream {
 
 class BitReader {
 public:
-    // With so many bytes left, a few symbols can be decoded without looking for the end.
-    static constexpr std::ptrdiff_t Margin = 24;
+    // With so many bytes left, two refills in bulk stay inside the input, and a reader that fetches byte by byte would
+    // not come near the end within three literals or one match.
+    static constexpr std::ptrdiff_t Margin = 16;
 
     BitReader() = default;
     explicit BitReader(ByteView input)
@@ -70,7 +71,7 @@ public:
     // The state in registers, for a loop that must not touch memory between symbols.
     struct Registers {
         const std::uint8_t* Next;
-        const std::uint8_t* Safe; // up to here Refill may be called three times without asking
+        const std::uint8_t* Safe; // up to here Refill may be called twice without asking
         std::uint64_t Bits;
         unsigned Count;
 

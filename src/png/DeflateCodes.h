@@ -9,11 +9,13 @@
 namespace vantik {
 
 // Layout of an entry above the length byte: bits 8..12 number of extra bits, 13..15 the flags below, 16..31 the value
-// (literal, base of a length or distance, code-length symbol).
+// (literal, base of a length or distance; of
+// code lengths the length itself and, in the upper byte, how many times it stands at least).
 namespace meaning {
 inline constexpr HuffmanTable::Entry Literal = 1u << 15;
 inline constexpr HuffmanTable::Entry EndOfBlock = 1u << 14;
-inline constexpr HuffmanTable::Entry Reserved = 1u << 13; // symbols that no valid stream uses
+inline constexpr HuffmanTable::Entry Reserved = 1u << 13;       // symbols that no valid stream uses
+inline constexpr HuffmanTable::Entry RepeatPrevious = 1u << 15; // among code lengths only
 
 constexpr unsigned CodeLength(HuffmanTable::Entry entry) { return entry & 0xFF; }
 constexpr unsigned ExtraBits(HuffmanTable::Entry entry) { return entry >> 8 & 0x1F; }
@@ -66,7 +68,10 @@ inline constexpr std::array<HuffmanTable::Entry, CodeLengthSymbols> CodeLengthMe
     std::array<HuffmanTable::Entry, CodeLengthSymbols> meanings = {};
     for (unsigned symbol = 0; symbol < CodeLengthSymbols; ++symbol) {
         const unsigned extraBits = symbol == 16 ? 2 : symbol == 17 ? 3 : symbol == 18 ? 7 : 0;
-        meanings[symbol] = meaning::Make(symbol, extraBits);
+        const unsigned timesAtLeast = symbol < 16 ? 1 : symbol == 18 ? 11 : 3;
+        const bool repeatsPrevious = symbol == 16;
+        meanings[symbol] = meaning::Make(timesAtLeast << 8 | (symbol < 16 ? symbol : 0), extraBits) |
+                           (repeatsPrevious ? meaning::RepeatPrevious : 0);
     }
     return meanings;
 }();

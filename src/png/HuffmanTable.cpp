@@ -29,29 +29,67 @@ std::uint32_t Share(std::uint32_t count, unsigned length) noexcept { return coun
 } // namespace
 
 void HuffmanTable::Erase() noexcept {
-    for (unsigned i = 0; i < usedCount_; ++i) entries_[usedIndexes_[i]] = 0;
-    usedCount_ = longest_ = probeCount_ = probesThatMatter_ = 0;
+    for (unsigned i = 0; i < usedCount_; ++i) entries_[used_[i]] = 0;
+    usedCount_ = longest_ = 0;
+}
+
+HuffmanTable::Entry HuffmanTable::FindElsewhere(std::uint64_t bits) const noexcept {
+    const auto low = static_cast<std::uint32_t>(bits);
+    for (unsigned length = 1; length <= longest_; ++length) {
+        const Entry entry = entries_[low & MaskOf(length)];
+        if ((entry & 0xFF) == length) return entry;
+    }
+    return 0;
 }
 
 bool HuffmanTable::Build(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings) {
     Erase();
+    CollectUsed(lengths);
+    PerLength counts = {};
+    if (!Count(lengths, counts)) {
+        usedCount_ = longest_ = 0;
+        return false;
+    }
+    ChooseWindow(counts);
+    Fill(lengths, meanings, counts);
+    return true;
+}
+
+// Every symbol is written to the list, and stays there when it has a code: a branch would be hard to predict.
+void HuffmanTable::CollectUsed(std::span<const std::uint8_t> lengths) noexcept {
+    unsigned count = 0;
+    for (std::size_t symbol = 0; symbol < lengths.size(); ++symbol) {
+        used_[count] = static_cast<std::uint16_t>(symbol);
+        count += lengths[symbol] != 0;
+    }
+    usedCount_ = count;
+}
+
+// False when there are more codes than the code space has room for.
+bool HuffmanTable::Count(std::span<const std::uint8_t> lengths, PerLength& counts) noexcept {
     // Two counters per length: equal neighbours do not wait for each other.
     std::array<PerLength, 2> halves = {};
-    for (std::size_t i = 0; i < lengths.size(); ++i) ++halves[i & 1][lengths[i]];
-    PerLength counts = {};
+    for (unsigned i = 0; i < usedCount_; ++i) ++halves[i & 1][lengths[used_[i]]];
     std::uint32_t taken = 0;
     for (unsigned length = 1; length <= MaxLength; ++length) {
         counts[length] = halves[0][length] + halves[1][length];
         taken += Share(counts[length], length);
         if (counts[length]) longest_ = length;
     }
-    if (taken > CodeSpace) {
-        longest_ = 0;
-        return false;
+    return taken <= CodeSpace;
+}
+
+void HuffmanTable::ChooseWindow(const PerLength& counts) noexcept {
+    std::uint32_t most = 0;
+    for (unsigned start = 1; start <= LastWindowStart; ++start) {
+        std::uint32_t covered = 0;
+        for (unsigned length = start; length < start + WindowSize; ++length)
+            covered += Share(counts[length], length);
+        if (covered <= most) continue;
+        most = covered;
+        windowStart_ = start;
     }
-    Fill(lengths, meanings, counts);
-    OrderProbes(counts);
-    return true;
+    for (unsigned i = 0; i < WindowSize; ++i) masks_[i] = MaskOf(windowStart_ + i);
 }
 
 // Canonical codes: shorter ones first, equal lengths in the order of their symbols.
@@ -61,34 +99,15 @@ void HuffmanTable::Fill(std::span<const std::uint8_t> lengths, std::span<const E
     for (unsigned length = 1; length < MaxLength; ++length) {
         next[length + 1] = next[length] + Share(counts[length], length);
     }
-    const std::size_t size = std::size_t{1} << longest_;
+    const std::size_t size = std::size_t{1} << std::max(longest_, windowStart_ + WindowSize - 1);
     if (entries_.size() < size) entries_.resize(size);
-    for (std::size_t symbol = 0; symbol < lengths.size(); ++symbol) {
+    for (unsigned i = 0; i < usedCount_; ++i) {
+        const std::size_t symbol = used_[i];
         const unsigned length = lengths[symbol];
-        if (length == 0) continue;
         const std::uint32_t index = ReverseBits(next[length]);
         next[length] += Share(1, length);
         entries_[index] = meanings[symbol] | length;
-        usedIndexes_[usedCount_++] = static_cast<std::uint16_t>(index);
-    }
-}
-
-void HuffmanTable::OrderProbes(const PerLength& counts) noexcept {
-    std::array<std::uint32_t, MaxLength + 1> shares = {};
-    for (unsigned length = 1; length <= longest_; ++length) {
-        if (counts[length] == 0) continue;
-        const std::uint32_t share = Share(counts[length], length);
-        unsigned at = probeCount_++;
-        for (; at > 0 && shares[at - 1] < share; --at) {
-            shares[at] = shares[at - 1];
-            probes_[at] = probes_[at - 1];
-        }
-        shares[at] = share;
-        probes_[at] = {(1u << length) - 1, length};
-    }
-    const std::uint32_t nearlyAll = CodeSpace - CodeSpace / 32;
-    for (std::uint32_t covered = 0; probesThatMatter_ < probeCount_ && covered < nearlyAll;) {
-        covered += shares[probesThatMatter_++];
+        used_[i] = static_cast<std::uint16_t>(index);
     }
 }
 

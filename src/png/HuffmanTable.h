@@ -2,8 +2,9 @@
 //
 // One flat table: a code of length L stands only at the index that its reversed bits make, together with its length.
 // The decoder masks the next bits to a candidate length and has found its symbol when the entry there has that very
-// length. No code is the beginning of another, so at most one candidate matches and their order is free: lengths that
-// cover most of the code space are tried first, all at once and without branches.
+// length. No code is the beginning of another, so at most one candidate matches and their order is free: the run of six
+// lengths that covers most of the code space is tried first, all of it at once and without a branch; a branch for each
+// length would be mispredicted on nearly every symbol.
 #pragma once
 
 #include <array>
@@ -22,50 +23,71 @@ public:
     // 0 is no entry.
     using Entry = std::uint32_t;
 
-    struct Probe {
-        std::uint32_t Mask = 0;
-        std::uint32_t Length = 0xFF; // no entry has the length of an unused probe
-    };
+    // How many lengths are tried at once, and the highest length that such a run may start with.
+    static constexpr unsigned WindowSize = 6;
+    static constexpr unsigned LastWindowStart = MaxLength + 1 - WindowSize;
 
     // Code lengths of symbol 0, 1, ... and what each symbol means. False, and no codes, when the lengths promise more
     // codes than there are; a code with gaps is accepted.
     bool Build(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings);
 
     // The entry of the code that the bits begin with, 0 when no length matches.
-    Entry Find(std::uint64_t bits) const noexcept { return FindAfter(bits, 0); }
-
-    // The same over the candidates behind the first `skipped` ones.
-    Entry FindAfter(std::uint64_t bits, unsigned skipped) const noexcept {
+    Entry Find(std::uint64_t bits) const noexcept {
         const auto low = static_cast<std::uint32_t>(bits);
-        for (unsigned i = skipped; i < probeCount_; ++i) {
-            const Entry entry = entries_[low & probes_[i].Mask];
-            if ((entry & 0xFF) == probes_[i].Length) return entry;
-        }
-        return 0;
+        const Entry entry =
+            ProbeWindow(entries_.data(), low, windowStart_, [this](unsigned i) { return masks_[i]; });
+        return entry != 0 ? entry : FindElsewhere(bits);
     }
 
-    unsigned LongestCode() const noexcept { return longest_; }
-    const Entry* Entries() const noexcept { return entries_.data(); }
-    const Probe& ProbeAt(unsigned index) const noexcept { return probes_[index]; }
+    // The same where the compiler knows the window: one that starts where the table's own does.
+    template <unsigned WindowStart>
+    Entry FindFrom(const Entry* entries, std::uint64_t bits) const noexcept {
+        const auto low = static_cast<std::uint32_t>(bits);
+        const Entry entry =
+            ProbeWindow(entries, low, WindowStart, [](unsigned i) { return MaskOf(WindowStart + i); });
+        if (entry != 0) [[likely]]
+            return entry;
+        return FindElsewhere(bits);
+    }
 
-    // How many candidates, counted from the first, cover nearly all of the code space.
-    unsigned ProbesThatMatter() const noexcept { return probesThatMatter_; }
+    const Entry* Entries() const noexcept { return entries_.data(); }
+    unsigned LongestCode() const noexcept { return longest_; }
+    unsigned WindowStart() const noexcept { return windowStart_; }
 
 private:
     using PerLength = std::array<std::uint32_t, MaxLength + 1>;
 
+    static constexpr std::uint32_t MaskOf(unsigned length) noexcept { return (1u << length) - 1; }
+
+    // Two chains of selections that do not wait for each other.
+    template <class Masks>
+    static Entry ProbeWindow(const Entry* entries, std::uint32_t bits, unsigned start,
+                             Masks maskAt) noexcept {
+        Entry found[2] = {};
+#pragma GCC unroll 6
+        for (unsigned i = 0; i < WindowSize; ++i) {
+            const Entry entry = entries[bits & maskAt(i)];
+            found[i % 2] = static_cast<std::uint8_t>(entry) == start + i ? entry : found[i % 2];
+        }
+        return found[0] | found[1];
+    }
+
+    Entry FindElsewhere(std::uint64_t bits) const noexcept;
     void Erase() noexcept;
+    void CollectUsed(std::span<const std::uint8_t> lengths) noexcept;
+    bool Count(std::span<const std::uint8_t> lengths, PerLength& counts) noexcept;
     void Fill(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings,
               const PerLength& counts);
-    void OrderProbes(const PerLength& counts) noexcept;
+    void ChooseWindow(const PerLength& counts) noexcept;
 
-    std::vector<Entry> entries_; // 0 wherever no code of the present table stands
-    std::array<std::uint16_t, MaxSymbols> usedIndexes_ = {};
+    // 0 wherever no code of the present table stands; large enough for every probe of the window.
+    std::vector<Entry> entries_;
+    // The symbols that have a code; once the table is filled, where their codes stand, so that they can be erased.
+    std::array<std::uint16_t, MaxSymbols + 1> used_ = {};
     unsigned usedCount_ = 0;
     unsigned longest_ = 0;
-    std::array<Probe, MaxLength + 1> probes_ = {};
-    unsigned probeCount_ = 0;
-    unsigned probesThatMatter_ = 0;
+    unsigned windowStart_ = 1;
+    std::array<std::uint32_t, WindowSize> masks_ = {};
 };
 
 } // namespace vantik

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstring>
+#include <utility>
 
 #include "base/Checked.h"
 #include "png/DeflateCodes.h"
@@ -14,6 +15,50 @@ namespace {
 constexpr std::size_t Slack = 258 + 32;
 
 constexpr std::int32_t AllowedExcess = 100;
+
+template <std::size_t Width>
+inline void CopyWide(std::uint8_t* to, const std::uint8_t* from, const std::uint8_t* end) noexcept {
+    do {
+        std::memcpy(to, from, Width);
+        to += Width;
+        from += Width;
+    } while (to < end);
+}
+
+// A pattern of `distance` bytes, at most 8, repeated over a word, and how far such words may stand apart.
+struct Pattern {
+    std::uint64_t Repeat; // a 1 at every place where the pattern begins
+    unsigned Step;
+};
+
+constexpr std::array<Pattern, 8> Patterns = [] {
+    std::array<Pattern, 8> patterns = {};
+    for (unsigned distance = 1; distance < 8; ++distance) {
+        for (unsigned at = 0; at < 8; at += distance) patterns[distance].Repeat |= std::uint64_t{1} << 8 * at;
+        patterns[distance].Step = 8 - 8 % distance;
+    }
+    return patterns;
+}();
+
+inline void RepeatPattern(std::uint8_t* to, std::size_t distance, const std::uint8_t* end) noexcept {
+    std::uint64_t word;
+    std::memcpy(&word, to - distance, sizeof word);
+    word = (word & ((std::uint64_t{1} << 8 * distance) - 1)) * Patterns[distance].Repeat;
+    const unsigned step = Patterns[distance].Step;
+    do {
+        std::memcpy(to, &word, sizeof word);
+        to += step;
+    } while (to < end);
+}
+
+// May write up to 15 bytes behind the end.
+inline void CopyMatch(std::uint8_t* to, std::size_t distance, std::uint32_t length) noexcept {
+    const std::uint8_t* const from = to - distance;
+    std::uint8_t* const end = to + length;
+    if (distance >= 16) return CopyWide<16>(to, from, end);
+    if (distance >= 8) return CopyWide<8>(to, from, end);
+    RepeatPattern(to, distance, end);
+}
 
 } // namespace
 
@@ -114,7 +159,7 @@ void Inflater::ReadDynamicTables() {
     }
     if (!codeLengths_.Build(codeLengths, CodeLengthMeanings)) throw BrokenStream{inflate_result::Broken};
 
-    std::array<std::uint8_t, LiteralSymbols + DistanceSymbols> lengths = {};
+    std::array<std::uint8_t, LiteralSymbols + DistanceSymbols + sizeof(std::uint64_t)> lengths = {};
     ReadCodeLengths(lengths.data(), literalCount + distanceCount);
     const std::span all(lengths);
     if (!dynamic_.Literals.Build(all.first(literalCount), LiteralMeanings) ||
@@ -124,26 +169,21 @@ void Inflater::ReadDynamicTables() {
     tables_ = &dynamic_;
 }
 
+// A length, the length before again, or a run of zeros, all in the same steps: eight copies are stored whatever the
+// number of repeats. Only zeros are repeated more often, and behind those eight there are zeros already.
 void Inflater::ReadCodeLengths(std::uint8_t* lengths, unsigned count) {
+    std::uint32_t previous = 0;
     for (unsigned at = 0; at < count;) {
         const HuffmanTable::Entry entry = DecodeEntry(codeLengths_);
-        if (meaning::Value(entry) < 16) {
-            lengths[at++] = static_cast<std::uint8_t>(meaning::Value(entry));
-        } else {
-            RepeatLength(lengths, at, count, entry);
-        }
+        const bool repeatsPrevious = (entry & meaning::RepeatPrevious) != 0;
+        if (repeatsPrevious && at == 0) throw BrokenStream{inflate_result::NothingToRepeat};
+        const unsigned times = (meaning::Value(entry) >> 8) + bits_.Get(meaning::ExtraBits(entry));
+        if (at + times > count) throw BrokenStream{inflate_result::RepeatTooLong};
+        previous = repeatsPrevious ? previous : meaning::Value(entry) & 0xFF;
+        const std::uint64_t copies = previous * 0x0101010101010101u;
+        std::memcpy(lengths + at, &copies, sizeof copies);
+        at += times;
     }
-}
-
-// 16 repeats the length before, 17 and 18 stand for zeros, which is what the lengths are to begin with.
-void Inflater::RepeatLength(std::uint8_t* lengths, unsigned& at, unsigned count, HuffmanTable::Entry entry) {
-    const bool repeatsPrevious = meaning::Value(entry) == 16;
-    if (repeatsPrevious && at == 0) throw BrokenStream{inflate_result::NothingToRepeat};
-    const unsigned least = meaning::Value(entry) == 18 ? 11 : 3;
-    const unsigned times = least + bits_.Get(meaning::ExtraBits(entry));
-    if (at + times > count) throw BrokenStream{inflate_result::RepeatTooLong};
-    if (repeatsPrevious) std::memset(lengths + at, lengths[at - 1], times);
-    at += times;
 }
 
 HuffmanTable::Entry Inflater::DecodeEntry(const HuffmanTable& table) {
@@ -154,20 +194,29 @@ HuffmanTable::Entry Inflater::DecodeEntry(const HuffmanTable& table) {
     return entry;
 }
 
-void Inflater::DecodeSymbols(std::size_t produced) {
-    const bool fewLengths = tables_->Literals.ProbesThatMatter() <= 4;
-    if (bits_.IsFarFromEnd() && position_ + 3 <= limit_ && !isDeflate64_) {
-        if (fewLengths) {
-            DecodeFast<4, 4>(produced);
-        } else {
-            DecodeFast<6, 4>(produced);
-        }
-    }
-    if (phase_ == Phase::Symbols && position_ < produced) DecodeCarefully();
+template <unsigned... WindowStarts>
+void Inflater::ChooseDecodeFast(std::size_t produced, std::integer_sequence<unsigned, WindowStarts...>) {
+    static constexpr void (Inflater::*Variants[])(std::size_t) = {&Inflater::DecodeFast<WindowStarts + 1>...};
+    (this->*Variants[tables_->Literals.WindowStart() - 1])(produced);
 }
 
-// One symbol, with every check at every step.
-void Inflater::DecodeCarefully() {
+void Inflater::DecodeSymbols(std::size_t produced) {
+    if (bits_.IsFarFromEnd() && position_ + 3 <= limit_ && !isDeflate64_) {
+        ChooseDecodeFast(produced, std::make_integer_sequence<unsigned, HuffmanTable::LastWindowStart>());
+    }
+    DecodeCarefully(produced);
+}
+
+// Near the end of the input or of the output: with every check at every step.
+void Inflater::DecodeCarefully(std::size_t produced) {
+    const bool staysNearEnd = !bits_.IsFarFromEnd();
+    do {
+        if (phase_ != Phase::Symbols || position_ >= produced) return;
+        DecodeOneCarefully();
+    } while (staysNearEnd);
+}
+
+void Inflater::DecodeOneCarefully() {
     const HuffmanTable::Entry entry = DecodeEntry(tables_->Literals);
     if (entry & meaning::Literal) return StoreLiteral(static_cast<std::uint8_t>(meaning::Value(entry)));
     if (entry & meaning::EndOfBlock) return EndBlock();
@@ -189,11 +238,12 @@ std::uint32_t Inflater::ReadMatchLength(HuffmanTable::Entry entry) {
 }
 
 void Inflater::CopyCarefully(std::size_t distance, std::uint32_t length) {
-    for (; length > 0; --length, ++position_) {
-        if (position_ > limit_) return CutAtLimit();
-        if (distance > position_) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
-        output_.data()[position_] = output_.data()[position_ - distance];
-    }
+    if (position_ > limit_) return CutAtLimit();
+    if (distance > position_) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
+    const auto room = static_cast<std::uint32_t>(std::min<std::size_t>(length, limit_ + 1 - position_));
+    CopyMatch(output_.data() + position_, distance, room);
+    position_ += room;
+    if (room < length) CutAtLimit();
 }
 
 // A copy that goes beyond the limit ends the decoding as a final block does; the last byte is given up.
@@ -202,79 +252,12 @@ void Inflater::CutAtLimit() noexcept {
     phase_ = Phase::Ended;
 }
 
-namespace {
-
-// The first candidates of a table, held in registers.
-template <unsigned Count>
-struct FirstProbes {
-    explicit FirstProbes(const HuffmanTable& table) : Entries(table.Entries()) {
-        for (unsigned i = 0; i < Count; ++i) {
-            Masks[i] = table.ProbeAt(i).Mask;
-            Lengths[i] = static_cast<std::uint8_t>(table.ProbeAt(i).Length);
-        }
-    }
-
-    // All candidates in two chains of selections that do not wait for each other; 0 when none matches.
-    HuffmanTable::Entry Find(std::uint64_t bits) const noexcept {
-        HuffmanTable::Entry even = 0;
-        HuffmanTable::Entry odd = 0;
-        const auto low = static_cast<std::uint32_t>(bits);
-#pragma GCC unroll 8
-        for (unsigned i = 0; i < Count; i += 2) {
-            const HuffmanTable::Entry first = Entries[low & Masks[i]];
-            even = static_cast<std::uint8_t>(first) == Lengths[i] ? first : even;
-            const HuffmanTable::Entry second = Entries[low & Masks[i + 1]];
-            odd = static_cast<std::uint8_t>(second) == Lengths[i + 1] ? second : odd;
-        }
-        return even | odd;
-    }
-
-    const HuffmanTable::Entry* Entries;
-    std::uint32_t Masks[Count];
-    std::uint8_t Lengths[Count];
-};
-
-template <unsigned Count>
-inline HuffmanTable::Entry FindIn(const FirstProbes<Count>& first, const HuffmanTable& table,
-                                  std::uint64_t bits) noexcept {
-    const HuffmanTable::Entry entry = first.Find(bits);
-    if (entry != 0) [[likely]]
-        return entry;
-    return table.FindAfter(bits, Count);
-}
-
-template <std::size_t Width>
-inline void CopyWide(std::uint8_t* to, const std::uint8_t* from, const std::uint8_t* end) noexcept {
-    do {
-        std::memcpy(to, from, Width);
-        to += Width;
-        from += Width;
-    } while (to < end);
-}
-
-// May write up to 31 bytes behind the end.
-inline void CopyMatch(std::uint8_t* to, std::size_t distance, std::uint32_t length) noexcept {
-    const std::uint8_t* from = to - distance;
-    std::uint8_t* const end = to + length;
-    if (distance >= 16) return CopyWide<16>(to, from, end);
-    if (distance == 1) {
-        std::memset(to, *from, length);
-        return;
-    }
-    if (distance >= 8) return CopyWide<8>(to, from, end);
-    do *to++ = *from++;
-    while (to < end);
-}
-
-} // namespace
-
 // Up to three literals and one match a turn; ends near the end of the input or of the output, at the end of the block,
 // and when there is enough output. At its top: position < produced, position + 2 <= limit, input far from its end.
-template <unsigned LiteralProbes, unsigned DistanceProbes>
+template <unsigned WindowStart>
 void Inflater::DecodeFast(std::size_t produced) {
-    const FirstProbes<LiteralProbes> literals(tables_->Literals);
-    const FirstProbes<DistanceProbes> distances(tables_->Distances);
     const Tables& tables = *tables_;
+    const HuffmanTable::Entry* const literals = tables.Literals.Entries();
     BitReader::Registers bits = bits_.Load();
     std::uint8_t* const start = output_.data();
     std::uint8_t* out = start + position_;
@@ -287,15 +270,15 @@ void Inflater::DecodeFast(std::size_t produced) {
 
     while (out < stop && bits.Next <= bits.Safe) {
         bits.Refill();
-        HuffmanTable::Entry entry = FindIn(literals, tables.Literals, bits.Bits);
+        HuffmanTable::Entry entry = tables.Literals.FindFrom<WindowStart>(literals, bits.Bits);
         bits.DropCode(entry);
         if (entry & meaning::Literal) {
             *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
-            entry = FindIn(literals, tables.Literals, bits.Bits);
+            entry = tables.Literals.FindFrom<WindowStart>(literals, bits.Bits);
             bits.DropCode(entry);
             if (entry & meaning::Literal) {
                 *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
-                entry = FindIn(literals, tables.Literals, bits.Bits);
+                entry = tables.Literals.FindFrom<WindowStart>(literals, bits.Bits);
                 bits.DropCode(entry);
                 if (entry & meaning::Literal) {
                     *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
@@ -310,7 +293,7 @@ void Inflater::DecodeFast(std::size_t produced) {
             throw BrokenStream{inflate_result::Broken};
         }
         const std::uint32_t length = meaning::Value(entry) + bits.Get(meaning::ExtraBits(entry));
-        entry = FindIn(distances, tables.Distances, bits.Bits);
+        entry = tables.Distances.Find(bits.Bits);
         bits.DropCode(entry);
         if (entry == 0 || (entry & meaning::Reserved)) [[unlikely]] {
             leave();

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "png/BitReader.h"
@@ -53,13 +54,15 @@ private:
     void UseFixedTables();
     void ReadDynamicTables();
     void ReadCodeLengths(std::uint8_t* lengths, unsigned count);
-    void RepeatLength(std::uint8_t* lengths, unsigned& at, unsigned count, HuffmanTable::Entry entry);
     void EndBlock() noexcept;
 
     void DecodeSymbols(std::size_t produced);
-    template <unsigned LiteralProbes, unsigned DistanceProbes>
+    template <unsigned... WindowStarts>
+    void ChooseDecodeFast(std::size_t produced, std::integer_sequence<unsigned, WindowStarts...>);
+    template <unsigned WindowStart>
     void DecodeFast(std::size_t produced);
-    void DecodeCarefully();
+    void DecodeCarefully(std::size_t produced);
+    void DecodeOneCarefully();
     HuffmanTable::Entry DecodeEntry(const HuffmanTable& table);
     std::uint32_t ReadMatchLength(HuffmanTable::Entry entry);
     void CopyCarefully(std::size_t distance, std::uint32_t length);

@@ -159,14 +159,14 @@ void SwapFours(const Byte* from, Byte* to, std::size_t size) noexcept {
 
 void UnfilterPixels(std::uint8_t filterType, const std::uint8_t* filtered, const std::uint8_t* prior,
                     std::uint8_t* row, std::size_t size, std::size_t bytesPerPixel) {
-    const auto unfilter = bytesPerPixel == 3 ? Unfilter<3> : Unfilter<4>;
-    unfilter(static_cast<FilterType>(filterType), filtered, prior, row, size);
+    constexpr decltype(&Unfilter<1>) BySize[] = {Unfilter<1>, Unfilter<2>, Unfilter<3>, Unfilter<4>};
+    BySize[bytesPerPixel - 1](static_cast<FilterType>(filterType), filtered, prior, row, size);
 }
 
 void UnfilterPaethPair(std::array<const std::uint8_t*, 2> filtered, const std::uint8_t* prior,
                        std::array<std::uint8_t*, 2> rows, std::size_t size, std::size_t bytesPerPixel) {
-    const auto unfilter = bytesPerPixel == 3 ? PaethPair<3> : PaethPair<4>;
-    unfilter(filtered, prior, rows, size);
+    constexpr decltype(&PaethPair<1>) BySize[] = {PaethPair<1>, PaethPair<2>, PaethPair<3>, PaethPair<4>};
+    BySize[bytesPerPixel - 1](filtered, prior, rows, size);
 }
 
 void SwapRedBlue(const std::uint8_t* from, std::uint8_t* to, std::size_t size, std::size_t bytesPerPixel) {

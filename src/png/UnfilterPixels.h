@@ -1,4 +1,4 @@
-// The filters over whole pixels of 3 and 4 bytes, and on two rows at once: SSE2, which every target of ours has.
+// The filters over whole pixels of 1 to 4 bytes, and on two rows at once: SSE2, which every target of ours has.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@ namespace vantik {
 
 // Rows of whole pixels only: odd bit depths make rows that end inside one.
 constexpr bool HasPixelFilters(std::size_t bytesPerPixel, std::size_t rowSize) noexcept {
-    return (bytesPerPixel == 3 || bytesPerPixel == 4) && rowSize > 0 && rowSize % bytesPerPixel == 0;
+    return bytesPerPixel <= 4 && rowSize > 0 && rowSize % bytesPerPixel == 0;
 }
 
 // As UnfilterRow. All rows are read up to 16 bytes behind their end and written no further than to it.
