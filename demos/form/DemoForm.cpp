@@ -6,8 +6,8 @@ namespace vantik {
 
 namespace {
 
-constexpr SIZE FormSize = {920, 560};
-constexpr SIZE LeastSize = {720, 520};
+constexpr SIZE FormSize = {920, 620};
+constexpr SIZE LeastSize = {720, 540};
 constexpr int Margin = 12;
 
 // What the panel at the right leaves.
@@ -40,7 +40,6 @@ void DemoForm::OpenControl() {
     Set(L"TabOffSet", Pages::TabOffSet);
     Set(L"BarWidth", InitialBarWidth);
     Set(L"CaptionPos", std::int32_t{1});
-    Set(L"CaptionYjust", std::int16_t{4});
     Set(L"DelButton", false);
     Set(L"FixOcxList", Pages::FixedControl);
     Set(L"TabCount", static_cast<std::int16_t>(Pages::Captions().size()));
@@ -49,7 +48,9 @@ void DemoForm::OpenControl() {
         Call(Control(), L"SetBarCaption", {static_cast<std::int16_t>(i), Pages::Captions()[i], true});
     }
     pages_ = std::make_unique<Pages>(*form_, font_, [this](const std::wstring& line) { Note(line); });
+    ArrangeCaptions();
     pages_->TakeBackground();
+    options_->Refresh();
 }
 
 void DemoForm::Arrange() {
@@ -80,6 +81,13 @@ std::optional<LRESULT> DemoForm::OnMessage(UINT message, WPARAM wParam, LPARAM l
     case WM_GETMINMAXINFO:
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {LeastSize.cx, LeastSize.cy};
         return 0;
+    case WM_ERASEBKGND:
+        if (!pages_) return std::nullopt;
+        pages_->Fill(form_->Window().Handle(), reinterpret_cast<HDC>(wParam));
+        return 1;
+    case WM_CTLCOLORSTATIC:
+        if (!pages_) return std::nullopt;
+        return pages_->Colour(reinterpret_cast<HDC>(wParam));
     case WM_COMMAND:
         if (options_ && options_->Command(wParam)) return 0;
         return std::nullopt;

@@ -22,23 +22,28 @@ public:
     HostForm& Form() noexcept { return *form_; }
     IDispatch& Control() { return form_->Control(); }
 
-    // What the options do; used by the pictures, too. The options themselves do not follow.
+    // What the options do; the pictures use it, too.
+    void ShowSide(int side);
     void ShowIcons(bool show);
     void EnableTab(std::int16_t tab, bool enable);
-    void UseSkin(std::size_t index);
+    void UseSkin(int skin);
     void SetTabCount(std::int16_t count);
-    void ClearEvents() { events_->Clear(); }
+    void ShowOptions() { options_->Refresh(); } // after changes that did not come from them
     const std::vector<SkinChoice>& Skins() const noexcept { return skins_; }
 
 private:
     static constexpr int PanelWidth = 236;
-    static constexpr std::int16_t InitialBarWidth = 92;
+    static constexpr std::int16_t InitialBarWidth = 96;
 
     void OpenControl();
     void MakeOptions();
     void MakeLookOptions();
     void MakeTabOptions();
+    OptionPanel::Setting<int> NumberSetting(const wchar_t* property);
+    OptionPanel::Setting<bool> FlagSetting(const wchar_t* property);
+    OptionPanel::Setting<std::wstring> TextSetting(const wchar_t* property);
     void Arrange();
+    void ArrangeCaptions();
     void Note(const std::wstring& line);
     void OnEvent(EventCall& event);
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -51,10 +56,14 @@ private:
     void InsertTab();
     void RemoveTab();
     void ShowTabMenu();
-    std::int16_t Number(const wchar_t* property);
+    int Number(const wchar_t* property);
+    std::int16_t ActiveTab();
+    bool IsEnabled(std::int16_t tab);
 
     FormFont font_;
     std::vector<SkinChoice> skins_;
+    int skin_ = 0;
+    bool icons_ = false;
     std::unique_ptr<HostForm> form_;
     std::unique_ptr<OptionPanel> options_;
     std::unique_ptr<EventList> events_;

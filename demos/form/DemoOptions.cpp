@@ -8,11 +8,17 @@ namespace {
 const std::vector<std::wstring> Sides = {L"Left", L"Right", L"Top", L"Bottom"}; // in the order of dTabPos
 const std::vector<std::wstring> Placements = {L"Start", L"Middle", L"End", L"Custom"}; // of dTabBarPos
 const std::vector<std::wstring> Alignments = {L"Left", L"Middle", L"Right"};           // of FontPos
-constexpr int Top = 2;
-constexpr int Middle = 1;
 
 constexpr std::int16_t ManyTabs = 40;
 constexpr std::int16_t TabToDisable = 2;
+constexpr int TopSide = 2;
+constexpr int BottomSide = 3;
+
+// Pixels that set icons and captions nicely into the bars of the built-in skin.
+constexpr std::int16_t IconShift = 2;
+constexpr std::int16_t CaptionShift = 6;
+constexpr std::int16_t CaptionDrop = 4;
+
 constexpr const wchar_t* Icons[] = {L"Sun", L"HandNo"};
 
 std::vector<std::wstring> NamesOf(const std::vector<SkinChoice>& skins) {
@@ -32,26 +38,39 @@ void DemoForm::MakeOptions() {
     options_->AddHeading(L"Events");
 }
 
+// A setting that is a property of the control.
+OptionPanel::Setting<int> DemoForm::NumberSetting(const wchar_t* property) {
+    return {[=, this](int number) { Set(property, number); }, [=, this] { return Number(property); }};
+}
+
+OptionPanel::Setting<bool> DemoForm::FlagSetting(const wchar_t* property) {
+    return {[=, this](bool flag) { Set(property, flag); },
+            [=, this] { return Get(Control(), property).Flag(); }};
+}
+
+OptionPanel::Setting<std::wstring> DemoForm::TextSetting(const wchar_t* property) {
+    return {[=, this](const std::wstring& text) { Set(property, text); },
+            [=, this] { return Get(Control(), property).Text(); }};
+}
+
 void DemoForm::MakeLookOptions() {
-    options_->AddChoice(L"Side", Sides, Top, [this](int side) { Set(L"TabPos", side); });
-    options_->AddChoice(L"Placement", Placements, 0, [this](int placement) { Set(L"TabBarPos", placement); });
-    options_->AddChoice(L"Captions", Alignments, Middle,
-                        [this](int alignment) { Set(L"CaptionPos", alignment); });
-    options_->AddChoice(L"Skin", NamesOf(skins_), 0,
-                        [this](int skin) { UseSkin(static_cast<std::size_t>(skin)); });
-    options_->AddNumber(L"Bar width", InitialBarWidth, 1, 400,
-                        [this](int width) { Set(L"BarWidth", static_cast<std::int16_t>(width)); });
-    options_->AddNumber(L"Bar gap", 0, 0, 40,
-                        [this](int gap) { Set(L"TabToTab", static_cast<std::int16_t>(gap)); });
-    options_->AddText(L"Fixed", Pages::FixedControl,
-                      [this](const std::wstring& names) { Set(L"FixOcxList", names); });
+    options_->AddChoice(L"Side", Sides,
+                        {[this](int side) { ShowSide(side); }, [this] { return Number(L"TabPos"); }});
+    options_->AddChoice(L"Placement", Placements, NumberSetting(L"TabBarPos"));
+    options_->AddChoice(L"Captions", Alignments, NumberSetting(L"CaptionPos"));
+    options_->AddChoice(L"Skin", NamesOf(skins_),
+                        {[this](int skin) { UseSkin(skin); }, [this] { return skin_; }});
+    options_->AddNumber(L"Bar width", 1, 400, NumberSetting(L"BarWidth"));
+    options_->AddNumber(L"Bar gap", 0, 40, NumberSetting(L"TabToTab"));
+    options_->AddText(L"Fixed", TextSetting(L"FixOcxList"));
 }
 
 void DemoForm::MakeTabOptions() {
-    options_->AddSwitch(L"Edges on every bar", false, [this](bool on) { Set(L"TabBorder", on); });
-    options_->AddSwitch(L"Close buttons", false, [this](bool on) { Set(L"DelButton", on); });
-    options_->AddSwitch(L"Icons", false, [this](bool on) { ShowIcons(on); });
-    options_->AddSwitch(L"Disable the third tab", false, [this](bool on) { EnableTab(TabToDisable, !on); });
+    options_->AddSwitch(L"Edges on every bar", FlagSetting(L"TabBorder"));
+    options_->AddSwitch(L"Close buttons", FlagSetting(L"DelButton"));
+    options_->AddSwitch(L"Icons", {[this](bool on) { ShowIcons(on); }, [this] { return icons_; }});
+    options_->AddSwitch(L"Disable the third tab", {[this](bool on) { EnableTab(TabToDisable, !on); },
+                                                   [this] { return !IsEnabled(TabToDisable); }});
     options_->AddGap(4);
     options_->AddButtons({{L"Insert", [this] { InsertTab(); }},
                           {L"Remove", [this] { RemoveTab(); }},
@@ -71,56 +90,72 @@ void DemoForm::Set(const wchar_t* property, Variant value) {
     Try([&] { Put(Control(), property, std::move(value)); });
 }
 
-std::int16_t DemoForm::Number(const wchar_t* property) {
-    return static_cast<std::int16_t>(Get(Control(), property).Number());
+int DemoForm::Number(const wchar_t* property) { return Get(Control(), property).Number(); }
+
+bool DemoForm::IsEnabled(std::int16_t tab) { return Call(Control(), L"GetTabEnable", {tab}).Flag(); }
+
+void DemoForm::ShowSide(int side) {
+    Set(L"TabPos", side);
+    ArrangeCaptions();
 }
 
 void DemoForm::ShowIcons(bool show) {
+    icons_ = show;
     Try([&] {
-        const std::int16_t count = Number(L"TabCount");
+        const int count = Number(L"TabCount");
         for (std::int16_t tab = 0; tab < count; ++tab) {
             Call(Control(), L"SetBarIco", {tab, show ? Icons[tab % 2] : L"-1"});
         }
-        Put(Control(), L"IcoXjust", std::int16_t{2});
-        Put(Control(), L"CaptionXjust", static_cast<std::int16_t>(show ? 8 : 0));
     });
+    Set(L"IcoXjust", IconShift);
+    ArrangeCaptions();
+}
+
+// Captions stand in the middle of their bars, or, where there are icons, a little away from them.
+void DemoForm::ArrangeCaptions() {
+    const int side = Number(L"TabPos");
+    const bool lying = side == TopSide || side == BottomSide;
+    const std::int16_t shift = icons_ ? CaptionShift : 0;
+    Set(L"CaptionXjust", lying ? shift : std::int16_t{0});
+    Set(L"CaptionYjust", lying ? CaptionDrop : shift);
 }
 
 void DemoForm::EnableTab(std::int16_t tab, bool enable) {
     Try([&] { Call(Control(), L"SetBarEnable", {tab, enable}); });
 }
 
-void DemoForm::UseSkin(std::size_t index) {
+void DemoForm::UseSkin(int skin) {
     Try([&] {
-        Put(Control(), L"SkinPath", skins_.at(index).Folder);
+        Put(Control(), L"SkinPath", skins_.at(static_cast<std::size_t>(skin)).Folder);
         Put(Control(), L"SkinFile", L"skin.ini");
+        skin_ = skin;
         pages_->TakeBackground();
     });
 }
 
 void DemoForm::SetTabCount(std::int16_t count) { Set(L"TabCount", count); }
 
+std::int16_t DemoForm::ActiveTab() { return static_cast<std::int16_t>(Number(L"ActiveTab")); }
+
 void DemoForm::InsertTab() {
     Try([&] {
         Bstr caption(L"");
-        Call(Control(), L"InsertTab", {Number(L"ActiveTab"), caption.Put()});
+        Call(Control(), L"InsertTab", {ActiveTab(), caption.Put()});
         Note(L"inserted " + caption.Text());
     });
 }
 
 void DemoForm::RemoveTab() {
-    Try([&] { Call(Control(), L"RemoveTab", {Number(L"ActiveTab")}); });
+    Try([&] { Call(Control(), L"RemoveTab", {ActiveTab()}); });
 }
 
 void DemoForm::ShowTabMenu() {
     const HMENU menu = CreatePopupMenu();
-    const std::int16_t count = Number(L"TabCount");
+    const int count = Number(L"TabCount");
     for (std::int16_t tab = 0; tab < count; ++tab) {
-        const bool active = tab == Number(L"ActiveTab");
-        const bool enabled = Call(Control(), L"GetTabEnable", {tab}).Flag();
+        const UINT state = (tab == ActiveTab() ? MF_CHECKED : 0U) | (IsEnabled(tab) ? 0U : MF_GRAYED);
         const std::wstring caption = Call(Control(), L"GetTabCaption", {tab}).Text();
-        AppendMenuW(menu, (active ? MF_CHECKED : 0U) | (enabled ? 0U : MF_GRAYED),
-                    static_cast<UINT_PTR>(tab + 1), caption.c_str());
+        AppendMenuW(menu, state, static_cast<UINT_PTR>(tab + 1), caption.c_str());
     }
     POINT pointer = {};
     GetCursorPos(&pointer);

@@ -14,6 +14,7 @@ constexpr int SwitchHeight = 22;
 constexpr int FieldHeight = 22;
 constexpr int LabelWidth = 84;
 constexpr int NumberWidth = 64;
+constexpr int ArrowsWidth = 18;
 constexpr int ButtonHeight = 25;
 constexpr int ButtonGap = 6;
 constexpr int DropDownHeight = 220;
@@ -39,10 +40,10 @@ Box OptionPanel::FieldBox(int width, int height) const noexcept {
     return {LabelWidth, height_, width, height};
 }
 
-void OptionPanel::AddChoice(const std::wstring& label, const std::vector<std::wstring>& choices, int chosen,
-                            Choose choose) {
+void OptionPanel::AddChoice(const std::wstring& label, const std::vector<std::wstring>& choices,
+                            Setting<int> setting) {
     AddLabel(label);
-    const int id = NextId([choose = std::move(choose)](HWND box, WORD code) {
+    const int id = NextId([choose = std::move(setting.Choose)](HWND box, WORD code) {
         if (code == CBN_SELCHANGE) choose(static_cast<int>(SendMessageW(box, CB_GETCURSEL, 0, 0)));
     });
     const HWND box = Add(L"COMBOBOX", L"", CBS_DROPDOWNLIST | WS_TABSTOP | WS_VSCROLL,
@@ -50,46 +51,54 @@ void OptionPanel::AddChoice(const std::wstring& label, const std::vector<std::ws
     for (const std::wstring& choice : choices) {
         SendMessageW(box, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.c_str()));
     }
-    SendMessageW(box, CB_SETCURSEL, static_cast<WPARAM>(chosen), 0);
+    refreshers_.push_back([box, chosen = std::move(setting.Chosen)] {
+        SendMessageW(box, CB_SETCURSEL, static_cast<WPARAM>(chosen()), 0);
+    });
     height_ += RowHeight;
 }
 
-void OptionPanel::AddNumber(const std::wstring& label, int number, int least, int most, Choose choose) {
+void OptionPanel::AddNumber(const std::wstring& label, int least, int most, Setting<int> setting) {
     AddLabel(label);
-    const int id = NextId([=](HWND field, WORD code) {
+    const int id = NextId([choose = std::move(setting.Choose), least, most](HWND field, WORD code) {
         if (code != EN_CHANGE || TextOf(field).empty()) return;
         const int value =
             static_cast<int>(GetDlgItemInt(GetParent(field), GetDlgCtrlID(field), nullptr, TRUE));
         choose(std::clamp(value, least, most));
     });
-    const HWND field = Add(L"EDIT", std::to_wstring(number), ES_NUMBER | ES_RIGHT | WS_TABSTOP,
-                           FieldBox(NumberWidth, FieldHeight), id);
-    Box arrows = FieldBox(18, FieldHeight);
+    const HWND field =
+        Add(L"EDIT", L"", ES_NUMBER | ES_RIGHT | WS_TABSTOP, FieldBox(NumberWidth, FieldHeight), id);
+    Box arrows = FieldBox(ArrowsWidth, FieldHeight);
     arrows.Left += NumberWidth;
     const HWND buttons =
         Add(UPDOWN_CLASSW, L"", UDS_ARROWKEYS | UDS_SETBUDDYINT | UDS_NOTHOUSANDS, arrows, -1);
     SendMessageW(buttons, UDM_SETBUDDY, reinterpret_cast<WPARAM>(field), 0);
     SendMessageW(buttons, UDM_SETRANGE32, static_cast<WPARAM>(least), most);
-    SendMessageW(buttons, UDM_SETPOS32, 0, number);
+    refreshers_.push_back(
+        [buttons, chosen = std::move(setting.Chosen)] { SendMessageW(buttons, UDM_SETPOS32, 0, chosen()); });
     height_ += RowHeight;
 }
 
-void OptionPanel::AddText(const std::wstring& label, const std::wstring& text, Enter enter) {
+void OptionPanel::AddText(const std::wstring& label, Setting<std::wstring> setting) {
     AddLabel(label);
-    const int id = NextId([enter = std::move(enter)](HWND field, WORD code) {
-        if (code == EN_CHANGE) enter(TextOf(field));
+    const int id = NextId([choose = std::move(setting.Choose)](HWND field, WORD code) {
+        if (code == EN_CHANGE) choose(TextOf(field));
     });
-    Add(L"EDIT", text, ES_AUTOHSCROLL | WS_TABSTOP, FieldBox(width_ - LabelWidth, FieldHeight), id);
+    const HWND field =
+        Add(L"EDIT", L"", ES_AUTOHSCROLL | WS_TABSTOP, FieldBox(width_ - LabelWidth, FieldHeight), id);
+    refreshers_.push_back(
+        [field, chosen = std::move(setting.Chosen)] { SetWindowTextW(field, chosen().c_str()); });
     height_ += RowHeight;
 }
 
-void OptionPanel::AddSwitch(const std::wstring& label, bool on, Switch change) {
-    const int id = NextId([change = std::move(change)](HWND box, WORD code) {
-        if (code == BN_CLICKED) change(SendMessageW(box, BM_GETCHECK, 0, 0) == BST_CHECKED);
+void OptionPanel::AddSwitch(const std::wstring& label, Setting<bool> setting) {
+    const int id = NextId([choose = std::move(setting.Choose)](HWND box, WORD code) {
+        if (code == BN_CLICKED) choose(SendMessageW(box, BM_GETCHECK, 0, 0) == BST_CHECKED);
     });
     const HWND box = Add(L"BUTTON", label, BS_AUTOCHECKBOX | WS_TABSTOP,
-                         {LabelWidth, height_, width_ - LabelWidth, 18}, id);
-    SendMessageW(box, BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
+                         {LabelWidth, height_, width_ - LabelWidth, SwitchHeight - 4}, id);
+    refreshers_.push_back([box, chosen = std::move(setting.Chosen)] {
+        SendMessageW(box, BM_SETCHECK, chosen() ? BST_CHECKED : BST_UNCHECKED, 0);
+    });
     height_ += SwitchHeight;
 }
 
@@ -119,11 +128,16 @@ void OptionPanel::MoveTo(int left, int top) {
     }
 }
 
+void OptionPanel::Refresh() {
+    refreshing_ = true;
+    for (const auto& refresh : refreshers_) refresh();
+    refreshing_ = false;
+}
+
 bool OptionPanel::Command(WPARAM wParam) {
     const auto found = commands_.find(LOWORD(wParam));
     if (found == commands_.end()) return false;
-    const auto command = found->second; // it may change the panel
-    command(GetDlgItem(form_, LOWORD(wParam)), HIWORD(wParam));
+    if (!refreshing_) found->second(GetDlgItem(form_, LOWORD(wParam)), HIWORD(wParam));
     return true;
 }
 

@@ -14,19 +14,24 @@ class OptionPanel {
 public:
     OptionPanel(HWND form, const FormFont& font, int width) : form_(form), font_(font), width_(width) {}
 
-    using Choose = std::function<void(int)>;
-    using Switch = std::function<void(bool)>;
-    using Enter = std::function<void(const std::wstring&)>;
+    // What choosing does, and what there is chosen now.
+    template <class Value>
+    struct Setting {
+        std::function<void(Value)> Choose;
+        std::function<Value()> Chosen;
+    };
     using Push = std::function<void()>;
 
-    void AddChoice(const std::wstring& label, const std::vector<std::wstring>& choices, int chosen,
-                   Choose choose);
-    void AddNumber(const std::wstring& label, int number, int least, int most, Choose choose);
-    void AddText(const std::wstring& label, const std::wstring& text, Enter enter);
-    void AddSwitch(const std::wstring& label, bool on, Switch change);
+    void AddChoice(const std::wstring& label, const std::vector<std::wstring>& choices, Setting<int> setting);
+    void AddNumber(const std::wstring& label, int least, int most, Setting<int> setting);
+    void AddText(const std::wstring& label, Setting<std::wstring> setting);
+    void AddSwitch(const std::wstring& label, Setting<bool> setting);
     void AddButtons(const std::vector<std::pair<std::wstring, Push>>& buttons); // side by side
     void AddHeading(const std::wstring& text);
     void AddGap(int pixels) { height_ += pixels; }
+
+    // Shows what is chosen now.
+    void Refresh();
 
     int Height() const noexcept { return height_; }
     void MoveTo(int left, int top);
@@ -51,6 +56,8 @@ private:
     int height_ = 0;
     std::vector<Widget> widgets_;
     std::map<int, std::function<void(HWND, WORD)>> commands_;
+    std::vector<std::function<void()>> refreshers_;
+    bool refreshing_ = false; // what a widget reports meanwhile is nobody's choice
 };
 
 } // namespace vantik

@@ -47,7 +47,7 @@ const PageWidget Widgets[] = {
     {1, L"chkLarge", L"BUTTON", L"Large letters", Check | WS_GROUP, {X2, Row(2) + 20, 160, 20}},
     {1, L"chkMotion", L"BUTTON", L"Less motion", Check, {X2, Row(2) + 44, 160, 20}},
 
-    {2, L"lblHost", L"STATIC", L"Server", Label, {X, Row(0) + 3, 80, 18}},
+    {2, L"lblHost", L"STATIC", L"Name", Label, {X, Row(0) + 3, 80, 18}},
     {2, L"txtHost", L"EDIT", L"proxy.example.org", Field, {X2, Row(0), 260, 22}},
     {2, L"lblPort", L"STATIC", L"Port", Label, {X, Row(1) + 3, 80, 18}},
     {2, L"txtPort", L"EDIT", L"8080", Field | ES_NUMBER, {X2, Row(1), 72, 22}},
@@ -75,8 +75,7 @@ constexpr int FirstId = 1000;
 } // namespace
 
 const std::vector<std::wstring>& Pages::Captions() {
-    static const std::vector<std::wstring> captions = {L"General", L"Display", L"Network", L"Notes",
-                                                       L"About"};
+    static const std::vector<std::wstring> captions = {L"Person", L"Look", L"Server", L"Notes", L"About"};
     return captions;
 }
 
@@ -123,16 +122,24 @@ void Pages::TakeBackground() {
     colour_ = *colour;
     DeleteObject(brush_);
     brush_ = CreateSolidBrush(colour_);
-    RedrawWindow(form_.ControlWindow(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    RedrawWindow(form_.Window().Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+LRESULT Pages::Colour(HDC dc) const {
+    SetBkColor(dc, colour_);
+    SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
+    return reinterpret_cast<LRESULT>(brush_);
+}
+
+void Pages::Fill(HWND form, HDC dc) const {
+    RECT client = {};
+    GetClientRect(form, &client);
+    FillRect(dc, &client, brush_);
 }
 
 std::optional<LRESULT> Pages::ControlMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN) {
-        const auto dc = reinterpret_cast<HDC>(wParam);
-        SetBkColor(dc, colour_);
-        SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
-        return reinterpret_cast<LRESULT>(brush_);
-    }
+    if (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN)
+        return Colour(reinterpret_cast<HDC>(wParam));
     if (message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED && lParam != 0) {
         const std::size_t index = static_cast<std::size_t>(LOWORD(wParam) - FirstId);
         if (index < std::size(Widgets)) report_(std::wstring(Widgets[index].Name) + L"_Click()");

@@ -27,6 +27,10 @@ public:
     void Arrange(SIZE control); // keeps the fixed button in its corner
     void TakeBackground();      // the colour that the control now paints under them
 
+    // The form is as the page, so that the control seems to stand on nothing.
+    LRESULT Colour(HDC dc) const; // the answer of WM_CTLCOLORSTATIC
+    void Fill(HWND form, HDC dc) const;
+
     // What the control's window was sent by its children.
     std::optional<LRESULT> ControlMessage(UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -27,6 +27,7 @@ public:
     }
 
     void Take(const std::wstring& name) {
+        demo_.ShowOptions();
         PumpMessages(demo_.Form());
         SavePng(TakeSnapshot(demo_.Form().Window().Handle()), (folder_ / (name + L".png")).wstring());
     }
@@ -35,7 +36,7 @@ public:
         for (const Named& side : Sides) {
             for (const Named& placement : Placements) {
                 for (const Named& border : Borders) {
-                    Put(demo_.Control(), L"TabPos", side.Value);
+                    demo_.ShowSide(side.Value);
                     Put(demo_.Control(), L"TabBarPos", placement.Value);
                     Put(demo_.Control(), L"TabBorder", border.Value != 0);
                     Take(std::wstring(side.Name) + L"-" + placement.Name + L"-" + border.Name);
@@ -46,7 +47,7 @@ public:
 
     void Reset(std::int32_t side) {
         Put(demo_.Control(), L"TabBarPos", std::int32_t{0});
-        Put(demo_.Control(), L"TabPos", side);
+        demo_.ShowSide(side);
         Put(demo_.Control(), L"TabBorder", false);
     }
 
@@ -58,10 +59,10 @@ public:
             Reset(side.Value);
             Take(std::wstring(L"looks-") + side.Name);
         }
-        for (std::size_t skin = 1; skin < demo_.Skins().size(); ++skin) {
+        for (int skin = 1; skin < static_cast<int>(demo_.Skins().size()); ++skin) {
             Reset(2);
             demo_.UseSkin(skin);
-            Take(L"skin-" + demo_.Skins()[skin].Name);
+            Take(L"skin-" + demo_.Skins()[static_cast<std::size_t>(skin)].Name);
         }
     }
 

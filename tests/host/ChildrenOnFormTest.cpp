@@ -7,7 +7,7 @@ namespace vantik {
 
 namespace {
 
-constexpr std::int32_t TabOffSet = 20000;
+constexpr std::int32_t TabOffSet = 15000; // a whole number of pixels
 
 HWND Button(HWND parent, int left) {
     return CreateWindowExW(0, L"BUTTON", L"b", WS_CHILD | WS_VISIBLE, left, 60, 40, 20, parent, nullptr,

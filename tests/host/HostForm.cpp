@@ -50,6 +50,12 @@ HWND HostForm::ControlWindow() const {
 void HostForm::MoveControl(const RECT& pixels) {
     place_ = ToPlacement(pixels);
     SetExtent();
+    ControlAsksForPlace(pixels);
+}
+
+// It gets what it asks for. A new extent makes it ask, so the extent is not set again here.
+void HostForm::ControlAsksForPlace(const RECT& pixels) {
+    place_ = ToPlacement(pixels);
     if (inPlace_) Check(inPlace_->SetObjectRects(&pixels, &pixels), "SetObjectRects");
 }
 

@@ -94,7 +94,7 @@ private:
     std::vector<ComPtr<IUnknown>> AllObjects() override;
     void ControlActivated(bool active) override;
     void ControlUIActivated(bool active) override { uiActive_ = active; }
-    void ControlAsksForPlace(const RECT& pixels) override { MoveControl(pixels); }
+    void ControlAsksForPlace(const RECT& pixels) override;
     void PropertyChanged(DISPID id) override;
     std::optional<LRESULT> ControlMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
 
