@@ -6,6 +6,7 @@
 #include <random>
 
 #include "tests/RunTimeErrors.h"
+#include "tests/gfx/GdiObjects.h"
 #include "tests/gfx/TestSurface.h"
 
 using namespace vantik;
@@ -419,4 +420,19 @@ TEST_CASE("coordinates at the edges of 32 bits are no trouble for the operations
     source.Surface.Draw(target.Surface.DC(), Far, Far, Far, Far, Far, Far, true);
     source.Surface.Draw(target.Surface.DC(), -Far - 1, -Far - 1, Far, Far, -Far - 1, -Far - 1, true);
     CHECK(target.Result() == "same");
+}
+
+TEST_CASE("a surface releases its GDI objects when it grows and when it ends") {
+    const ComPtr<IPictureDisp> small = PictureOf(WithKey(9, 7, 1)), large = PictureOf(WithKey(30, 30, 1));
+    Target target;
+    const int before = GdiObjectCount();
+    for (int i = 0; i < 50; ++i) {
+        pcMemDC surface;
+        for (const ComPtr<IPictureDisp>& picture : {small, large, small}) {
+            surface.CreateFromPicture(picture.Get());
+            for (const auto& operation : DrawOperations)
+                (surface.*operation.Draw)(target.Surface.DC(), 0, 0, 9, 7, 1, 1, true);
+        }
+    }
+    CHECK(GdiObjectCount() == before);
 }

@@ -172,3 +172,26 @@ TEST_CASE("the slot of a tab is a 16-bit difference") {
     CHECK_FALSE(IsVisibleSlot(c, -1));
     CHECK(IsVisibleSlot(c, 2));
 }
+
+TEST_CASE("the band of a look's fill stands on the strip's inner edge on every side") {
+    CHECK(Text(FillBand(Row(Windowtop), 1, BarNormal)) == "46,5-86,23");
+    CHECK(Text(FillBand(Row(WindowBottom), 1, BarNormal)) == "46,5-86,23");
+    CHECK(Text(FillBand(Row(WindowLeft), 1, BarNormal)) == "5,46-23,86");
+    CHECK(Text(FillBand(Row(WindowRight), 1, BarActive)) == "5,46-25,86");
+}
+
+TEST_CASE("checking a bar raises what painting it would") {
+    ControlState c = Row(WindowLeft);
+    c.Tabs.Resize(10);
+    const auto check = [&](std::int16_t index, std::uint8_t state) {
+        return NumberRaisedBy([&] { CheckBar(c, index, state); });
+    };
+    CHECK(check(10, BarActive) == 0); // the spare record
+    CHECK(check(11, BarActive) == 9);
+    CHECK(check(-1, BarNormal) == 9);
+    CHECK(check(1, 24) == 9);
+    SetSize(c.SkinRects, FillPic0, 1, 32768);
+    CHECK(check(1, BarNormal) == 6); // turned pixel by pixel, counted in 16 bits
+    c.Properties.TabPos = Windowtop;
+    CHECK(check(1, BarNormal) == 0);
+}

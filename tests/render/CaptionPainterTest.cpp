@@ -100,13 +100,13 @@ TEST_CASE(
     c.State.Properties.TabToTab = 7;
     c.State.Properties.TabBorder = True;
     for (const std::int16_t shift :
-         {std::int16_t{-25}, std::int16_t{-4}, std::int16_t{5}, std::int16_t{60}}) {
+         {std::int16_t{-25}, std::int16_t{-4}, std::int16_t{5}, std::int16_t{80}}) {
         c.State.Properties.CaptionXjust = shift;
-        c.State.Properties.CaptionYjust = static_cast<std::int16_t>(shift / 4);
+        c.State.Properties.CaptionYjust = static_cast<std::int16_t>(shift / 16);
         c.Caption(0, u"Text");
         const LayoutRect bar = BarRect(c.State, 0);
         CHECK(bar.Width == 93);
-        CHECK(Difference(c.Read(), c.ExpectedText(u"Text", Moved(bar, shift, shift / 4), bar, DT_LEFT)) ==
+        CHECK(Difference(c.Read(), c.ExpectedText(u"Text", Moved(bar, shift, shift / 16), bar, DT_LEFT)) ==
               "same");
     }
 }
@@ -149,6 +149,7 @@ TEST_CASE("no caption is written under or beyond a close button") {
             Captions c(side);
             c.GiveCloseButtons(14);
             c.State.Properties.CaptionPos = position;
+            c.State.Properties.CaptionXjust = c.State.Properties.CaptionYjust = 4;
             c.Caption(0, u"WWWWWWWWWWWWWWWW");
             std::int32_t widest = 0;
             for (std::int32_t s = 0; s < 3; ++s)
