@@ -64,6 +64,8 @@ refusals() {
     check "a wheel that turns by no number is refused" refused "--wheel up: expected a number of notches"
     snap --do "SetBarCaption 0 'Home" --out never.png
     check "an open quotation mark is refused" refused "--do SetBarCaption 0 'Home: a quotation mark is not closed"
+    snap @nowhere.txt
+    check "a file of arguments that is not there is refused" refused "cannot read nowhere.txt"
     snap --out
     check "an option without its value is refused" refused "--out needs a value"
 }
@@ -87,6 +89,9 @@ members() {
     check "a method is called with quoted arguments" prints "$(lines 'GetTabCaption = "Home page"' 'TabCount = 5')"
     snap --set TabPos=WindowLeft --do TabPos --set "CaptionColor0=#FF8000" --do CaptionColor0
     check "constants and colours have names" prints "$(lines 'TabPos = 0' 'CaptionColor0 = 33023')"
+    printf '%s\n' --set DefaultCaption=页 --set TabCount=2 --do 'GetTabCaption 1' >steps.txt
+    snap @steps.txt --do TabCount
+    check "arguments come from a file, too" prints "$(lines 'GetTabCaption = "页1"' 'TabCount = 2')"
     snap --set TabCount=2 --do "GetTabEnable 0" --do "SetBarEnable 0 False" --do "GetTabEnable 0"
     check "flags are words" prints "$(lines 'GetTabEnable = True' 'GetTabEnable = False')"
     snap --set SkinFile=nowhere.ini --do SkinFile

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -115,6 +117,7 @@ const char* const UsageText =
     "  --wheel N            turns the wheel by N notches, positive away from the user\n"
     "  --out FILE.png       writes a picture of what the control's window shows now\n"
     "  --design             the form is being designed (UserMode False)\n"
+    "  @FILE                takes arguments from a UTF-8 file, one a line\n"
     "  --control PATH       the control's file; without it the one beside this program or in its build tree\n"
     "Exit code: 0 done, 1 something failed, 2 a command line that asks for what there is not.\n";
 
@@ -140,6 +143,20 @@ std::vector<std::wstring> SplitWords(const std::wstring& text) {
     if (quote != 0) throw UsageError("--do " + ToUtf8(text) + ": a quotation mark is not closed");
     if (inWord) words.push_back(word);
     return words;
+}
+
+std::vector<std::wstring> ExpandFiles(const std::vector<std::wstring>& arguments) {
+    std::vector<std::wstring> expanded;
+    for (const std::wstring& argument : arguments) {
+        if (!argument.starts_with(L'@')) {
+            expanded.push_back(argument);
+            continue;
+        }
+        std::ifstream file(std::filesystem::path(argument.substr(1)));
+        if (!file) throw UsageError("cannot read " + ToUtf8(argument.substr(1)));
+        for (std::string line; std::getline(file, line);) expanded.push_back(FromUtf8(line));
+    }
+    return expanded;
 }
 
 CommandLine ParseCommandLine(const std::vector<std::wstring>& arguments) {

@@ -63,6 +63,10 @@ extern const char* const UsageText;
 
 CommandLine ParseCommandLine(const std::vector<std::wstring>& arguments);
 
+// Puts the lines of a UTF-8 file in place of each argument "@FILE", one argument a line: for what does not fit on a
+// command line or into its code page.
+std::vector<std::wstring> ExpandFiles(const std::vector<std::wstring>& arguments);
+
 // Words of "--do": separated by spaces; quotation marks of either kind keep spaces, and empty words, together.
 std::vector<std::wstring> SplitWords(const std::wstring& text);
 

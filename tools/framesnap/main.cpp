@@ -23,7 +23,7 @@ void Run(const CommandLine& line) {
 
 int Main() {
     try {
-        const CommandLine line = ParseCommandLine(ProgramArguments());
+        const CommandLine line = ParseCommandLine(ExpandFiles(ProgramArguments()));
         if (line.Help) {
             std::fputs(UsageText, stdout);
         } else {
