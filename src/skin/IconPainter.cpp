@@ -19,6 +19,19 @@ void IconPainter::ReadSize(SkinIcon& icon) {
     state_.LastPng = size;
 }
 
+void IconPainter::Follow(std::int16_t icon) {
+    SkinIcon& entry = *state_.SkinIcons.At(icon);
+    const FileStamp now = StampOf(entry.FilePath);
+    const bool isKnown = entry.Handles[0] != NoBitmap && stamps_[icon] == now;
+    stamps_[icon] = now;
+    if (isKnown) {
+        state_.LastPng = {entry.Width, entry.Height};
+    } else {
+        pictures_.Release(icon);
+        ReadSize(entry);
+    }
+}
+
 OwnedBitmap IconPainter::DrawFile(const std::u16string& path, IconStyle style, std::int32_t x, std::int32_t y,
                                   std::int16_t direct) {
     const HDC surface = host_.hDC();
@@ -31,16 +44,11 @@ OwnedBitmap IconPainter::DrawFile(const std::u16string& path, IconStyle style, s
     }
 }
 
-void IconPainter::Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, const PixelBlock& beneath) {
+void IconPainter::Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, const PixelBlock& beneath,
+                       std::int16_t direct) {
     if (pictures_.Copy(host_.hDC(), icon, slot, style, beneath)) return;
-    OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, style, beneath.X, beneath.Y, 0);
+    OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, style, beneath.X, beneath.Y, direct);
     if (drawn) pictures_.Keep(icon, slot, style, beneath, std::move(drawn));
-}
-
-void IconPainter::DrawUncached(std::int16_t icon, IconStyle style, std::int32_t x, std::int32_t y,
-                               std::int16_t direct) {
-    OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, style, x, y, direct);
-    if (drawn) pictures_.Keep(icon, 0, style, {}, std::move(drawn));
 }
 
 } // namespace vantik

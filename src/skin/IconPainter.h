@@ -4,9 +4,11 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 
 #include "model/ControlState.h"
 #include "platform/UserControl.h"
+#include "skin/FileStamp.h"
 #include "skin/MixedPictures.h"
 
 namespace vantik {
@@ -22,18 +24,19 @@ public:
     // The size from the icon's file into the icon and LastPng; a file that says nothing leaves the icon's own.
     void ReadSize(SkinIcon& icon);
 
+    // For an icon that is to look as its file does now: reads the size, and releases the icon's pictures when the file
+    // has changed since they were drawn.
+    void Follow(std::int16_t icon);
+
     PixelBlock Read(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
         return pictures_.Read(host_.hDC(), x, y, width, height);
     }
-    void Restore(const PixelBlock& block) { pictures_.Restore(host_.hDC(), block); }
+    void Restore(const PixelBlock& block) { pictures_.Write(host_.hDC(), block.X, block.Y, block); }
 
     // Where the pixels were read; they are what the picture is mixed over. A picture that was mixed over the same is
     // copied from the icon's slot, as much of it as covers them; a fresh one is drawn whole and kept in the slot.
-    void Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, const PixelBlock& beneath);
-
-    // Always afresh from the file; the icon's first slot keeps the picture.
-    void DrawUncached(std::int16_t icon, IconStyle style, std::int32_t x, std::int32_t y,
-                      std::int16_t direct);
+    void Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, const PixelBlock& beneath,
+              std::int16_t direct = 0);
 
     void Release(std::int16_t icon) noexcept { pictures_.Release(icon); }
     void Terminate() noexcept { pictures_.Terminate(); }
@@ -45,6 +48,7 @@ private:
     UserControl& host_;
     ControlState& state_;
     MixedPictures pictures_;
+    std::map<std::int16_t, FileStamp> stamps_; // of the icons that are followed
 };
 
 } // namespace vantik

@@ -11,10 +11,24 @@ constexpr std::size_t ReleasedSlots = 3;
 
 BitmapSlot AsSlot(HBITMAP bitmap) noexcept { return reinterpret_cast<BitmapSlot>(bitmap); }
 
-SIZE SizeOf(HBITMAP bitmap) noexcept {
-    BITMAP description = {};
-    GetObjectW(bitmap, sizeof description, &description);
-    return {description.bmWidth, description.bmHeight};
+// The bitmap's top left part, at most as large as what it was mixed over.
+PixelBlock PixelsOf(HBITMAP bitmap, const PixelBlock& beneath) {
+    BITMAP size = {};
+    if (beneath.Values.empty() || !GetObjectW(bitmap, sizeof size, &size)) return {};
+    BITMAPINFO info = {};
+    info.bmiHeader = {sizeof(BITMAPINFOHEADER), size.bmWidth, -size.bmHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const auto stride = static_cast<std::size_t>(size.bmWidth);
+    std::vector<std::uint32_t> rows(stride * static_cast<std::size_t>(size.bmHeight));
+    const ScreenDC screen = GetScreenDC();
+    const auto count = static_cast<UINT>(size.bmHeight);
+    if (!GetDIBits(screen.Get(), bitmap, 0, count, rows.data(), &info, DIB_RGB_COLORS)) return {};
+
+    PixelBlock block;
+    block.Width = std::min<std::int32_t>(beneath.Width, size.bmWidth);
+    block.Height = std::min<std::int32_t>(beneath.Height, size.bmHeight);
+    for (auto row = rows.begin(); row != rows.begin() + block.Height * size.bmWidth; row += size.bmWidth)
+        block.Values.insert(block.Values.end(), row, row + block.Width);
+    return block;
 }
 
 } // namespace
@@ -32,7 +46,8 @@ PixelBlock MixedPictures::Read(HDC surface, std::int32_t x, std::int32_t y, std:
     if (width < 1 || height < 1 || width > MaxExtent || height > MaxExtent) return block;
     DibSurface& scratch = ScratchOf(width, height);
     if (!scratch) return block;
-    PatBlt(scratch.DC(), 0, 0, width, height, BLACKNESS);
+    GdiFlush();
+    for (std::int32_t row = 0; row < height; ++row) std::fill_n(scratch.Row(row), width, 0u);
     BitBlt(scratch.DC(), 0, 0, width, height, surface, x, y, SRCCOPY);
     GdiFlush();
     block.Values.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
@@ -42,7 +57,7 @@ PixelBlock MixedPictures::Read(HDC surface, std::int32_t x, std::int32_t y, std:
     return block;
 }
 
-void MixedPictures::Restore(HDC surface, const PixelBlock& block) {
+void MixedPictures::Write(HDC surface, std::int32_t x, std::int32_t y, const PixelBlock& block) {
     if (block.Values.empty()) return;
     DibSurface& scratch = ScratchOf(block.Width, block.Height);
     if (!scratch) return;
@@ -50,7 +65,7 @@ void MixedPictures::Restore(HDC surface, const PixelBlock& block) {
     auto values = block.Values.begin();
     for (std::int32_t row = 0; row < block.Height; ++row, values += block.Width)
         std::copy_n(values, block.Width, scratch.Row(row));
-    BitBlt(surface, block.X, block.Y, block.Width, block.Height, scratch.DC(), 0, 0, SRCCOPY);
+    BitBlt(surface, x, y, block.Width, block.Height, scratch.DC(), 0, 0, SRCCOPY);
 }
 
 // A slot that somebody else emptied - its icon was forgotten - has no pictures any more.
@@ -66,13 +81,8 @@ bool MixedPictures::Copy(HDC surface, std::int16_t icon, std::uint8_t slot, std:
     if (beneath.Values.empty()) return false;
     for (const Picture& picture : PicturesOf({icon, slot})) {
         if (picture.Style != style || !picture.Beneath.LooksLike(beneath)) continue;
-        if (!source_) source_ = MemoryDC(CreateCompatibleDC(nullptr));
-        const HBITMAP bitmap = picture.Bitmap.Get();
-        const Selection selected = Select(source_.Get(), bitmap);
-        const SIZE size = SizeOf(bitmap);
-        BitBlt(surface, beneath.X, beneath.Y, std::min<int>(beneath.Width, size.cx),
-               std::min<int>(beneath.Height, size.cy), source_.Get(), 0, 0, SRCCOPY);
-        icons_.At(icon)->Handles[slot] = AsSlot(bitmap);
+        Write(surface, beneath.X, beneath.Y, picture.Mixed);
+        icons_.At(icon)->Handles[slot] = AsSlot(picture.Bitmap.Get());
         return true;
     }
     return false;
@@ -81,10 +91,12 @@ bool MixedPictures::Copy(HDC surface, std::int16_t icon, std::uint8_t slot, std:
 void MixedPictures::Keep(std::int16_t icon, std::uint8_t slot, std::uint8_t style, PixelBlock beneath,
                          OwnedBitmap picture) {
     std::vector<Picture>& pictures = PicturesOf({icon, slot});
-    std::erase_if(pictures,
-                  [](const Picture& old) { return old.Beneath.Values.empty(); }); // never found again
+    PixelBlock mixed = PixelsOf(picture.Get(), beneath);
+    if (mixed.Values.empty()) beneath.Values.clear();
+    const auto isLost = [](const Picture& old) { return old.Beneath.Values.empty(); }; // never found again
+    std::erase_if(pictures, isLost);
     if (pictures.size() == PicturesPerSlot) pictures.erase(pictures.begin());
-    pictures.push_back({style, std::move(beneath), std::move(picture)});
+    pictures.push_back({style, std::move(beneath), std::move(mixed), std::move(picture)});
     icons_.At(icon)->Handles[slot] = AsSlot(pictures.back().Bitmap.Get());
 }
 

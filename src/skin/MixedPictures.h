@@ -35,7 +35,7 @@ public:
     MixedPictures& operator=(const MixedPictures&) = delete;
 
     PixelBlock Read(HDC surface, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height);
-    void Restore(HDC surface, const PixelBlock& block);
+    void Write(HDC surface, std::int32_t x, std::int32_t y, const PixelBlock& block);
 
     // Copies the picture that was mixed in this style over just these pixels to where they were read, no more of it than
     // lies over them. False when the slot has none.
@@ -62,6 +62,7 @@ private:
     struct Picture {
         std::uint8_t Style;
         PixelBlock Beneath;
+        PixelBlock Mixed; // selecting the bitmap to copy from it would cost many times as much
         OwnedBitmap Bitmap;
     };
 
@@ -71,7 +72,6 @@ private:
     SkinIcons& icons_;
     std::map<Key, std::vector<Picture>> pictures_; // oldest first
     DibSurface scratch_;
-    MemoryDC source_;
 };
 
 } // namespace vantik

@@ -58,12 +58,13 @@ IconStyle Decorations::MenuStyle(Boolean pressed) noexcept { return StyleOf(fals
 bool Decorations::DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, IconStyle style) {
     SkinIcon* icon = state_.SkinIcons.At(role);
     if (!icon) return false;
-    icons_.ReadSize(*icon);
+    icons_.Follow(role);
     const LayoutRect area = LayoutRect::FromEdges(x, y, Checked(x) + icon->Width, Checked(y) + icon->Height);
     {
         const BesideStrip clip(host_.hDC(), state_.Layout.BarStripRect, area);
         FramePainter(host_, state_, surfaces_).PaintUnderlay(area);
-        icons_.DrawUncached(role, style, x, y, DirectOf(state_.Properties));
+        icons_.Draw(role, 0, style, icons_.Read(x, y, icon->Width, icon->Height),
+                    DirectOf(state_.Properties));
     }
     Invalidate(host_.hWnd(), area);
     if (style == Darkened) state_.ButtonPressed = True;

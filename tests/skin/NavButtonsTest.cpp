@@ -130,6 +130,21 @@ TEST_CASE("a button's entry holds the size read and the picture drawn last") {
     for (std::size_t slot = 1; slot < 6; ++slot) CHECK(menu.Handles[slot] == NoBitmap);
 }
 
+TEST_CASE("a button shows its file as it is now, unlike the cached decorations of the bars") {
+    Scrolled control;
+    const IconPicture other = RandomIcon(6, 9, 78);
+    const auto menu = static_cast<std::size_t>(control.State.SkinIcons.MenuBarIcon);
+    Sleep(20); // so that the file's time differs
+    control.Folder.Write(u"icond.png", AsPng(other));
+    control.Pictures[menu] = other;
+    control.Decorations.DrawNavButtons();
+    CHECK(Difference(control.Shown(), control.Expected()) == "same");
+    control.RemoveFile(control.State.SkinIcons.MenuBarIcon);
+    control.Pictures[menu] = {};
+    control.Decorations.DrawNavButtons();
+    CHECK(Difference(control.Shown(), control.Expected()) == "same");
+}
+
 TEST_CASE("a button whose file is gone keeps its size, so the layout stays as it was") {
     Scrolled control;
     const LayoutCache before = control.State.Layout;
