@@ -52,6 +52,7 @@ void VantikFrameTab::zSubclass_Proc(Boolean /*before*/, Boolean& /*handled*/, st
 }
 
 void VantikFrameTab::UserControl_MouseDown(std::int16_t button, std::int16_t /*shift*/, float x, float y) {
+    merged_.CarryOut(); // a handler may change the hover state without a repaint
     if (state_.HoverCloseTab < 0 || !state_.Properties.DelButton) {
         if (state_.HoverTab > -1) {
             if (state_.HoverTab == ActiveTab()) return;
@@ -75,6 +76,7 @@ void VantikFrameTab::HitTestButtons(std::int32_t x, std::int32_t y) {
         layout.FirstVisibleTab > 0) {
         layout.FirstVisibleTab = Subtract16(layout.FirstVisibleTab, 1);
         RedrawBars();
+        merged_.CarryOut(); // the handler may change the first tab without a repaint
         host_.Events().PreTabDown(layout.FirstVisibleTab);
         return;
     }
@@ -82,6 +84,7 @@ void VantikFrameTab::HitTestButtons(std::int32_t x, std::int32_t y) {
         TabCount() - (layout.FirstVisibleTab + layout.VisibleBarCount) > 0) {
         layout.FirstVisibleTab = Add16(layout.FirstVisibleTab, 1);
         RedrawBars();
+        merged_.CarryOut();
         host_.Events().NextTabDown(layout.FirstVisibleTab);
         return;
     }
@@ -116,24 +119,28 @@ void VantikFrameTab::UserControl_MouseMove(std::int16_t /*button*/, std::int16_t
 
 void VantikFrameTab::HoverCloseButton(std::int16_t tab) {
     std::uint8_t look = BarHover, flag = FlagHover;
-    decorations_.DrawCloseButton(tab, look, flag);
+    merged_.CarryOut();
+    decorations_.RedrawCloseButton(tab, look, flag);
     state_.HoverCloseTab = tab;
 }
 
 void VantikFrameTab::EndCloseHover() {
     if (state_.HoverCloseTab < 0) return;
     std::uint8_t look = BarNormal, flag = FlagPlain;
-    decorations_.DrawCloseButton(state_.HoverCloseTab, look, flag);
+    merged_.CarryOut();
+    decorations_.RedrawCloseButton(state_.HoverCloseTab, look, flag);
     state_.HoverCloseTab = -1;
 }
 
 void VantikFrameTab::EndHover() {
+    if (state_.HoverTab != -1) merged_.CarryOut();
     EndCloseHover();
     state_.HoverTab = -1;
 }
 
 void VantikFrameTab::UserControl_MouseUp(std::int16_t /*button*/, std::int16_t /*shift*/, float /*x*/,
                                          float /*y*/) {
+    merged_.CarryOut();
     decorations_.DrawNavButtons();
 }
 

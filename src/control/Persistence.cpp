@@ -2,7 +2,7 @@
 #include <variant>
 
 #include "control/VantikFrameTab.h"
-#include "render/CaptionFont.h"
+#include "platform/PictureLoading.h"
 #include "skin/SkinLoader.h"
 
 namespace vantik {
@@ -21,6 +21,13 @@ void VisitField(Property property, Visitor visit) {
             if constexpr (!std::is_same_v<decltype(field), std::monostate>) visit(InfoOf(property), field);
         },
         InfoOf(property).Field);
+}
+
+// There is no list of fewer than no tabs; the control stays one without any.
+void RejectNegativeCount(std::int16_t& count) {
+    if (count >= 0) return;
+    count = 0;
+    Raise(RunTimeErrorNumber::SubscriptOutOfRange);
 }
 
 } // namespace
@@ -54,7 +61,8 @@ void VantikFrameTab::UserControl_ReadProperties(PropertyReader& bag) {
         VisitField(property,
                    [&](const PropertyInfo& info, auto field) { bag.Read(info, state_.Properties.*field); });
     }
-    surfaces_.StartCaptionFont();
+    RejectNegativeCount(state_.Properties.TabCount);
+    surfaces_.CaptionFont = StartingCaptionFont();
     MeasureCaptionHeight();
     ResizeTabList(state_.Properties.TabCount, state_.PreviousTabCount);
     skinWasLoaded_ = true; // also when it fails: the error went to the loader

@@ -92,6 +92,7 @@ void VantikFrameTab::SetBarIco(std::int16_t index, const std::u16string& key) {
 
 void VantikFrameTab::SetBarCaption(std::int16_t index, const std::u16string& caption, Boolean refresh) {
     if (!state_.HasTab(index)) return;
+    if (!refresh) merged_.CarryOut(); // the new caption shows at the next repaint only
     state_.Tabs(index).Caption = caption;
     if (refresh) RedrawBars();
 }
@@ -112,7 +113,7 @@ void VantikFrameTab::SetBarEnable(std::int16_t index, Boolean enable) {
     }
 }
 
-void VantikFrameTab::RedrawBar(std::int16_t index) { repaint_.RedrawBar(index, state_.StateOf(index)); }
+void VantikFrameTab::RedrawBar(std::int16_t index) { merged_.RedrawBar(index, state_.StateOf(index)); }
 
 std::u16string VantikFrameTab::GetTabCaption(std::int16_t index) const {
     return state_.HasTab(index) ? state_.Tabs(index).Caption : NoSuchTab;

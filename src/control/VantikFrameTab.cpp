@@ -11,7 +11,8 @@ VantikFrameTab::VantikFrameTab(UserControl& host)
     : host_(host),
       children_(host, state_),
       decorations_(host, state_, surfaces_),
-      repaint_(host, state_, surfaces_, decorations_),
+      driver_(host, state_, surfaces_, decorations_),
+      merged_(host, state_, driver_),
       hook_(*this) {}
 
 VantikFrameTab::~VantikFrameTab() { decorations_.Terminate(); }
@@ -22,7 +23,7 @@ void VantikFrameTab::AfterLet(Property property) {
     case SideEffect::RepaintAll: RepaintAll(); break;
     case SideEffect::RedrawBars: RedrawBars(); break;
     case SideEffect::RepaintFrameThenBars:
-        repaint_.RepaintFrame();
+        merged_.RepaintFrame();
         RedrawBars();
         break;
     case SideEffect::ReleaseCloseButtonThenRedrawBars:
@@ -35,6 +36,7 @@ void VantikFrameTab::AfterLet(Property property) {
 }
 
 void VantikFrameTab::Picture(ComPtr<IPictureDisp> picture) {
+    merged_.CarryOut(); // no repaint follows
     surfaces_.Picture = std::move(picture);
     host_.PropertyChanged(Property::Picture);
     surfaces_.PictureSurface.CreateFromPicture(surfaces_.Picture.Get());
@@ -51,6 +53,7 @@ void VantikFrameTab::SkinFile(const std::u16string& name) {
     state_.Properties.SkinFile = name;
     host_.PropertyChanged(Property::SkinFile);
     skinWasLoaded_ = true;
+    merged_.CarryOut(); // no repaint follows when the skin turns out to be bad
     LoadSkin(host_, state_, surfaces_);
     RepaintAll();
 }
@@ -66,16 +69,17 @@ void VantikFrameTab::About() { ShowAbout(host_.hWnd()); }
 
 void VantikFrameTab::RepaintAll() {
     LoadSkinForFirstShowing();
-    repaint_.RepaintAll();
+    merged_.RepaintAll();
 }
 
-void VantikFrameTab::RedrawBars() { repaint_.RedrawBars(); }
+void VantikFrameTab::RedrawBars() { merged_.RedrawBars(); }
 
 void VantikFrameTab::UserControl_Resize() { RepaintAll(); }
 
 void VantikFrameTab::UserControl_Paint() noexcept {
     try {
-        if (!skinWasLoaded_) RepaintAll();
+        if (!skinWasLoaded_ && host_.hWnd() && TabCount() > 0) RepaintAll();
+        merged_.CarryOut();
     } catch (...) {
         // Nobody can be told from inside a paint message; the surface shows what was painted so far.
     }

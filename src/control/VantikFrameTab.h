@@ -13,6 +13,7 @@
 #include "control/PropertyBag.h"
 #include "model/ControlState.h"
 #include "platform/UserControl.h"
+#include "render/MergedRepaint.h"
 #include "render/RepaintDriver.h"
 #include "render/Surfaces.h"
 #include "skin/Decorations.h"
@@ -55,6 +56,8 @@ public:
     }
     template <class Value>
     void Let(Property property, const Value& value) {
+        if (InfoOf(property).Effect == SideEffect::None)
+            merged_.CarryOut(); // no repaint follows that would show it
         state_.Properties.*std::get<Value PropertyValues::*>(InfoOf(property).Field) = value;
         AfterLet(property);
     }
@@ -100,6 +103,7 @@ private:
     void RenumberForRemoval(std::int16_t index);
     void RedrawBar(std::int16_t index);
 
+    void SwitchTo(std::int16_t index);
     void SwitchByUser(std::int16_t& index, std::int16_t button);
     void StepForward();
     void StepBack();
@@ -117,7 +121,8 @@ private:
     Surfaces surfaces_;
     ChildVisibility children_;
     Decorations decorations_;
-    RepaintDriver repaint_;
+    RepaintDriver driver_;
+    MergedRepaint merged_;
     MessageHook hook_;
     bool skinWasLoaded_ = false;
     bool wantsHook_ = false;

@@ -1,0 +1,50 @@
+#include "render/MergedRepaint.h"
+
+#include <utility>
+
+namespace vantik {
+
+void MergedRepaint::RepaintAll() {
+    driver_.PrepareAll();
+    WaitFor(Waiting::All);
+}
+
+// A full repaint that waits will paint the bars as they are then.
+void MergedRepaint::RedrawBars() {
+    driver_.PrepareBars();
+    if (waiting_ != Waiting::All) WaitFor(Waiting::Bars);
+}
+
+void MergedRepaint::RedrawBar(std::int16_t index, std::uint8_t state) {
+    CarryOut();
+    driver_.RedrawBar(index, state);
+}
+
+void MergedRepaint::RepaintFrame() {
+    CarryOut();
+    driver_.RepaintFrame();
+}
+
+// The window has been told already when the same repaint waits since before.
+void MergedRepaint::WaitFor(Waiting what) {
+    if (waiting_ == what) return;
+    waiting_ = what;
+    const LayoutCache& layout = control_.Layout;
+    Invalidate(what == Waiting::All ? layout.ControlRect : layout.BarStripRect);
+}
+
+void MergedRepaint::Invalidate(const LayoutRect& area) {
+    const HWND window = host_.hWnd();
+    const RECT rect = {area.Left, area.Top, area.Right, area.Bottom};
+    if (window) InvalidateRect(window, &rect, TRUE);
+}
+
+void MergedRepaint::CarryOut() {
+    switch (std::exchange(waiting_, Waiting::Nothing)) {
+    case Waiting::All: driver_.PaintAll(); break;
+    case Waiting::Bars: driver_.PaintBars(); break;
+    case Waiting::Nothing: break;
+    }
+}
+
+} // namespace vantik

@@ -1,0 +1,231 @@
+#include <doctest/doctest.h>
+
+#include "tests/RunTimeErrors.h"
+#include "tests/control/DrivenControl.h"
+
+using namespace vantik;
+using namespace vantik::test;
+
+namespace {
+
+constexpr std::int16_t Left = 37, Right = 39;
+
+} // namespace
+
+TEST_CASE("a press on a bar raises TabDown with the button and switches to the tab") {
+    DrivenControl f(3);
+    f.Fixture.AddChild(u"child", 300);
+    f.Click(f.Bar(2), 2);
+    CHECK(f.Log() == "TabMove 2; TabDown 2 2");
+    CHECK(f.Control.ActiveTab() == 2);
+    CHECK(f.Fixture.Lefts() == "20300");
+}
+
+TEST_CASE("a press on the active tab's bar does nothing, and the buttons are not tested either") {
+    DrivenControl f(3);
+    f.MoveTo(f.Bar(0));
+    f.Log();
+    const LayoutRect menu = f.Buttons().Menu; // the press acts on the hover state, wherever it lands
+    f.Control.UserControl_MouseDown(1, 0, static_cast<float>(menu.Left * 15),
+                                    static_cast<float>(menu.Top * 15));
+    CHECK(f.Log() == "");
+}
+
+TEST_CASE("the handler of TabDown may send the switch elsewhere") {
+    DrivenControl f(3);
+    f.Host.On.TabDown = [](std::int16_t& index, std::int16_t&) { index = 1; };
+    f.Click(f.Bar(2));
+    CHECK(f.Control.ActiveTab() == 1);
+    CHECK(f.State().HoverTab == 1); // the variable is the hover state itself
+}
+
+TEST_CASE("a user's switch to a disabled tab moves no child and still makes it active") {
+    DrivenControl f(3);
+    f.Control.SetBarEnable(2, False);
+    f.Fixture.AddChild(u"child", 300);
+    f.Click(f.Bar(2));
+    CHECK(f.Control.ActiveTab() == 2);
+    CHECK(f.Fixture.Lefts() == "300");
+}
+
+TEST_CASE("a user's switch does not mark ActiveTab changed") {
+    DrivenControl f(3);
+    f.Click(f.Bar(1));
+    CHECK(f.Log() == "TabMove 1; TabDown 1 1");
+}
+
+TEST_CASE("moving from one bar to the next raises TabMove once, within the same bar nothing") {
+    DrivenControl f(3);
+    f.MoveTo(f.Bar(0));
+    f.MoveTo(f.Bar(1));
+    const LayoutRect bar = f.Bar(1);
+    f.Move(bar.Left + 1, bar.Top + 1);
+    CHECK(f.Log() == "TabMove 0; TabMove 1");
+}
+
+TEST_CASE("leaving the strip ends hovering without any event") {
+    DrivenControl f(3);
+    f.MoveTo(f.Bar(1));
+    f.Log();
+    f.Move(200, 200);
+    CHECK(f.Log() == "");
+    CHECK(f.State().HoverTab == -1);
+}
+
+TEST_CASE("the point at exactly k x BarWidth along the strip belongs to slot k") {
+    DrivenControl f(3);
+    const LayoutRect strip = f.State().Layout.BarStripRect;
+    f.Move(strip.Left + 60, strip.Top);
+    CHECK(f.State().HoverTab == 1);
+    f.Move(strip.Left + 59, strip.Top);
+    CHECK(f.State().HoverTab == 0);
+}
+
+TEST_CASE("a press on a close button raises TabClose and removes the tab") {
+    DrivenControl f(3);
+    f.MoveTo(f.Close(1));
+    CHECK(f.State().HoverCloseTab == 1);
+    f.Click(f.Close(1));
+    CHECK(f.Log() == "TabMove 1; TabClose 1; PropertyChanged ActiveTab");
+    CHECK(f.Fixture.Captions() == "Tab0 Tab2");
+    CHECK(f.State().HoverCloseTab == -1);
+}
+
+TEST_CASE("a TabClose handler that changes the index removes that tab instead") {
+    DrivenControl f(3);
+    f.Host.On.TabClose = [](std::int16_t& index) { index = 2; };
+    f.Click(f.Close(1));
+    CHECK(f.Fixture.Captions() == "Tab0 Tab1");
+}
+
+TEST_CASE("closing the only tab is announced and does nothing") {
+    DrivenControl f(1);
+    f.Click(f.Close(0));
+    CHECK(f.Log() == "TabMove 0; TabClose 0");
+    CHECK(f.Fixture.Captions() == "Tab0");
+}
+
+TEST_CASE("with close buttons off a press at their place selects the tab") {
+    DrivenControl f(3);
+    f.Control.Let<std::int16_t>(Property::DelButton, False);
+    f.Log();
+    f.Click(f.Close(1));
+    CHECK(f.Control.TabCount() == 3);
+    CHECK(f.Control.ActiveTab() == 1);
+}
+
+TEST_CASE("the next button scrolls the row on by one and the previous one back") {
+    DrivenControl f(40);
+    REQUIRE(f.State().Layout.VisibleBarCount < 40);
+    f.Click(f.Buttons().Next);
+    f.Click(f.Buttons().Next);
+    f.Click(f.Buttons().Previous);
+    CHECK(f.Log() == "NextTabDown 1; NextTabDown 2; PreTabDown 1");
+    CHECK(f.State().Layout.FirstVisibleTab == 1);
+    CHECK(f.Control.ActiveTab() == 0);
+}
+
+TEST_CASE("the previous button drawn greyed neither scrolls nor raises PreTabDown") {
+    DrivenControl f(40);
+    f.Click(f.Buttons().Previous);
+    CHECK(f.Log() == "");
+    CHECK(f.State().Layout.FirstVisibleTab == 0);
+}
+
+TEST_CASE("the next button drawn greyed at the row's end neither scrolls nor raises NextTabDown") {
+    DrivenControl f(3);
+    f.Click(f.Buttons().Next);
+    CHECK(f.Log() == "");
+}
+
+TEST_CASE("the menu button raises DownBarDown") {
+    DrivenControl f(3);
+    f.Click(f.Buttons().Menu);
+    CHECK(f.Log() == "DownBarDown");
+    CHECK(f.State().ButtonPressed == True);
+}
+
+TEST_CASE("a handler of NextTabDown may put the row elsewhere") {
+    DrivenControl f(40);
+    f.Host.On.NextTabDown = [](std::int16_t& first) { first = 7; };
+    f.Click(f.Buttons().Next);
+    CHECK(f.State().Layout.FirstVisibleTab == 7);
+}
+
+TEST_CASE("the arrow keys step to the neighbouring tab and stay within the visible bars") {
+    DrivenControl f(3);
+    f.Key(Right);
+    f.Key(Right);
+    f.Key(Right);
+    CHECK(f.Log() == "TabDown 1 0; TabDown 2 0; TabDown 2 0");
+    f.Key(Left);
+    CHECK(f.Log() == "TabDown 1 0");
+}
+
+TEST_CASE("left arrow on the first visible tab raises TabDown for the same tab again") {
+    DrivenControl f(3);
+    f.Key(Left);
+    CHECK(f.Log() == "TabDown 0 0");
+}
+
+TEST_CASE("other keys do nothing") {
+    DrivenControl f(3);
+    for (std::int16_t key = 0; key < 256; ++key)
+        if (key != Left && key != Right) f.Key(key);
+    CHECK(f.Log() == "");
+}
+
+TEST_CASE("a key with no tabs ends in an error and leaves the state as it was") {
+    ControlFixture f;
+    CHECK(NumberRaisedBy([&] { f.Control.UserControl_KeyDown(Right, 0); }) == 9);
+    CHECK(f.Control.ActiveTab() == -1);
+}
+
+TEST_CASE("the wheel away from the user steps forward, towards the user back, within the visible bars") {
+    DrivenControl f(3);
+    f.Wheel(120);
+    f.Wheel(240);
+    f.Wheel(120);
+    f.Wheel(-120);
+    CHECK(f.Log() == "TabDown 1 0; TabDown 2 0; TabDown 2 0; TabDown 1 0");
+}
+
+TEST_CASE("the wheel's target is capped at the last visible bar") {
+    DrivenControl f(10);
+    REQUIRE(f.State().Layout.VisibleBarCount == 6);
+    f.Click(f.Buttons().Next);
+    f.Control.ActiveTab(6); // the last one shown
+    f.Fixture.AddChild(u"child", 300);
+    f.Log();
+    f.Wheel(120);
+    CHECK(f.Log() == "TabDown 6 0");
+    CHECK(f.Fixture.Lefts() == "300");
+}
+
+TEST_CASE("with no active tab the wheel towards the user goes to the first visible tab") {
+    DrivenControl f(3);
+    f.Control.SetBarEnable(0, True); // leaves no tab active
+    f.Log();
+    f.Wheel(-120);
+    CHECK(f.Log() == "TabDown 0 0");
+}
+
+TEST_CASE("a wheel handler's change of the index is honoured") {
+    DrivenControl f(3);
+    f.Host.On.TabDown = [](std::int16_t& index, std::int16_t&) { index = 2; };
+    f.Wheel(120);
+    CHECK(f.Control.ActiveTab() == 2);
+}
+
+TEST_CASE("the callback ignores every other message and never marks one handled") {
+    DrivenControl f(3);
+    std::int32_t result = 0, window = 0, message = WM_MOUSEMOVE, wParam = 120 << 16, lParam = 0;
+    Boolean handled = False;
+    f.Control.zSubclass_Proc(True, handled, result, window, message, wParam, lParam);
+    CHECK(f.Log() == "");
+    message = WM_MOUSEWHEEL;
+    f.Control.zSubclass_Proc(True, handled, result, window, message, wParam, lParam);
+    CHECK(f.Log() == "TabDown 1 0");
+    CHECK(handled == False);
+    CHECK(result == 0);
+}

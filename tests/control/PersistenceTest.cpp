@@ -1,0 +1,205 @@
+#include <doctest/doctest.h>
+
+#include <map>
+#include <variant>
+
+#include "platform/Files.h"
+#include "tests/RunTimeErrors.h"
+#include "tests/control/ControlFixture.h"
+#include "tests/skin/TemporaryFolder.h"
+
+using namespace vantik;
+using namespace vantik::test;
+
+namespace {
+
+using Value =
+    std::variant<std::int16_t, std::int32_t, std::u16string, ComPtr<IPictureDisp>, ComPtr<IFontDisp>>;
+
+// A property bag that omits values equal to their defaults, as hosts do, and remembers what was asked.
+class FakeBag : public PropertyReader, public PropertyWriter {
+public:
+    std::map<std::u16string, Value> Values;
+    std::string Keys; // in the order of reading or writing
+    std::u16string FailingKey;
+
+    void Read(const PropertyInfo& info, std::int16_t& value) override { Fetch(info, value); }
+    void Read(const PropertyInfo& info, std::int32_t& value) override { Fetch(info, value); }
+    void Read(const PropertyInfo& info, std::u16string& value) override { Fetch(info, value); }
+    void Read(const PropertyInfo& info, ComPtr<IPictureDisp>& value) override { Fetch(info, value); }
+    void Read(const PropertyInfo& info, ComPtr<IFontDisp>& value) override { Fetch(info, value); }
+
+    void Write(const PropertyInfo& info, std::int16_t value, std::int16_t normal) override {
+        Put(info, value, normal);
+    }
+    void Write(const PropertyInfo& info, std::int32_t value, std::int32_t normal) override {
+        Put(info, value, normal);
+    }
+    void Write(const PropertyInfo& info, const std::u16string& value, const std::u16string& normal) override {
+        Put(info, value, normal);
+    }
+    void Write(const PropertyInfo& info, IPictureDisp* value) override {
+        Note(info);
+        if (value) Values[info.Key] = ComPtr(value);
+    }
+    void Write(const PropertyInfo& info, IFontDisp* value, IFontDisp* normal) override {
+        Note(info);
+        if (value != normal) Values[info.Key] = ComPtr(value);
+    }
+
+private:
+    template <class T>
+    void Fetch(const PropertyInfo& info, T& value) {
+        Note(info);
+        if (info.Key == FailingKey) Raise(RunTimeErrorNumber::TypeMismatch);
+        const auto found = Values.find(info.Key);
+        if (found != Values.end()) value = std::get<T>(found->second);
+    }
+    template <class T>
+    void Put(const PropertyInfo& info, const T& value, const T& normal) {
+        Note(info);
+        if (value != normal) Values[info.Key] = value;
+    }
+    void Note(const PropertyInfo& info) {
+        const std::u16string key = info.Key;
+        Keys += (Keys.empty() ? "" : " ") + std::string(key.begin(), key.end());
+    }
+};
+
+constexpr char InOrder[] =
+    "TabCount ActiveTab Picture TabBarPos TabPos BarWidth TabBarPosXJust TabBarPosYJust TabOffSet "
+    "DefaultCaption Font "
+    "CaptionPos CaptionColor0 CaptionColor1 CaptionXjust CaptionYjust IcoXjust IcoYjust DelButton "
+    "DelBtnXJust "
+    "DelBtnYJust NavBtnYjust NavBtnXjust FixOcxList TabToTab TabBorder FrameDist SkinFile SkinPath";
+
+struct LoadedControl : ControlFixture {
+    TemporaryFolder Folder;
+    FakeBag Bag;
+
+    explicit LoadedControl(bool withWindow = false) : ControlFixture(0, 440, withWindow) {
+        Host.Folder = Folder.Path();
+    }
+    void Load() { Control.UserControl_ReadProperties(Bag); }
+};
+
+} // namespace
+
+TEST_CASE("the properties are written and read in their order") {
+    LoadedControl f;
+    f.Control.UserControl_WriteProperties(f.Bag);
+    CHECK(f.Bag.Keys == InOrder);
+    f.Bag.Keys.clear();
+    f.Load();
+    CHECK(f.Bag.Keys == InOrder);
+}
+
+TEST_CASE("a control with default values writes nothing but its picture object") {
+    LoadedControl f;
+    f.Control.UserControl_WriteProperties(f.Bag);
+    f.Bag.Values.erase(u"Picture");
+    CHECK(f.Bag.Values.empty());
+}
+
+TEST_CASE("every value survives saving and loading") {
+    LoadedControl f;
+    f.Control.TabCount(3);
+    f.Control.ActiveTab(1);
+    f.Control.Let<std::int32_t>(Property::TabPos, WindowLeft);
+    f.Control.Let<std::int16_t>(Property::BarWidth, -7); // stored as it is
+    f.Control.Let<std::u16string>(Property::DefaultCaption, u"\u9875");
+    f.Control.Let<std::int16_t>(Property::DelButton, False);
+    f.Control.Let<std::int32_t>(Property::CaptionColor1, 0x0000FF);
+    f.Control.UserControl_WriteProperties(f.Bag);
+
+    LoadedControl other;
+    other.Bag.Values = f.Bag.Values;
+    other.Load();
+    CHECK(other.Control.TabCount() == 3);
+    CHECK(other.Control.ActiveTab() == 1);
+    CHECK(other.Control.Get<std::int32_t>(Property::TabPos) == WindowLeft);
+    CHECK(other.Control.Get<std::int16_t>(Property::BarWidth) == -7);
+    CHECK(other.Control.Get<std::u16string>(Property::DefaultCaption) == u"\u9875");
+    CHECK(other.Control.Get<std::int16_t>(Property::DelButton) == False);
+    CHECK(other.Control.Get<std::int32_t>(Property::CaptionColor1) == 0x0000FF);
+}
+
+TEST_CASE("loading runs no setter: nothing is marked changed and no child moves") {
+    LoadedControl f;
+    f.Bag.Values = {{u"TabCount", std::int16_t(3)}, {u"ActiveTab", std::int16_t(2)}};
+    f.AddChild(u"child", 120);
+    f.Load();
+    CHECK(f.Control.ActiveTab() == 2);
+    CHECK(f.Lefts() == "120");
+    CHECK(f.Host.TakeLog().find("PropertyChanged") == std::string::npos);
+}
+
+TEST_CASE("saving and reloading a control whose captions were changed brings back the default captions") {
+    LoadedControl f;
+    f.Control.TabCount(2);
+    f.Control.SetBarCaption(0, u"Files", False);
+    f.Control.SetBarIco(0, u"sun");
+    f.Control.SetBarEnable(1, False);
+    f.Control.UserControl_WriteProperties(f.Bag);
+    f.Load();
+    CHECK(f.Captions() == "Tab0 Tab1");
+    CHECK(f.Control.GetTabIco(0) == u"");
+}
+
+TEST_CASE("a property that cannot be read raises the error to the loader") {
+    LoadedControl f;
+    f.Bag.FailingKey = u"BarWidth";
+    CHECK(NumberRaisedBy([&] { f.Load(); }) == 13);
+}
+
+TEST_CASE("a saved count below zero raises an error and leaves a control that still answers") {
+    LoadedControl f;
+    f.Bag.Values = {{u"TabCount", std::int16_t(-5)}};
+    CHECK(NumberRaisedBy([&] { f.Load(); }) == 9);
+    CHECK(f.Control.GetTabCaption(0) == u"-1");
+    f.Control.UserControl_Paint();
+    f.Control.TabCount(2);
+    CHECK(f.Captions() == "Tab0 Tab1");
+}
+
+TEST_CASE("deleting the skin folder and loading again writes the built-in skin beside the host") {
+    LoadedControl f;
+    f.Load();
+    CHECK(f.Control.Get<std::u16string>(Property::SkinPath) == u"Temp");
+    CHECK(f.Control.State().SkinRects[BRect].Height == 22);
+    CHECK(f.Folder.Files(u"Temp") ==
+          "bar0.png bar1.png delete1.png handno.png menubar.png skin.ini skin2.bmp sun.png");
+}
+
+TEST_CASE("the hook is installed at run time only, and on the window that appears after the load") {
+    LoadedControl atRunTime(true), atDesignTime(true);
+    atDesignTime.Host.UserMode = False;
+    for (LoadedControl* f : {&atRunTime, &atDesignTime}) {
+        f->Bag.Values = {{u"TabCount", std::int16_t(3)}, {u"ActiveTab", std::int16_t(0)}};
+        f->Load();
+        f->Host.TakeLog();
+        SendMessageW(f->Host.hWnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
+    }
+    CHECK(atRunTime.Host.TakeLog() == "TabDown 1 0");
+    CHECK(atDesignTime.Host.TakeLog().empty());
+}
+
+TEST_CASE(
+    "a control that no properties were loaded into gets its skin when it first has a window and a tab") {
+    LoadedControl f(true);
+    f.Control.UserControl_InitProperties();
+    CHECK_FALSE(FolderExists(f.Folder.Path() + u"\\Temp"));
+    f.Control.TabCount(1);
+    CHECK(f.Control.State().SkinRects[BRect].Height == 22);
+    SendMessageW(f.Host.hWnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
+    CHECK(f.Host.TakeLog().find("TabDown") != std::string::npos);
+}
+
+TEST_CASE("a skin that cannot be had at the first showing leaves the control unskinned and alive") {
+    LoadedControl f(true);
+    f.Host.Folder = u"Z:\\no\\such\\folder";
+    f.Control.UserControl_InitProperties();
+    f.Control.TabCount(2);
+    CHECK(f.Captions() == "Tab0 Tab1");
+    CHECK(f.Control.State().SkinRects[BRect].Height == 0);
+}

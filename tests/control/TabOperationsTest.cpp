@@ -1,0 +1,206 @@
+#include <doctest/doctest.h>
+
+#include "tests/RunTimeErrors.h"
+#include "tests/control/ControlFixture.h"
+
+using namespace vantik;
+using namespace vantik::test;
+
+TEST_CASE("a freshly placed control reports TabCount 0 and ActiveTab -1") {
+    const ControlFixture f;
+    CHECK(f.Control.TabCount() == 0);
+    CHECK(f.Control.ActiveTab() == -1);
+}
+
+TEST_CASE("setting TabCount to 3 on a fresh control creates Tab0, Tab1 and Tab2") {
+    ControlFixture f;
+    f.Control.TabCount(3);
+    CHECK(f.Captions() == "Tab0 Tab1 Tab2");
+    CHECK(f.Control.GetTabIco(2) == u"");
+}
+
+TEST_CASE("TabCount ignores values below 1 and its own value") {
+    ControlFixture f(2);
+    f.Control.TabCount(0);
+    f.Control.TabCount(-4);
+    f.Control.TabCount(2);
+    CHECK(f.Control.TabCount() == 2);
+    CHECK(f.Host.TakeLog().find("PropertyChanged") == std::string::npos);
+}
+
+TEST_CASE("raising TabCount adds enabled tabs with an empty icon and lowering it pulls ActiveTab back") {
+    ControlFixture f(2);
+    f.Control.TabCount(4);
+    CHECK(f.Captions() == "Tab0 Tab1 Tab2 Tab3");
+    CHECK(f.Control.State().PreviousTabCount == 2);
+    f.Control.ActiveTab(3);
+    f.AddChild(u"child", 120);
+    f.Control.TabCount(1);
+    CHECK(f.Control.ActiveTab() == 0);
+    CHECK(f.Lefts() == "120"); // the children of dropped tabs stay
+}
+
+TEST_CASE("a tab raised again has a fresh caption and no icon") {
+    ControlFixture f(2);
+    f.Control.SetBarIco(1, u"sun");
+    f.Control.TabCount(1);
+    f.Control.TabCount(2);
+    CHECK(f.Captions() == "Tab0 Tab2");
+    CHECK(f.Control.GetTabIco(1) == u"");
+}
+
+TEST_CASE("InsertTab before the first or behind the last tab does nothing") {
+    ControlFixture f(2);
+    f.Insert(-1, u"x");
+    f.Insert(2, u"x");
+    CHECK(f.Captions() == "Tab0 Tab1");
+    CHECK(f.Host.TakeLog().empty());
+}
+
+TEST_CASE("InsertTab after the last tab appends one and makes it active") {
+    ControlFixture f(2);
+    f.Insert(1, u"New");
+    CHECK(f.Captions() == "Tab0 Tab1 New");
+    CHECK(f.Control.ActiveTab() == 2);
+    CHECK(f.Control.GetTabIco(2) == u"-1");
+}
+
+TEST_CASE("InsertTab with a blank caption names the tab and tells the caller") {
+    ControlFixture f(3);
+    f.Control.Let<std::u16string>(Property::DefaultCaption, u"Page");
+    std::u16string caption = u"  ";
+    f.Control.InsertTab(0, caption);
+    CHECK(caption == u"Page3");
+    CHECK(f.Captions() == "Tab0 Page3 Tab1 Tab2");
+    CHECK(f.Control.State().NewTabNumber == 4);
+}
+
+TEST_CASE("InsertTab keeps a caption that is not blank as it stands") {
+    ControlFixture f(1);
+    std::u16string caption = u" a ";
+    f.Control.InsertTab(0, caption);
+    CHECK(f.Control.GetTabCaption(1) == u" a ");
+    CHECK(f.Control.State().NewTabNumber == 1);
+}
+
+TEST_CASE("InsertTab marks ActiveTab changed, but not TabCount") {
+    ControlFixture f(1);
+    f.Insert(0);
+    const std::string log = f.Host.TakeLog();
+    CHECK(log.find("PropertyChanged ActiveTab") != std::string::npos);
+    CHECK(log.find("PropertyChanged TabCount") == std::string::npos);
+    CHECK(f.Control.State().PreviousTabCount == 0);
+}
+
+TEST_CASE("RemoveTab with one tab does nothing") {
+    ControlFixture f(1);
+    f.Control.RemoveTab(0);
+    CHECK(f.Captions() == "Tab0");
+}
+
+TEST_CASE("RemoveTab out of range does nothing") {
+    ControlFixture f(2);
+    f.Control.RemoveTab(2);
+    f.Control.RemoveTab(-1);
+    CHECK(f.Captions() == "Tab0 Tab1");
+}
+
+TEST_CASE("removing the active tab leaves tab 0 active") {
+    ControlFixture f(3);
+    f.Control.ActiveTab(1);
+    f.Control.RemoveTab(1);
+    CHECK(f.Captions() == "Tab0 Tab2");
+    CHECK(f.Control.ActiveTab() == 0);
+}
+
+TEST_CASE("RemoveTab with tab 0 disabled sets ActiveTab one past the last tab") {
+    ControlFixture f(3);
+    f.Control.ActiveTab(2);
+    f.Control.SetBarEnable(0, False);
+    f.Control.RemoveTab(1);
+    CHECK(f.Control.TabCount() == 2);
+    CHECK(f.Control.ActiveTab() == 2); // required: TabCount, not the last tab
+}
+
+TEST_CASE("ActiveTab ignores a disabled target and indexes out of range") {
+    ControlFixture f(3);
+    f.Control.ActiveTab(1);
+    f.Control.SetBarEnable(2, False);
+    f.Host.TakeLog();
+    for (const int index : {2, 3, -1}) f.Control.ActiveTab(static_cast<std::int16_t>(index));
+    CHECK(f.Control.ActiveTab() == 1);
+    CHECK(f.Host.TakeLog().empty());
+}
+
+TEST_CASE("setting the tab that is active already still marks it changed") {
+    ControlFixture f(2);
+    f.Control.ActiveTab(1);
+    f.Host.TakeLog();
+    f.Control.ActiveTab(1);
+    CHECK(f.Host.TakeLog() == "PropertyChanged ActiveTab");
+}
+
+TEST_CASE("SetBarEnable on the active tab leaves no tab active, whether it disables or enables") {
+    ControlFixture f(2);
+    f.Control.ActiveTab(1);
+    f.Control.SetBarEnable(1, True);
+    CHECK(f.Control.ActiveTab() == -1);
+    f.Control.ActiveTab(1);
+    f.Control.SetBarEnable(1, False);
+    CHECK(f.Control.ActiveTab() == -1);
+    CHECK(f.Captions() == "Tab0 (Tab1)");
+}
+
+TEST_CASE("SetBarEnable on the active tab shows or hides what stands in view, fixed children included") {
+    ControlFixture f(2);
+    f.Control.ActiveTab(0);
+    f.Control.Let<std::u16string>(Property::FixOcxList, u"fixed");
+    f.AddChild(u"shown", 300);
+    f.AddChild(u"fixed", 10);
+    f.AddChild(u"edge", 0); // not greater than 0: not in view
+    f.AddChild(u"hidden", -9700);
+    f.Control.SetBarEnable(0, False);
+    CHECK(f.Host.Children[0].Visible == False);
+    CHECK(f.Host.Children[1].Visible == False);
+    CHECK(f.Host.Children[2].Visible == True);
+    CHECK(f.Host.Children[3].Visible == True);
+}
+
+TEST_CASE("the getters answer -1 and False out of range") {
+    ControlFixture f(2);
+    CHECK(f.Control.GetTabCaption(2) == u"-1");
+    CHECK(f.Control.GetTabCaption(-1) == u"-1");
+    CHECK(f.Control.GetTabIco(2) == u"-1");
+    CHECK(f.Control.GetTabEnable(2) == False);
+}
+
+TEST_CASE("SetBarIco stores the key in upper case") {
+    ControlFixture f(1);
+    f.Control.SetBarIco(0, u"Sun");
+    CHECK(f.Control.GetTabIco(0) == u"SUN");
+}
+
+TEST_CASE("SetBarCaption stores the caption, and out of range nothing") {
+    ControlFixture f(1);
+    f.Control.SetBarCaption(0, u"Files", False);
+    f.Control.SetBarCaption(1, u"none", True);
+    CHECK(f.Captions() == "Files");
+}
+
+TEST_CASE("a list of 32767 tabs takes no further tab and stays as it is") {
+    ControlFixture f(32767);
+    f.AddChild(u"child", 120);
+    f.Host.TakeLog();
+    CHECK(NumberRaisedBy([&] { f.Insert(5, u"x"); }) == 6);
+    CHECK(f.Control.TabCount() == 32767);
+    CHECK(f.Lefts() == "120");
+    CHECK(f.Host.TakeLog().empty());
+}
+
+TEST_CASE("a spare record always stands past the last tab") {
+    ControlFixture f(1);
+    for (int i = 0; i < 3; ++i) f.Insert(0);
+    CHECK(f.Control.State().Tabs.UpperBound() == f.Control.TabCount());
+    f.Control.RemoveTab(1);
+    CHECK(f.Control.State().Tabs.UpperBound() == f.Control.TabCount());
+}
