@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "gfx/cHSV.h"
+#include "png/OutOfMemory.h"
 
 namespace vantik {
 
@@ -80,7 +81,8 @@ void Composite(DibImage& image, std::uint8_t style, BackgroundSource* background
     mixed.Height = image.Height;
     mixed.BitCount = 24;
     mixed.IsTopDown = false;
-    mixed.Pixels = ByteBuffer::Zeroed(mixed.Stride() * static_cast<std::size_t>(image.Height));
+    mixed.Pixels = WithOutOfMemory(
+        [&] { return ByteBuffer::Zeroed(mixed.Stride() * static_cast<std::size_t>(image.Height)); });
     if (background) background->ReadRows(image.Width, image.Height, mixed.Pixels.All());
 
     Recolouring recolouring(style);

@@ -26,7 +26,7 @@ void LoadPNG::SetDstXY(std::int32_t X, std::int32_t Y) noexcept {
 }
 
 std::int32_t LoadPNG::OpenPNG(const std::u16string& filename) {
-    FileSource file(filename);
+    FileSource file = WithOutOfMemory([&] { return FileSource(filename); });
     Open(file);
     return 0;
 }
@@ -50,7 +50,7 @@ void LoadPNG::DecodeImage() {
     if (!image) return;
     if (image.IsTransparent) {
         DeviceBackground background(backgroundDC_, backgroundX_, backgroundY_);
-        WithOutOfMemory([&] { Composite(image, style_, &background); });
+        Composite(image, style_, &background);
     }
     BlitToPicBox(CBitmap::BuildDIB(image));
 }

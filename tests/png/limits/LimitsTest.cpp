@@ -1,0 +1,164 @@
+// What hostile files and missing memory may do: cost no more than stated, and end in an error.
+#include <doctest/doctest.h>
+
+#include <ctime>
+
+#include "png/Composite.h"
+#include "tests/RunTimeErrors.h"
+#include "tests/png/BitWriter.h"
+#include "tests/png/DecodedPng.h"
+#include "tests/png/limits/Allocations.h"
+
+namespace vantik {
+
+namespace {
+
+// The longest runs of equal bytes that deflate can say: two bits for 258 of them.
+Bytes LongRun(std::size_t streamSize) {
+    BitWriter bits;
+    bits.Block(true, 2).Number(286 - 257, 5).Number(0, 5).Number(18 - 4, 4);
+    const unsigned lengths[18] = {0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2, 0, 2}; // 18, 2 and 1
+    for (const unsigned length : lengths) bits.Number(length, 3);
+    bits.Code(3, 2);                                               // 0: 2 bits
+    bits.Code(0, 1).Number(127, 7).Code(0, 1).Number(117 - 11, 7); // 1 to 255: none
+    bits.Code(3, 2);                                               // 256: 2 bits
+    bits.Code(0, 1).Number(28 - 11, 7);                            // 257 to 284: none
+    bits.Code(2, 2);                                               // 285: 1 bit
+    bits.Code(2, 2);                                               // distance 1: 1 bit
+    bits.Code(2, 2);                                               // the first literal 0
+    while (bits.Bytes().size() < streamSize) bits.Code(0, 1).Code(0, 1);
+    return bits.Bytes();
+}
+
+PngBytes HostilePicture(const HeaderFields& fields) {
+    Bytes data = {0x78, 0x9C};
+    Append(data, LongRun(64000));
+    return PngBytes()
+        .Header(fields)
+        .Chunk("PLTE", Bytes(6, 1))
+        .Chunk("tRNS", {0, 0})
+        .Chunk("IDAT", data)
+        .End();
+}
+
+constexpr double MaxSeconds = 2; // of the processor: what else the machine does stays out of it
+constexpr std::size_t MaxBytes = (std::size_t{11} << 30) / 10;
+
+void DecodeAndMix(const Bytes& png, const ConversionSettings& settings, std::uint8_t style) {
+    DibImage image = DecodePng(png, settings);
+    if (image.IsTransparent) Composite(image, style, nullptr);
+}
+
+void CheckCost(const Bytes& png, const ConversionSettings& settings) {
+    REQUIRE(png.size() <= 65536);
+    allocations::TakePeak();
+    const std::clock_t start = std::clock();
+    const int raised = NumberRaisedBy([&] { DecodeAndMix(png, settings, 4); });
+    const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    CHECK((raised == 0 || raised == 7 || raised == 9));
+    CHECK(seconds < MaxSeconds);
+    CHECK(allocations::TakePeak() < MaxBytes);
+}
+
+// Ten pictures that take different ways through the decoder.
+std::vector<Bytes> TenPictures() {
+    std::vector<Bytes> pictures;
+    const Bytes palette = {1, 2, 3, 4, 5, 6};
+    const auto add = [&](const HeaderFields& fields, std::size_t rows) {
+        PngBytes png;
+        png.Header(fields).Chunk("PLTE", palette).Chunk("tEXt", BytesOf("a text long enough for the heap"));
+        pictures.push_back(png.Chunk("tRNS", {0, 1, 0, 2, 0, 3}).StoredImage(Bytes(rows)).End());
+    };
+    add({.Width = 3, .Height = 2, .ColourType = 2}, 20);
+    add({.Width = 3, .Height = 2, .ColourType = 6}, 26);
+    add({.Width = 3, .Height = 2, .ColourType = 4}, 14);
+    add({.Width = 3, .Height = 2, .BitDepth = 16, .ColourType = 6}, 50);
+    add({.Width = 9, .Height = 9, .BitDepth = 1, .ColourType = 3, .Interlace = 1}, 60);
+    add({.Width = 9, .Height = 9, .BitDepth = 2, .ColourType = 0}, 36);
+    add({.Width = 9, .Height = 9, .BitDepth = 4, .ColourType = 3}, 54);
+    add({.Width = 3, .Height = 3, .BitDepth = 8, .ColourType = 6, .Interlace = 1}, 60);
+    BitWriter fixed;
+    fixed.Block(true, 1).Fixed(0).Fixed(1).Fixed(2).Fixed(3).Fixed(256);
+    Bytes stream = {0x78, 0x9C};
+    Append(stream, fixed.Bytes());
+    pictures.push_back(
+        PngBytes().Header({}).Chunk("zTXt", {'k', 0, 0, 0x78, 0x9C, 0x4B, 0x4C}).Chunk("IDAT", stream).End());
+    Bytes run = {0x78, 0x9C};
+    Append(run, LongRun(64));
+    pictures.push_back(
+        PngBytes().Header({.Width = 20, .Height = 20, .ColourType = 0}).Chunk("IDAT", run).End());
+    return pictures;
+}
+
+} // namespace
+
+TEST_CASE("no input of 64 KB takes over 2 s or 1.1 GiB") {
+    struct Kind {
+        std::uint8_t Type, Depth;
+    };
+    const Kind kinds[] = {{0, 1}, {0, 8}, {0, 16}, {2, 8},  {3, 1}, {3, 2},
+                          {3, 8}, {4, 8}, {6, 8},  {6, 16}, {2, 4}};
+    for (const Kind& kind : kinds) {
+        for (const std::uint8_t interlace : Bytes{0, 1}) {
+            for (const std::uint32_t width : {4000u, 60'000'000u}) {
+                // The tallest picture that the data can fill, and one whose other buffers fit the memory, too.
+                const std::uint64_t bits = std::uint64_t{kind.Depth} * (kind.Type == 2   ? 3
+                                                                        : kind.Type == 4 ? 2
+                                                                        : kind.Type == 6 ? 4
+                                                                                         : 1);
+                const std::uint64_t rowBytes = (width * bits + 7) / 8 + 1 + interlace % 2;
+                for (const std::uint64_t raw : {60'000'000u, 12'000'000u}) {
+                    const auto height = static_cast<std::uint32_t>(raw / rowBytes);
+                    CAPTURE(kind.Type);
+                    CAPTURE(kind.Depth);
+                    CAPTURE(interlace);
+                    CAPTURE(width);
+                    CAPTURE(height);
+                    const HeaderFields fields = {.Width = width,
+                                                 .Height = height,
+                                                 .BitDepth = kind.Depth,
+                                                 .ColourType = kind.Type,
+                                                 .Interlace = interlace};
+                    CheckCost(HostilePicture(fields), Everything);
+                }
+            }
+        }
+    }
+}
+
+TEST_CASE("64 KB of tiny blocks take no longer") {
+    BitWriter bits;
+    while (bits.Bytes().size() < 60000) {
+        bits.Block(false, 1).Fixed('x').Fixed(256);
+    }
+    Bytes data = {0x78, 0x9C};
+    Append(data, bits.Bytes());
+    CheckCost(PngBytes().Header({.Width = 100, .Height = 100, .ColourType = 0}).Chunk("IDAT", data).End(),
+              Everything);
+}
+
+TEST_CASE("64 KB of chunks take no longer") {
+    PngBytes png;
+    png.Header({});
+    while (png.All().size() < 65000) png.Chunk("tEXt", {'x'}).Chunk("zTXt", {'k', 0, 0, 0x78, 0x9C, 0x4B});
+    CheckCost(png.End(), Everything);
+}
+
+TEST_CASE("whichever allocation fails, error 7 comes back and nothing leaks") {
+    for (const Bytes& png : TenPictures()) {
+        const std::size_t before = allocations::LiveBlocks();
+        long number = 0;
+        for (bool isDone = false; !isDone; ++number) {
+            allocations::FailAt(number);
+            const int raised = NumberRaisedBy([&] { DecodeAndMix(png, Everything, 4); });
+            allocations::FailNone();
+            isDone = raised == 0;
+            CHECK((raised == 0 || raised == 7));
+            CHECK(allocations::LiveBlocks() == before);
+            if (number > 1000) FAIL("the decoder never gets through");
+        }
+        CHECK(number > 3);
+    }
+}
+
+} // namespace vantik
