@@ -107,6 +107,7 @@ void VantikFrameTab::UserControl_MouseMove(std::int16_t /*button*/, std::int16_t
 
     const std::int32_t slot = BarSlotAt(px - float(strip.Left), py - float(strip.Top), state_);
     const auto tab = Narrow<std::int16_t>(state_.Layout.FirstVisibleTab + slot);
+    if (tab != state_.HoverTab) merged_.CarryOut(); // a move repaints no bar
     if (!PointInRect(px, py, CloseButtonRect(state_, slot)))
         EndCloseHover();
     else if (state_.HoverCloseTab == -1)

@@ -1,0 +1,60 @@
+// Repaints that wait until somebody looks must not be told from repaints at once.
+#include <doctest/doctest.h>
+
+#include "tests/control/RandomActions.h"
+
+using namespace vantik;
+using namespace vantik::test;
+
+TEST_CASE("nobody who looks now and then can tell merged repaints from eager ones") {
+    constexpr std::uint32_t Seeds = 60, ActionsPerSeed = 40;
+    for (std::uint32_t seed = 1; seed <= Seeds; ++seed) {
+        CAPTURE(seed);
+        std::mt19937 chance(seed);
+        DrivenControl merged(8), eager(8);
+        for (std::uint32_t i = 0; i < ActionsPerSeed; ++i) {
+            const RandomAction action(chance);
+            CAPTURE(i);
+            CAPTURE(action.Kind());
+            action.DoTo(merged);
+            action.DoTo(eager);
+            eager.Control.UserControl_Paint();
+            if (chance() % 6) continue;
+            merged.Control.UserControl_Paint();
+            REQUIRE(Difference(merged.Host.Read(), eager.Host.Read()) == "same");
+        }
+        REQUIRE(merged.Log() == eager.Log());
+    }
+}
+
+TEST_CASE("a thousand insertions paint once") {
+    DrivenControl f(1);
+    f.Control.UserControl_Paint();
+    f.Host.TakeLog();
+    for (int i = 0; i < 1000; ++i) f.Fixture.Insert(0);
+    f.Control.UserControl_Paint();
+    const std::string log = f.Host.TakeLog();
+    CHECK(log.find("Cls") != std::string::npos);
+    CHECK(log.find("Cls") == log.rfind("Cls"));
+}
+
+TEST_CASE("a caption set without refresh shows at the next repaint, not at one that waited") {
+    DrivenControl f(3);
+    f.Control.ActiveTab(1); // waits
+    f.Control.SetBarCaption(1, u"Changed", False);
+    f.Control.UserControl_Paint();
+    const Pixels before = f.Host.Read();
+    f.Control.RedrawBars();
+    f.Control.UserControl_Paint();
+    CHECK(Difference(f.Host.Read(), before) != "same");
+}
+
+TEST_CASE("a pointer move after a switch does not colour the bar that waits to be painted") {
+    DrivenControl f(3), still(3);
+    f.Control.ActiveTab(1);
+    f.MoveTo(f.Bar(2)); // a move repaints no bar
+    still.Control.ActiveTab(1);
+    f.Control.UserControl_Paint();
+    still.Control.UserControl_Paint();
+    CHECK(Difference(f.Host.Read(), still.Host.Read()) == "same");
+}
