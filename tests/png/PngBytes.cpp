@@ -15,6 +15,16 @@ std::uint32_t Crc(const Bytes& bytes) {
     return ~crc;
 }
 
+std::uint32_t Adler(const Bytes& bytes) {
+    std::uint32_t low = 1;
+    std::uint32_t high = 0;
+    for (const std::uint8_t byte : bytes) {
+        low = (low + byte) % 65521;
+        high = (high + low) % 65521;
+    }
+    return high << 16 | low;
+}
+
 void AppendLittleEndian16(Bytes& target, std::size_t number) {
     target.push_back(static_cast<std::uint8_t>(number & 0xFF));
     target.push_back(static_cast<std::uint8_t>(number >> 8 & 0xFF));
@@ -59,7 +69,7 @@ PngBytes& PngBytes::Header(const HeaderFields& fields) {
 PngBytes& PngBytes::StoredImage(const Bytes& filteredRows) {
     Bytes stream = {0x78, 0x01};
     Append(stream, StoredBlocks(filteredRows));
-    Append(stream, {0, 0, 0, 0});
+    Append(stream, BigEndian32(Adler(filteredRows)));
     return Chunk("IDAT", stream);
 }
 

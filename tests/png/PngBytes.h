@@ -31,7 +31,7 @@ public:
     // A chunk whose length field says something else than its data; no CRC follows.
     PngBytes& FalseChunk(std::string_view name, std::uint32_t length, const Bytes& data = {});
     PngBytes& Header(const HeaderFields& fields);
-    // An IDAT with zlib header, one stored block and a wrong Adler-32 (which nobody looks at).
+    // An IDAT of stored blocks.
     PngBytes& StoredImage(const Bytes& filteredRows);
     PngBytes& End() { return Chunk("IEND", {}); }
 
