@@ -15,8 +15,9 @@ void MergedRepaint::RedrawBars() {
     if (waiting_ != Waiting::All) WaitFor(Waiting::Bars);
 }
 
+// A repaint that waits will paint the bar as it is then.
 void MergedRepaint::RedrawBar(std::int16_t index, std::uint8_t state) {
-    CarryOut();
+    if (IsWaiting()) return driver_.PrepareBars();
     driver_.RedrawBar(index, state);
 }
 

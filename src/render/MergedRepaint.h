@@ -22,8 +22,10 @@ public:
     void RepaintAll();
     void RedrawBars();
 
-    // These draw at once, over what waited.
+    // Draws the bar at once unless a repaint waits, which will.
     void RedrawBar(std::int16_t index, std::uint8_t state);
+
+    // Draws at once, over what waited.
     void RepaintFrame();
 
     // Paints what waits. Does nothing when called again from inside the painting.
