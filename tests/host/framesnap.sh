@@ -122,6 +122,16 @@ pictures() {
     check "a picture has the control's size and something on it" is_picture first.png 400x200
     check "a picture shows its moment" differ first.png second.png
     check "the same state gives the same picture" same first.png third.png
+    local side round tour=()
+    for round in 1 2 3; do
+        for side in WindowLeft WindowBottom WindowRight Windowtop; do
+            tour+=(--set "TabPos=$side" --out "$side-$round.png")
+        done
+    done
+    snap "${Tabs[@]}" "${tour[@]}"
+    for side in WindowLeft WindowBottom WindowRight Windowtop; do
+        check "$side looks the same each time" same "$side-1.png" "$side-3.png"
+    done
     snap "${Tabs[@]}" --size 300x120 --out small.png
     check "a later size counts from there on" is_picture small.png 300x120
     snap --design "${Tabs[@]}" --out design.png
