@@ -10,6 +10,8 @@ constexpr SIZE FormSize = {920, 620};
 constexpr SIZE LeastSize = {720, 540};
 constexpr int Margin = 12;
 
+constexpr UINT ArrangeMessage = WM_APP;
+
 // What the panel at the right leaves.
 RECT ControlPlace(SIZE form, int panelWidth) noexcept {
     return {Margin, Margin, form.cx - panelWidth - 2 * Margin, form.cy - Margin};
@@ -64,6 +66,9 @@ void DemoForm::Arrange() {
     pages_->Arrange({place.right - place.left, place.bottom - place.top});
 }
 
+// Fixed controls stand where those of the first tab stand. When that one goes they go with it, and are put back.
+void DemoForm::ArrangeLater() { PostMessageW(form_->Window().Handle(), ArrangeMessage, 0, 0); }
+
 void DemoForm::Note(const std::wstring& line) {
     if (events_) events_->Add(line);
 }
@@ -71,6 +76,7 @@ void DemoForm::Note(const std::wstring& line) {
 void DemoForm::OnEvent(EventCall& event) {
     Note(event.Text());
     if (event.Name() == L"DownBarDown") ShowTabMenu();
+    if (event.Name() == L"TabClose") ArrangeLater();
 }
 
 std::optional<LRESULT> DemoForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -81,6 +87,7 @@ std::optional<LRESULT> DemoForm::OnMessage(UINT message, WPARAM wParam, LPARAM l
     case WM_GETMINMAXINFO:
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {LeastSize.cx, LeastSize.cy};
         return 0;
+    case ArrangeMessage: Arrange(); return 0;
     case WM_ERASEBKGND:
         if (!pages_) return std::nullopt;
         pages_->Fill(form_->Window().Handle(), reinterpret_cast<HDC>(wParam));

@@ -43,6 +43,7 @@ private:
     OptionPanel::Setting<bool> FlagSetting(const wchar_t* property);
     OptionPanel::Setting<std::wstring> TextSetting(const wchar_t* property);
     void Arrange();
+    void ArrangeLater();
     void ArrangeCaptions();
     void Note(const std::wstring& line);
     void OnEvent(EventCall& event);

@@ -133,7 +133,10 @@ void DemoForm::UseSkin(int skin) {
     });
 }
 
-void DemoForm::SetTabCount(std::int16_t count) { Set(L"TabCount", count); }
+void DemoForm::SetTabCount(std::int16_t count) {
+    Set(L"TabCount", count);
+    ShowIcons(icons_);
+}
 
 std::int16_t DemoForm::ActiveTab() { return static_cast<std::int16_t>(Number(L"ActiveTab")); }
 
@@ -143,10 +146,12 @@ void DemoForm::InsertTab() {
         Call(Control(), L"InsertTab", {ActiveTab(), caption.Put()});
         Note(L"inserted " + caption.Text());
     });
+    ShowIcons(icons_);
 }
 
 void DemoForm::RemoveTab() {
     Try([&] { Call(Control(), L"RemoveTab", {ActiveTab()}); });
+    ArrangeLater();
 }
 
 void DemoForm::ShowTabMenu() {
