@@ -20,12 +20,10 @@ Activation::Activation(Control& control) noexcept
     : control_(control), messages_(control), window_(control, messages_) {}
 
 HRESULT Activation::InPlaceActivate() {
-    if (active_ && Window()) return S_OK;
+    if (IsHere()) return S_OK;
     control_.Document.Need();
-    if (!active_) {
-        const HRESULT entered = EnterSite();
-        if (entered != S_OK) return entered;
-    }
+    const HRESULT entered = active_ ? S_OK : EnterSite();
+    if (entered != S_OK) return entered;
     const HRESULT made = MakeWindow();
     if (FAILED(made)) {
         InPlaceDeactivate();
@@ -33,17 +31,20 @@ HRESULT Activation::InPlaceActivate() {
     }
     control_.Engine.UserControl_WindowCreated();
     if (const ComPtr<IOleClientSite> site(control_.Site.Get()); site) site->ShowObject();
-    return S_OK;
+    return IsHere() ? S_OK : E_FAIL;
 }
 
+// Any of these calls may lead to the opposite of what was begun; what is said to the host stays in balance.
 HRESULT Activation::EnterSite() {
     const auto site = control_.Site.As<IOleInPlaceSite>();
     if (!site || site->CanInPlaceActivate() != S_OK) return OLE_E_NOT_INPLACEACTIVE;
-    const HRESULT entered = site->OnInPlaceActivate();
-    if (FAILED(entered)) return entered;
     site_ = site;
     active_ = true;
-    return S_OK;
+    const HRESULT agreed = site->OnInPlaceActivate();
+    if (SUCCEEDED(agreed)) return active_ ? S_OK : E_FAIL;
+    active_ = false;
+    site_.Reset();
+    return agreed;
 }
 
 // A host may have no frame, no document window and no idea of the place.
@@ -74,9 +75,9 @@ HRESULT Activation::UIActivate() {
     const HRESULT agreed = site->OnUIActivate();
     if (FAILED(agreed)) uiActive_ = false;
     if (FAILED(agreed)) return agreed;
-    if (Window() && !HoldsFocus(Window())) SetFocus(Window());
+    if (uiActive_ && Window() && !HoldsFocus(Window())) SetFocus(Window());
     if (uiActive_) AnnounceActiveObject(true);
-    return S_OK;
+    return uiActive_ ? S_OK : E_FAIL;
 }
 
 void Activation::AnnounceActiveObject(bool active) noexcept {

@@ -27,7 +27,6 @@ public:
     // The host asked for another size while the control is active: it has to give the window its place.
     void AskForSize(SIZE pixels);
 
-    bool IsActive() const noexcept { return active_; }
     HWND Window() const noexcept { return window_.Handle(); }
     POINT Position() const noexcept; // pixels, in the host's window
     ComPtr<IOleInPlaceFrame> Frame() const noexcept { return frame_; }
@@ -37,6 +36,7 @@ public:
     bool KeyDown(WPARAM key) noexcept { return messages_.KeyDown(key); }
 
 private:
+    bool IsHere() const noexcept { return active_ && Window(); }
     HRESULT EnterSite();
     HRESULT MakeWindow();
     void LeaveSite() noexcept;

@@ -69,12 +69,20 @@ void RegisterLibrary() {
     Check(LoadTypeLibEx(ModuleFile().c_str(), REGKIND_REGISTER, library.Put()));
 }
 
+bool LibraryIsRegistered() {
+    BSTR path = nullptr;
+    const HRESULT found = QueryPathOfRegTypeLib(LIBID_VantikFrameTabProject, LibraryMajorVersion,
+                                                LibraryMinorVersion, LOCALE_NEUTRAL, &path);
+    SysFreeString(path);
+    return SUCCEEDED(found);
+}
+
 // The other bitness of the control may be registered still: only this one's entry goes.
 HRESULT UnregisterLibrary() {
+    if (!LibraryIsRegistered()) return S_OK;
     const SYSKIND system = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
-    const HRESULT result = UnRegisterTypeLib(LIBID_VantikFrameTabProject, LibraryMajorVersion,
-                                             LibraryMinorVersion, LOCALE_NEUTRAL, system);
-    return result == TYPE_E_REGISTRYACCESS || result == TYPE_E_LIBNOTREGISTERED ? S_OK : result;
+    return UnRegisterTypeLib(LIBID_VantikFrameTabProject, LibraryMajorVersion, LibraryMinorVersion,
+                             LOCALE_NEUTRAL, system);
 }
 
 } // namespace

@@ -8,8 +8,9 @@ namespace vantik {
 
 namespace {
 
-// No window is larger.
+// No window is larger on one side, and none has more pixels: beyond 1 GiB not every system counts right.
 constexpr LONG LargestSide = 32767;
+constexpr std::int64_t MostPixels = (std::int64_t{1} << 30) / 4;
 
 // Four bytes a pixel: the colours are exact whatever the screen. Bottom row first, as old metafiles want it.
 BITMAPINFO FormatOf(SIZE size) noexcept {
@@ -20,10 +21,13 @@ BITMAPINFO FormatOf(SIZE size) noexcept {
     format.bmiHeader.biPlanes = 1;
     format.bmiHeader.biBitCount = 32;
     format.bmiHeader.biCompression = BI_RGB;
+    format.bmiHeader.biSizeImage =
+        static_cast<DWORD>(size.cx) * static_cast<DWORD>(size.cy) * 4; // for metafiles
     return format;
 }
 
 HBITMAP NewBitmap(HDC dc, SIZE size, void** bits) noexcept {
+    if (std::int64_t{size.cx} * size.cy > MostPixels) return nullptr;
     const BITMAPINFO format = FormatOf(size);
     return CreateDIBSection(dc, &format, DIB_RGB_COLORS, bits, nullptr, 0);
 }

@@ -1,0 +1,343 @@
+// Saving and loading by every route that a host may take.
+#include <doctest/doctest.h>
+
+#include "host/TextPropertyBag.h"
+#include "ole/LooseControl.h"
+
+namespace vantik {
+
+namespace {
+
+ComPtr<IStream> NewStream() {
+    ComPtr<IStream> stream;
+    REQUIRE(CreateStreamOnHGlobal(nullptr, TRUE, stream.Put()) == S_OK);
+    return stream;
+}
+
+ComPtr<IStorage> NewStorage() {
+    ComPtr<ILockBytes> bytes;
+    ComPtr<IStorage> storage;
+    REQUIRE(CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.Put()) == S_OK);
+    REQUIRE(StgCreateDocfileOnILockBytes(bytes.Get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0,
+                                         storage.Put()) == S_OK);
+    return storage;
+}
+
+void Rewind(IStream& stream) { stream.Seek({}, STREAM_SEEK_SET, nullptr); }
+
+std::vector<std::byte> BytesOf(IStream& stream) {
+    STATSTG state = {};
+    stream.Stat(&state, STATFLAG_NONAME);
+    std::vector<std::byte> bytes(static_cast<std::size_t>(state.cbSize.QuadPart));
+    Rewind(stream);
+    stream.Read(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
+    return bytes;
+}
+
+ComPtr<IStream> StreamOf(const std::vector<std::byte>& bytes) {
+    auto stream = NewStream();
+    stream->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
+    Rewind(*stream.Get());
+    return stream;
+}
+
+// Every property away from its default, pictures and fonts included.
+void Change(LooseControl& control) {
+    IDispatch& tab = control.Dispatch();
+    for (const wchar_t* name : {L"TabBarPos", L"TabPos", L"CaptionPos"}) Put(tab, name, std::int32_t{1});
+    for (const wchar_t* name :
+         {L"TabBarPosXJust", L"TabBarPosYJust", L"CaptionXjust", L"CaptionYjust", L"IcoXjust", L"IcoYjust",
+          L"DelBtnXJust", L"DelBtnYJust", L"NavBtnYjust", L"NavBtnXjust", L"TabToTab", L"FrameDist"})
+        Put(tab, name, std::int16_t{-3});
+    Put(tab, L"BarWidth", std::int16_t{64});
+    Put(tab, L"TabOffSet", std::int32_t{54321});
+    Put(tab, L"DefaultCaption", L"页 \"quoted\"");
+    Put(tab, L"CaptionColor0", std::int32_t(0x80000012));
+    Put(tab, L"CaptionColor1", std::int32_t{0xFF8000});
+    Put(tab, L"DelButton", false);
+    Put(tab, L"TabBorder", true);
+    Put(tab, L"FixOcxList", L"btnOk, lblTitle");
+    Put(tab, L"TabCount", std::int16_t{4});
+    Put(tab, L"ActiveTab", std::int16_t{2});
+    const auto font = QueryFor<IFont>(Get(tab, L"Font").Object().Get());
+    ComPtr<IFont> other;
+    REQUIRE(font->Clone(other.Put()) == S_OK);
+    other->put_Name(Bstr(L"DejaVu Sans").Get());
+    CY size = {};
+    size.int64 = 140000;
+    other->put_Size(size);
+    other->put_Bold(TRUE);
+    PutReference(tab, L"Font", other.As<IDispatch>().Get());
+
+    PICTDESC description = {};
+    description.cbSizeofstruct = sizeof description;
+    description.picType = PICTYPE_BITMAP;
+    description.bmp.hbitmap = CreateBitmap(8, 5, 1, 1, nullptr);
+    ComPtr<IDispatch> picture;
+    REQUIRE(OleCreatePictureIndirect(&description, __uuidof(IPictureDisp), TRUE, picture.PutVoid()) == S_OK);
+    PutReference(tab, L"Picture", picture.Get());
+}
+
+std::wstring FontText(IDispatch& tab) {
+    const auto font = QueryFor<IFont>(Get(tab, L"Font").Object().Get());
+    Bstr name(L"");
+    CY size = {};
+    BOOL bold = FALSE;
+    font->get_Name(name.Put());
+    font->get_Size(&size);
+    font->get_Bold(&bold);
+    return name.Text() + L" " + std::to_wstring(size.int64 / 10000) + (bold ? L" bold" : L"");
+}
+
+std::wstring PictureText(IDispatch& tab) {
+    const auto picture = QueryFor<IPicture>(Get(tab, L"Picture").Object().Get());
+    if (!picture) return L"none";
+    short type = -1;
+    OLE_XSIZE_HIMETRIC width = 0;
+    OLE_YSIZE_HIMETRIC height = 0;
+    picture->get_Type(&type);
+    picture->get_Width(&width);
+    picture->get_Height(&height);
+    return type <= 0
+               ? L"none"
+               : std::to_wstring(type) + L": " + std::to_wstring(width) + L"x" + std::to_wstring(height);
+}
+
+// All that is saved, as one text.
+std::string StateOf(LooseControl& control) {
+    std::wstring state;
+    for (const wchar_t* name :
+         {L"TabCount",       L"ActiveTab",      L"TabBarPos",    L"TabPos",         L"BarWidth",
+          L"TabBarPosXJust", L"TabBarPosYJust", L"TabOffSet",    L"DefaultCaption", L"CaptionPos",
+          L"CaptionColor0",  L"CaptionColor1",  L"CaptionXjust", L"CaptionYjust",   L"IcoXjust",
+          L"IcoYjust",       L"DelButton",      L"DelBtnXJust",  L"DelBtnYJust",    L"NavBtnYjust",
+          L"NavBtnXjust",    L"FixOcxList",     L"TabToTab",     L"TabBorder",      L"FrameDist",
+          L"SkinFile",       L"SkinPath"})
+        state += std::wstring(name) + L"=" + Get(control.Dispatch(), name).Text() + L"\n";
+    return ToUtf8(state + FontText(control.Dispatch()) + L"\n" + PictureText(control.Dispatch()));
+}
+
+} // namespace
+
+TEST_CASE("The same state comes back by bag, stream and storage") {
+    LooseControl saved;
+    saved.As<IPersistPropertyBag>()->Load(MakeCom<TextPropertyBag>().Get(), nullptr); // finds its skin's folder
+    Change(saved);
+    const std::string state = StateOf(saved);
+    REQUIRE(state.find("DejaVu Sans 14 bold") != std::string::npos);
+    REQUIRE(state.find("1: ") != std::string::npos);
+    LooseControl loaded;
+    SUBCASE("property bag") {
+        for (const BOOL all : {FALSE, TRUE}) {
+            const auto bag = MakeCom<TextPropertyBag>();
+            REQUIRE(saved.As<IPersistPropertyBag>()->Save(bag.Get(), TRUE, all) == S_OK);
+            REQUIRE(loaded.As<IPersistPropertyBag>()->Load(bag.Get(), nullptr) == S_OK);
+        }
+    }
+    SUBCASE("stream") {
+        const auto stream = NewStream();
+        REQUIRE(saved.As<IPersistStreamInit>()->Save(stream.Get(), TRUE) == S_OK);
+        Rewind(*stream.Get());
+        REQUIRE(loaded.As<IPersistStreamInit>()->Load(stream.Get()) == S_OK);
+    }
+    SUBCASE("storage") {
+        const auto storage = NewStorage();
+        REQUIRE(saved.As<IPersistStorage>()->Save(storage.Get(), FALSE) == S_OK);
+        REQUIRE(saved.As<IPersistStorage>()->SaveCompleted(nullptr) == S_OK);
+        REQUIRE(loaded.As<IPersistStorage>()->Load(storage.Get()) == S_OK);
+    }
+    CHECK(StateOf(loaded) == state);
+    CHECK(loaded.As<IPersistStreamInit>()->IsDirty() == S_FALSE);
+    CHECK(saved.As<IPersistStreamInit>()->IsDirty() == S_FALSE);
+}
+
+TEST_CASE("A control as it was born saves nothing to a bag") {
+    LooseControl control;
+    control.As<IPersistPropertyBag>()->InitNew();
+    const auto bag = MakeCom<TextPropertyBag>();
+    CHECK(control.As<IPersistPropertyBag>()->Save(bag.Get(), TRUE, FALSE) == S_OK);
+    CHECK(bag->Text().empty());
+}
+
+TEST_CASE("Whether a control has to be saved is told truthfully") {
+    LooseControl control;
+    const auto stream = control.As<IPersistStreamInit>();
+    REQUIRE(stream->InitNew() == S_OK);
+    CHECK(stream->IsDirty() == S_FALSE);
+    Put(control.Dispatch(), L"FrameDist", std::int16_t{0}); // assigned is changed
+    CHECK(stream->IsDirty() == S_OK);
+    CHECK(control.As<IPersistStorage>()->IsDirty() == S_OK);
+    const auto copy = NewStream();
+    REQUIRE(stream->Save(copy.Get(), FALSE) == S_OK);
+    CHECK(stream->IsDirty() == S_OK);
+    REQUIRE(stream->Save(copy.Get(), TRUE) == S_OK);
+    CHECK(stream->IsDirty() == S_FALSE);
+    Call(control.Dispatch(), L"GetTabCaption", {std::int16_t{0}});
+    CHECK(stream->IsDirty() == S_FALSE);
+    Put(control.Dispatch(), L"TabCount", std::int16_t{2});
+    CHECK(stream->IsDirty() == S_OK);
+}
+
+TEST_CASE("The size that a stream will have is exact") {
+    LooseControl control;
+    Change(control);
+    ULARGE_INTEGER size = {};
+    REQUIRE(control.As<IPersistStreamInit>()->GetSizeMax(&size) == S_OK);
+    const auto stream = NewStream();
+    REQUIRE(control.As<IPersistStreamInit>()->Save(stream.Get(), TRUE) == S_OK);
+    CHECK(BytesOf(*stream.Get()).size() == size.QuadPart);
+}
+
+TEST_CASE("Reading stops right behind the control's own bytes") {
+    LooseControl control;
+    Change(control);
+    const auto stream = NewStream();
+    control.As<IPersistStreamInit>()->Save(stream.Get(), TRUE);
+    const ULONG mark = 0x12345678;
+    stream->Write(&mark, sizeof mark, nullptr);
+    Rewind(*stream.Get());
+    REQUIRE(control.As<IPersistStreamInit>()->Load(stream.Get()) == S_OK);
+    ULONG found = 0;
+    stream->Read(&found, sizeof found, nullptr);
+    CHECK(found == mark);
+}
+
+TEST_CASE("A stream that was cut short or is none of the control's leaves it as it was") {
+    LooseControl saved;
+    Change(saved);
+    const auto stream = NewStream();
+    saved.As<IPersistStreamInit>()->Save(stream.Get(), TRUE);
+    const auto whole = BytesOf(*stream.Get());
+    LooseControl control;
+    Put(control.Dispatch(), L"FrameDist", std::int16_t{9});
+    const std::string before = StateOf(control);
+    for (std::size_t size = 0; size < whole.size(); size += 1 + size / 16) {
+        CAPTURE(size);
+        CHECK(FAILED(control.As<IPersistStreamInit>()->Load(
+            StreamOf({whole.begin(), whole.begin() + long(size)}).Get())));
+        CHECK(StateOf(control) == before);
+    }
+    auto foreign = whole;
+    foreign[0] = std::byte{0};
+    CHECK(FAILED(control.As<IPersistStreamInit>()->Load(StreamOf(foreign).Get())));
+    CHECK(StateOf(control) == before);
+}
+
+// The picture's own bytes are the platform's affair: it reads them, and not every system's reader is proof.
+TEST_CASE("No bytes of a stream can bring the control down") {
+    LooseControl saved;
+    Change(saved);
+    PutReference(saved.Dispatch(), L"Picture", nullptr);
+    const auto stream = NewStream();
+    saved.As<IPersistStreamInit>()->Save(stream.Get(), TRUE);
+    const auto whole = BytesOf(*stream.Get());
+    unsigned seed = 4711;
+    for (int round = 0; round < 300; ++round) {
+        auto bytes = whole;
+        for (int changes = 0; changes < 3; ++changes) {
+            seed = seed * 1103515245 + 12345;
+            bytes[(seed >> 8) % bytes.size()] = std::byte(seed >> 24);
+        }
+        LooseControl control;
+        control.As<IPersistStreamInit>()->Load(StreamOf(bytes).Get());
+        short count = 0;
+        CHECK(control.Tab->get_TabCount(&count) == S_OK);
+    }
+}
+
+TEST_CASE("A newer version's unknown properties are passed over, missing ones have their defaults") {
+    LooseControl control;
+    std::vector<std::byte> bytes;
+    const auto number = [&](auto value) {
+        const auto* raw = reinterpret_cast<const std::byte*>(&value);
+        bytes.insert(bytes.end(), raw, raw + sizeof value);
+    };
+    const auto record = [&](std::u16string_view key, std::uint16_t type, std::vector<std::uint16_t> value) {
+        number(static_cast<std::uint16_t>(key.size()));
+        for (const char16_t letter : key) number(letter);
+        number(type);
+        number(static_cast<std::uint32_t>(value.size() * 2));
+        for (const auto word : value) number(word);
+    };
+    record(u"Glow", 4711, {1, 2, 3});
+    record(u"BarWidth", VT_I2, {99});
+    const auto records = std::exchange(bytes, {});
+    number(std::uint32_t{0x54465456});
+    number(std::uint16_t{2}); // a version to come
+    number(std::uint16_t{0});
+    number(static_cast<std::uint32_t>(records.size()));
+    bytes.insert(bytes.end(), records.begin(), records.end());
+    CHECK(control.As<IPersistStreamInit>()->Load(StreamOf(bytes).Get()) == S_OK);
+    CHECK(Get(control.Dispatch(), L"BarWidth").Number() == 99);
+    CHECK(Get(control.Dispatch(), L"DefaultCaption").Text() == L"Tab");
+}
+
+namespace {
+
+// A bag in which one value cannot be read.
+class BrokenBag final : public ComObject<IPropertyBag> {
+public:
+    explicit BrokenBag(HRESULT answer) : answer_(answer) {}
+    STDMETHODIMP Read(LPCOLESTR name, VARIANT* value, IErrorLog*) noexcept override {
+        if (std::wstring_view(name) == L"BarWidth") return answer_;
+        if (std::wstring_view(name) != L"TabToTab") return E_INVALIDARG;
+        value->vt = VT_BSTR;
+        value->bstrVal = SysAllocString(L"7");
+        return S_OK;
+    }
+    STDMETHODIMP Write(LPCOLESTR, VARIANT*) noexcept override { return answer_; }
+
+private:
+    HRESULT answer_;
+};
+
+class RecordingLog final : public ComObject<IErrorLog> {
+public:
+    STDMETHODIMP AddError(LPCOLESTR name, EXCEPINFO* exception) noexcept override {
+        Names.push_back(name);
+        Code = exception->scode;
+        return S_OK;
+    }
+    std::vector<std::wstring> Names;
+    HRESULT Code = S_OK;
+};
+
+} // namespace
+
+TEST_CASE("A bag's error goes to the loader, and the log names the property") {
+    LooseControl control;
+    const auto log = MakeCom<RecordingLog>();
+    CHECK(control.As<IPersistPropertyBag>()->Load(MakeCom<BrokenBag>(STG_E_READFAULT).Get(), log.Get()) ==
+          STG_E_READFAULT);
+    CHECK(log->Names == std::vector<std::wstring>{L"BarWidth"});
+    CHECK(log->Code == STG_E_READFAULT);
+    CHECK(control.As<IPersistPropertyBag>()->Load(nullptr, nullptr) == E_POINTER);
+}
+
+TEST_CASE("A bag without a key gives the default, and text where a number belongs is converted") {
+    LooseControl control;
+    CHECK(control.As<IPersistPropertyBag>()->Load(MakeCom<BrokenBag>(E_INVALIDARG).Get(), nullptr) == S_OK);
+    CHECK(Get(control.Dispatch(), L"BarWidth").Number() == 20);
+    CHECK(Get(control.Dispatch(), L"TabToTab").Number() == 7);
+}
+
+TEST_CASE("A bag that cannot be written leaves the control changed") {
+    LooseControl control;
+    Put(control.Dispatch(), L"FrameDist", std::int16_t{5});
+    CHECK(control.As<IPersistPropertyBag>()->Save(MakeCom<BrokenBag>(STG_E_MEDIUMFULL).Get(), TRUE, FALSE) ==
+          STG_E_MEDIUMFULL);
+    CHECK(control.As<IPersistStreamInit>()->IsDirty() == S_OK);
+}
+
+TEST_CASE("Captions that were set at run time are not saved: the defaults come back") {
+    LooseControl control;
+    control.Tab->put_TabCount(2);
+    Call(control.Dispatch(), L"SetBarCaption", {std::int16_t{1}, L"Mine"});
+    const auto stream = NewStream();
+    control.As<IPersistStreamInit>()->Save(stream.Get(), TRUE);
+    Rewind(*stream.Get());
+    REQUIRE(control.As<IPersistStreamInit>()->Load(stream.Get()) == S_OK);
+    CHECK(Call(control.Dispatch(), L"GetTabCaption", {std::int16_t{1}}).Text() == L"Tab1");
+}
+
+} // namespace vantik
