@@ -121,7 +121,8 @@ std::string StateOf(LooseControl& control) {
 
 TEST_CASE("The same state comes back by bag, stream and storage") {
     LooseControl saved;
-    saved.As<IPersistPropertyBag>()->Load(MakeCom<TextPropertyBag>().Get(), nullptr); // finds its skin's folder
+    saved.As<IPersistPropertyBag>()->Load(MakeCom<TextPropertyBag>().Get(),
+                                          nullptr); // finds its skin's folder
     Change(saved);
     const std::string state = StateOf(saved);
     REQUIRE(state.find("DejaVu Sans 14 bold") != std::string::npos);

@@ -109,13 +109,16 @@ TEST_CASE("Properties are read and written, objects by reference too; About is t
 }
 
 // A library's texts are bytes of the machine's code page.
-TEST_SUITE("code page 936") {
+TEST_SUITE("chinese") {
     TEST_CASE("Chinese help texts come out on a machine whose code page has Chinese") {
         REQUIRE(GetACP() == 936);
         LooseControl control;
         for (const auto& member : MembersOf(*Described(control).Get())) {
             if (member.Name == L"TabCount") CHECK(member.Help == L"TabBar的数量,从1开始计数");
             if (member.Name == L"ActiveTab") CHECK(member.Help == L"当前活动Tab,从0开始");
+            if (member.Name == L"TabOffSet") CHECK(member.Help.ends_with(L"一般应大于10000"));
+            if (member.Name == L"DefaultCaption")
+                CHECK(member.Help == L"New Tab's Caption, 由控件自建,可通过程序修改");
             if (member.Name == L"FrameDist") CHECK(member.Help == L"控件边距");
             if (member.Name == L"About") CHECK(member.Help == L"About Vantik");
         }

@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# The built product as a file: it imports only what every Windows has, exports what a control has to, and its manifest
+# says what is built. Prints "N passed, N failed" at the end.
+set -uo pipefail
+
+Product=$BUILD/src/ole/VantikFrameTab.ocx
+Manifest=$BUILD/src/ole/VantikFrameTab.manifest
+SystemLibraries='advapi32 comctl32 gdi32 kernel32 msvcrt ole32 oleaut32 user32'
+Exports='DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer'
+Passed=0
+Failed=0
+
+check() {
+    local what=$1 found=$2 expected=$3
+    if [[ $found == "$expected" ]]; then
+        Passed=$((Passed + 1))
+    else
+        Failed=$((Failed + 1))
+        printf 'FAILED: %s\n  found:    %s\n  expected: %s\n' "$what" "$found" "$expected"
+    fi
+}
+
+in_one_line() { sort | xargs; }
+
+headers=$(x86_64-w64-mingw32-objdump -p "$Product")
+imports=$(sed -n 's/.*DLL Name: //p' <<<"$headers" | tr '[:upper:]' '[:lower:]' | sed 's/\.dll$//')
+foreign=$(grep -vxF "$(tr ' ' '\n' <<<"$SystemLibraries")" <<<"$imports" | in_one_line)
+check 'libraries that not every system has' "$foreign" ''
+check 'there are imports at all' "$(grep -cx kernel32 <<<"$imports")" 1
+check 'exports' "$(sed -n 's/.*\] \(Dll[A-Za-z]*\)$/\1/p' <<<"$headers" | in_one_line)" "$Exports"
+check 'no debugging information' "$(x86_64-w64-mingw32-objdump -h "$Product" | grep -c debug)" 0
+
+architecture=x86
+[[ $BUILD != *win64 ]] || architecture=amd64
+check 'architecture of the manifest' "$(grep -o 'processorArchitecture="[a-z0-9]*"' "$Manifest")" \
+    "processorArchitecture=\"$architecture\""
+# The identifiers of the library's source, by their places in it.
+identifier() { grep -o 'uuid([0-9A-F-]*)' "$ROOT/idl/VantikFrameTab.idl" | sed -n "$1s/uuid(\(.*\))/\1/p"; }
+check 'the class of the manifest is the library'"'"'s' \
+    "$(grep -o 'clsid="{[0-9A-F-]*}"' "$Manifest")" "clsid=\"{$(identifier 7)}\""
+check 'the library of the manifest is the one that is built' \
+    "$(grep -o 'tlbid="{[0-9A-F-]*}"' "$Manifest" | sort -u)" "tlbid=\"{$(identifier 1)}\""
+
+printf '%s passed, %s failed\n' "$Passed" "$Failed"
+[[ $Failed == 0 ]]
