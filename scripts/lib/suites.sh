@@ -189,7 +189,7 @@ run_suite() {
 lane_of() {
     case $1,$2 in
     *,yes) echo alone ;;
-    native,* | win32,* | once,* | unreadable,*) echo first ;;
+    native,* | win32,*) echo first ;;
     *) echo second ;;
     esac
 }
