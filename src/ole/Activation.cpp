@@ -113,8 +113,6 @@ void Activation::LeaveSite() noexcept {
     if (site) site->OnInPlaceDeactivate();
 }
 
-void Activation::Abandon() noexcept { InPlaceDeactivate(); }
-
 void Activation::SetRects(const RECT& position, const RECT* clip) {
     position_ = position;
     if (!Window()) {

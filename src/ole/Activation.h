@@ -18,9 +18,6 @@ public:
     void UIDeactivate() noexcept;
     void InPlaceDeactivate() noexcept;
 
-    // The control ends. The host is not spoken to any more but for what ends the conversation.
-    void Abandon() noexcept;
-
     void SetRects(const RECT& position, const RECT* clip);
     void Show(bool visible) noexcept;
 

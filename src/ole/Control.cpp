@@ -10,7 +10,7 @@ Control::Control(IUnknown& controlling)
       PropertySinks(controlling, IID_IPropertyNotifySink, IID_IPropertyNotifySink) {}
 
 // Everything is still whole while the window goes.
-Control::~Control() { Activation.Abandon(); }
+Control::~Control() { Activation.InPlaceDeactivate(); }
 
 void Control::SetSite(IOleClientSite* site) {
     if (site == Site.Get()) return;

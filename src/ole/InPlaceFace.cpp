@@ -1,6 +1,7 @@
 #include "ole/InPlaceFace.h"
 
 #include "ole/Control.h"
+#include "ole/InputState.h"
 
 namespace vantik {
 
@@ -10,12 +11,6 @@ HRESULT WindowOf(const Control& control, HWND* window) noexcept {
     if (!window) return E_POINTER;
     *window = control.Activation.Window();
     return *window ? S_OK : E_FAIL;
-}
-
-// 1: Shift, 2: Ctrl, 4: Alt, as the site wants them.
-DWORD KeyModifiers() noexcept {
-    const auto bit = [](int key, DWORD value) { return GetKeyState(key) < 0 ? value : 0; };
-    return bit(VK_SHIFT, 1) | bit(VK_CONTROL, 2) | bit(VK_MENU, 4);
 }
 
 } // namespace
@@ -53,7 +48,9 @@ STDMETHODIMP InPlaceActiveObjectFace::TranslateAccelerator(LPMSG message) noexce
         const bool own = message->message == WM_KEYDOWN && message->hwnd == control_.Activation.Window();
         if (own && control_.Activation.KeyDown(message->wParam)) return S_OK;
         const auto site = control_.Site.As<IOleControlSite>();
-        return site && site->TranslateAccelerator(message, KeyModifiers()) == S_OK ? S_OK : S_FALSE;
+        return site && site->TranslateAccelerator(message, static_cast<DWORD>(ShiftState())) == S_OK
+                   ? S_OK
+                   : S_FALSE;
     });
 }
 

@@ -10,9 +10,7 @@ namespace {
 // The control fills its rectangle, so that its opaque part is all of it.
 bool ShowsContent(DWORD aspect) noexcept { return aspect == DVASPECT_CONTENT || aspect == DVASPECT_OPAQUE; }
 
-DWORD Hit(bool inside, DWORD* result) noexcept {
-    return *result = inside ? HITRESULT_HIT : HITRESULT_OUTSIDE;
-}
+DWORD Hit(bool inside) noexcept { return inside ? HITRESULT_HIT : HITRESULT_OUTSIDE; }
 
 } // namespace
 
@@ -75,7 +73,7 @@ STDMETHODIMP ViewFace::QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, 
                                      DWORD* result) noexcept {
     if (!bounds || !result) return E_POINTER;
     if (aspect != DVASPECT_CONTENT) return E_FAIL;
-    Hit(PtInRect(bounds, point), result);
+    *result = Hit(PtInRect(bounds, point));
     return S_OK;
 }
 
@@ -84,7 +82,7 @@ STDMETHODIMP ViewFace::QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT rect, 
     if (!bounds || !rect || !result) return E_POINTER;
     if (aspect != DVASPECT_CONTENT) return E_FAIL;
     RECT both = {};
-    Hit(IntersectRect(&both, bounds, rect), result);
+    *result = Hit(IntersectRect(&both, bounds, rect));
     return S_OK;
 }
 

@@ -140,7 +140,6 @@ TEST_CASE("References of the parameters' own types are changed in place") {
     Caller caller;
     short number = 1;
     long longNumber = 100000;
-    Bstr text(u"ab");
     BSTR variable = SysAllocString(L"ab");
     VARIANT_BOOL flag = VARIANT_TRUE;
     CHECK(caller.Call(Change, {Reference(VT_I2, number), Reference(VT_I4, longNumber),

@@ -12,8 +12,6 @@ namespace vantik {
 struct Oddities {
     bool InPlace = true;          // the site has IOleInPlaceSite
     bool ControlSite = true;      // and IOleControlSite
-    bool Container = false;       // GetContainer answers
-    bool Frame = false;           // GetWindowContext hands out a frame
     HRESULT CanActivate = S_OK;   // S_FALSE, or an error
     HRESULT Activate = S_OK;      // OnInPlaceActivate
     HRESULT UIActivate = S_OK;    // OnUIActivate

@@ -2,6 +2,7 @@
 #include <doctest/doctest.h>
 
 #include "host/TextPropertyBag.h"
+#include "ole/Canvas.h"
 #include "ole/LooseControl.h"
 
 namespace vantik {
@@ -232,6 +233,7 @@ TEST_CASE("No bytes of a stream can bring the control down") {
     const auto stream = NewStream();
     saved.As<IPersistStreamInit>()->Save(stream.Get(), TRUE);
     const auto whole = BytesOf(*stream.Get());
+    const Canvas canvas(300, 200);
     unsigned seed = 4711;
     for (int round = 0; round < 300; ++round) {
         auto bytes = whole;
@@ -243,6 +245,8 @@ TEST_CASE("No bytes of a stream can bring the control down") {
         control.As<IPersistStreamInit>()->Load(StreamOf(bytes).Get());
         short count = 0;
         CHECK(control.Tab->get_TabCount(&count) == S_OK);
+        Draw(control.Object(), canvas.DC(),
+             {0, 0, 300, 200}); // a font that is none is found out when it is used
     }
 }
 

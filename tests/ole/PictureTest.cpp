@@ -1,55 +1,15 @@
 // The control as a picture: in other device contexts, other places, other sizes, and as a metafile.
 #include <doctest/doctest.h>
 
-#include "gfx/Handles.h"
 #include "host/ControlOnForm.h"
+#include "ole/Canvas.h"
 #include "ole/LooseControl.h"
 
 namespace vantik {
 
 namespace {
 
-class Canvas {
-public:
-    Canvas(int width, int height) : width_(width), height_(height) {
-        BITMAPINFO format = {};
-        format.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        bitmap_ =
-            CreateDIBSection(dc_, &format, DIB_RGB_COLORS, reinterpret_cast<void**>(&pixels_), nullptr, 0);
-        old_ = SelectObject(dc_, bitmap_);
-        Fill();
-    }
-    ~Canvas() {
-        SelectObject(dc_, old_);
-        DeleteObject(bitmap_);
-        DeleteDC(dc_);
-    }
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
-
-    HDC DC() const noexcept { return dc_; }
-    void Fill() { std::fill(pixels_, pixels_ + width_ * height_, Untouched); }
-    std::uint32_t At(int x, int y) const {
-        GdiFlush();
-        return pixels_[y * width_ + x] & 0xFFFFFF;
-    }
-
-    static constexpr std::uint32_t Untouched = 0x123456;
-
-private:
-    int width_, height_;
-    HDC dc_ = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ old_ = nullptr;
-    std::uint32_t* pixels_ = nullptr;
-};
-
 constexpr int Width = 200, Height = 100;
-
-HRESULT Draw(IUnknown* control, HDC dc, RECTL bounds) {
-    return QueryFor<IViewObject>(control)->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds,
-                                                nullptr, nullptr, 0);
-}
 
 // A control with a skin, 200 x 100 pixels, on no form.
 struct PaintedControl : LooseControl {
