@@ -1,8 +1,8 @@
 #include "ole/ControlWindow.h"
 
 #include "ole/Control.h"
-#include "ole/Module.h"
 #include "ole/WindowClass.h"
+#include "platform/Module.h"
 
 namespace vantik {
 
@@ -14,7 +14,7 @@ ATOM RegisterControlWindowClass() noexcept {
     WNDCLASSEXW description = {};
     description.cbSize = sizeof description;
     description.lpfnWndProc = ControlWindow::Procedure;
-    description.hInstance = ModuleInstance();
+    description.hInstance = ThisModule();
     description.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
     description.lpszClassName = ClassName;
     return RegisterClassExW(&description);
@@ -31,14 +31,14 @@ ATOM ControlWindowClass() noexcept {
     return registered;
 }
 
-void UnregisterControlWindowClass() noexcept { UnregisterClassW(ClassName, ModuleInstance()); }
+void UnregisterControlWindowClass() noexcept { UnregisterClassW(ClassName, ThisModule()); }
 
 bool ControlWindow::Create(HWND parent, const RECT& position) noexcept {
     Destroy();
     CreateWindowExW(0, MAKEINTATOM(ControlWindowClass()), nullptr,
                     WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, position.left, position.top,
                     position.right - position.left, position.bottom - position.top, parent, nullptr,
-                    ModuleInstance(), this);
+                    ThisModule(), this);
     return window_ != nullptr;
 }
 

@@ -2,8 +2,7 @@
 
 #include <atomic>
 
-// Placed by the linker at the address where the module is loaded.
-extern "C" IMAGE_DOS_HEADER __ImageBase;
+#include "platform/Module.h"
 
 namespace vantik {
 
@@ -14,13 +13,10 @@ std::atomic<long> locks = 0;
 
 } // namespace
 
-HINSTANCE ModuleInstance() noexcept { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
-
 std::u16string ModulePath() {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
-        const DWORD length =
-            GetModuleFileNameW(ModuleInstance(), path.data(), static_cast<DWORD>(path.size()));
+        const DWORD length = GetModuleFileNameW(ThisModule(), path.data(), static_cast<DWORD>(path.size()));
         if (length < path.size()) return FromWide({path.data(), length});
         path.resize(path.size() * 2);
     }

@@ -1,11 +1,10 @@
-// The module as a whole: where it is loaded and whether it is still needed.
+// The module as a whole: its file and whether it is still needed.
 #pragma once
 
 #include "platform/mDeclares.h"
 
 namespace vantik {
 
-HINSTANCE ModuleInstance() noexcept;
 std::u16string ModulePath();
 
 void LockModule() noexcept;

@@ -1,14 +1,11 @@
 #include "platform/Module.h"
 
+// Placed by the linker at the address where the module is loaded.
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
 namespace vantik {
 
-HINSTANCE ThisModule() noexcept {
-    HMODULE module = nullptr;
-    constexpr DWORD flags =
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    GetModuleHandleExW(flags, reinterpret_cast<LPCWSTR>(&ThisModule), &module);
-    return module;
-}
+HINSTANCE ThisModule() noexcept { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
 std::span<const BYTE> ResourceBytes(const wchar_t* name, const wchar_t* type) noexcept {
     const HINSTANCE module = ThisModule();
