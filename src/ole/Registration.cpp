@@ -77,6 +77,12 @@ bool LibraryIsRegistered() {
     return SUCCEEDED(found);
 }
 
+// Systems that run programs of both bitnesses keep their classes apart, but not the names that lead to them.
+bool OtherBitnessIsRegistered() {
+    return RegistryKey::Exists(HKEY_CLASSES_ROOT, ClassKey(),
+                               sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY);
+}
+
 // The other bitness of the control may be registered still: only this one's entry goes.
 HRESULT UnregisterLibrary() {
     if (!LibraryIsRegistered()) return S_OK;
@@ -96,7 +102,7 @@ HRESULT RegisterControl() {
 
 HRESULT UnregisterControl() {
     RegistryKey::Delete(HKEY_CLASSES_ROOT, ClassKey());
-    RegistryKey::Delete(HKEY_CLASSES_ROOT, ProgId);
+    if (!OtherBitnessIsRegistered()) RegistryKey::Delete(HKEY_CLASSES_ROOT, ProgId);
     return UnregisterLibrary();
 }
 

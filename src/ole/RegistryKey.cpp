@@ -25,4 +25,11 @@ void RegistryKey::Delete(HKEY parent, const std::wstring& path) {
     RegDeleteKeyW(parent, path.c_str());
 }
 
+bool RegistryKey::Exists(HKEY parent, const std::wstring& path, REGSAM view) noexcept {
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(parent, path.c_str(), 0, KEY_QUERY_VALUE | view, &key) != ERROR_SUCCESS) return false;
+    RegCloseKey(key);
+    return true;
+}
+
 } // namespace vantik

@@ -27,6 +27,9 @@ public:
     // With all below it; no error where there is none.
     static void Delete(HKEY parent, const std::wstring& path);
 
+    // View: which registry of a system with two of them.
+    static bool Exists(HKEY parent, const std::wstring& path, REGSAM view) noexcept;
+
 private:
     HKEY key_ = nullptr;
 };

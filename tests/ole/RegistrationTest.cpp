@@ -1,6 +1,8 @@
 // Registration and its undoing, and use without any.
 #include <doctest/doctest.h>
 
+#include <comcat.h>
+
 #include <filesystem>
 
 #include "ole/LooseControl.h"
@@ -43,6 +45,28 @@ private:
 
 const wchar_t* const LibraryPlatform = sizeof(void*) == 8 ? L"\\win64" : L"\\win32";
 
+// The system's own manager of categories sees the class in each, and asks nothing of the host.
+void CheckCategories() {
+    ComPtr<ICatInformation> information;
+    REQUIRE(CoCreateInstance(CLSID_StdComponentCategoriesMgr, nullptr, CLSCTX_INPROC_SERVER,
+                             IID_ICatInformation, information.PutVoid()) == S_OK);
+    for (const wchar_t* text : {
+             L"{40FC6ED4-2438-11CF-A3DB-080036F12502}", // control
+             L"{157083E0-2368-11CF-87B9-00AA006C8166}", // simple frame
+             L"{40FC6ED5-2438-11CF-A3DB-080036F12502}", // programmable
+             L"{0DE86A53-2BAA-11CF-A229-00AA003D7352}", // persists to a stream after InitNew
+             L"{0DE86A54-2BAA-11CF-A229-00AA003D7352}", // to a storage
+             L"{0DE86A57-2BAA-11CF-A229-00AA003D7352}", // to a property bag
+         }) {
+        CATID category = {};
+        REQUIRE(CLSIDFromString(text, &category) == S_OK);
+        CHECK(information->IsClassOfCategories(CLSID_VantikFrameTab, 1, &category, 0, nullptr) == S_OK);
+    }
+    CATID never = {};
+    REQUIRE(CLSIDFromString(L"{7DD95801-9882-11CF-9FA9-00AA006C42C4}", &never) == S_OK); // safe for scripting
+    CHECK(information->IsClassOfCategories(CLSID_VantikFrameTab, 1, &never, 0, nullptr) == S_FALSE);
+}
+
 std::wstring ClassValue(const wchar_t* below) { return ValueOf(std::wstring(ClassKey) + below); }
 
 } // namespace
@@ -65,10 +89,9 @@ TEST_CASE("Registration enters all that hosts look for, and unregistration takes
     CHECK(ClassValue(L"\\Verb\\1") == L"&Properties...,0,2");
     CHECK(Exists(std::wstring(ClassKey) + L"\\Control"));
     CHECK(
-        Exists(std::wstring(ClassKey) + L"\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}"));
-    CHECK(
-        Exists(std::wstring(ClassKey) + L"\\Implemented Categories\\{157083E0-2368-11CF-87B9-00AA006C8166}"));
+        !Exists(std::wstring(ClassKey) + L"\\Insertable")); // documents without controls are no place for it
     CHECK(!Exists(std::wstring(ClassKey) + L"\\Required Categories"));
+    CheckCategories();
     CHECK(ValueOf(std::wstring(LibraryKey) + LibraryPlatform)
               .ends_with(file));                       // some systems put \\?\ in front
     REQUIRE(server.Call("DllRegisterServer") == S_OK); // once more does no harm
@@ -88,6 +111,22 @@ TEST_CASE("Registration enters all that hosts look for, and unregistration takes
     CHECK(!Exists(ProgId));
     CHECK(!Exists(std::wstring(LibraryKey) + LibraryPlatform));
     CHECK(server.Call("DllUnregisterServer") == S_OK); // there is nothing to be taken away any more
+}
+
+TEST_CASE("The program's name stays while the control of the other bitness is registered") {
+    const OleApartment apartment;
+    const Server server;
+    const REGSAM other = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    HKEY key = nullptr;
+    REQUIRE(server.Call("DllRegisterServer") == S_OK);
+    REQUIRE(RegCreateKeyExW(HKEY_CLASSES_ROOT, ClassKey, 0, nullptr, 0, KEY_WRITE | other, nullptr, &key,
+                            nullptr) == ERROR_SUCCESS);
+    RegCloseKey(key);
+    CHECK(server.Call("DllUnregisterServer") == S_OK);
+    CHECK(Exists(ProgId));
+    REQUIRE(RegDeleteKeyExW(HKEY_CLASSES_ROOT, ClassKey, other, 0) == ERROR_SUCCESS);
+    CHECK(server.Call("DllUnregisterServer") == S_OK);
+    CHECK(!Exists(ProgId));
 }
 
 TEST_CASE("The bitmap for toolboxes is in the module under the registered number") {
