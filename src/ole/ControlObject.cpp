@@ -64,6 +64,7 @@ IUnknown* ControlObject::Find(REFIID iid) noexcept {
         Show<IProvideClassInfo2>(classInfo_),
         Show<ISupportErrorInfo>(errorSupport_),
         Show<ISpecifyPropertyPages>(propertyPages_),
+        Show<IPerPropertyBrowsing>(propertyBrowsing_),
         Show<IQuickActivate>(quickActivate_),
     };
     for (const Offer& offer : offers)

@@ -12,6 +12,7 @@
 #include "ole/OleControlFace.h"
 #include "ole/OleObjectFace.h"
 #include "ole/PropertyBagFace.h"
+#include "ole/PropertyBrowsingFace.h"
 #include "ole/PropertyPages.h"
 #include "ole/QuickActivateFace.h"
 #include "ole/StreamFaces.h"
@@ -53,6 +54,7 @@ private:
     ClassInfoFace classInfo_{control_.Controlling};
     ErrorSupportFace errorSupport_{control_.Controlling};
     PropertyPagesFace propertyPages_{control_.Controlling};
+    PropertyBrowsingFace propertyBrowsing_{control_};
     QuickActivateFace quickActivate_{control_};
 };
 

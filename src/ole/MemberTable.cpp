@@ -1,42 +1,12 @@
 #include "ole/MemberTable.h"
 
-#include "ole/ErrorInfo.h"
+#include "ole/TypeDescriptions.h"
 
 namespace vantik {
 
 namespace {
 
 VARTYPE ResolvedType(ITypeInfo& description, const TYPEDESC& type);
-
-struct TypeAttributes {
-    explicit TypeAttributes(ITypeInfo& info) : Info(info) { Check(info.GetTypeAttr(&Values)); }
-    ~TypeAttributes() { Info.ReleaseTypeAttr(Values); }
-    TypeAttributes(const TypeAttributes&) = delete;
-    TypeAttributes& operator=(const TypeAttributes&) = delete;
-
-    ITypeInfo& Info;
-    TYPEATTR* Values = nullptr;
-};
-
-class FunctionDescription {
-public:
-    // Empty past the last function.
-    FunctionDescription(ITypeInfo& info, UINT index) noexcept : info_(info) {
-        if (FAILED(info.GetFuncDesc(index, &values_))) values_ = nullptr;
-    }
-    ~FunctionDescription() {
-        if (values_) info_.ReleaseFuncDesc(values_);
-    }
-    FunctionDescription(const FunctionDescription&) = delete;
-    FunctionDescription& operator=(const FunctionDescription&) = delete;
-
-    explicit operator bool() const noexcept { return values_ != nullptr; }
-    const FUNCDESC* operator->() const noexcept { return values_; }
-
-private:
-    ITypeInfo& info_;
-    FUNCDESC* values_ = nullptr;
-};
 
 // Enumerations and other names for plain types; what remains are interfaces.
 VARTYPE NamedType(ITypeInfo& description, HREFTYPE reference) {

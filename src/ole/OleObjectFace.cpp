@@ -4,18 +4,11 @@
 #include "ole/Enumerator.h"
 #include "ole/Identifiers.h"
 #include "ole/PropertyPages.h"
+#include "ole/TaskMemory.h"
 
 namespace vantik {
 
 namespace {
-
-LPOLESTR TaskCopy(const wchar_t* text) {
-    const std::size_t bytes = (wcslen(text) + 1) * sizeof(wchar_t);
-    const auto copy = static_cast<LPOLESTR>(CoTaskMemAlloc(bytes));
-    if (!copy) Raise(RunTimeErrorNumber::OutOfMemory);
-    memcpy(copy, text, bytes);
-    return copy;
-}
 
 struct VerbTraits {
     using Interface = IEnumOLEVERB;
@@ -23,7 +16,7 @@ struct VerbTraits {
     using Kept = OLEVERB;
     static void CopyOut(const Kept& kept, Item& item) {
         OLEVERB copy = kept;
-        copy.lpszVerbName = TaskCopy(kept.lpszVerbName);
+        copy.lpszVerbName = TaskCopy(kept.lpszVerbName).release();
         item = copy;
     }
 };
@@ -119,7 +112,7 @@ STDMETHODIMP OleObjectFace::GetUserClassID(CLSID* classId) noexcept {
 STDMETHODIMP OleObjectFace::GetUserType(DWORD form, LPOLESTR* type) noexcept {
     return Guard([&] {
         Required(type) = nullptr;
-        *type = TaskCopy(form == USERCLASSTYPE_SHORT ? L"VantikFrameTab" : ControlTitle);
+        *type = TaskCopy(form == USERCLASSTYPE_SHORT ? L"VantikFrameTab" : ControlTitle).release();
     });
 }
 

@@ -31,6 +31,7 @@ const std::vector<IID> Interfaces = {IID_IUnknown,
                                      IID_IProvideClassInfo2,
                                      IID_ISupportErrorInfo,
                                      IID_ISpecifyPropertyPages,
+                                     IID_IPerPropertyBrowsing,
                                      IID_IQuickActivate};
 
 ComPtr<IUnknown> Ask(IUnknown* object, REFIID iid) {
