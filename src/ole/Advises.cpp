@@ -39,6 +39,10 @@ void Advises::ViewChanged(IDataObject* dataObject) noexcept {
     if (const auto holder = data_) holder->SendOnDataChange(dataObject, 0, 0);
 }
 
+void Advises::Saved() noexcept {
+    if (const auto holder = object_) holder->SendOnSave();
+}
+
 void Advises::Closed() noexcept {
     if (const auto holder = object_) holder->SendOnClose();
 }

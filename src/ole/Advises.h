@@ -1,4 +1,4 @@
-// Those who asked to be told when the control changes its picture, closes or is renamed.
+// Those who asked to be told when the control changes its picture, is saved or closes.
 #pragma once
 
 #include "platform/ComPtr.h"
@@ -19,6 +19,7 @@ public:
 
     // The picture is another one now. The data object is the control's own.
     void ViewChanged(IDataObject* dataObject) noexcept;
+    void Saved() noexcept;
     void Closed() noexcept;
 
 private:

@@ -1,30 +1,8 @@
 #include "ole/Ambients.h"
 
-#include "ole/ErrorInfo.h"
+#include "ole/Fonts.h"
 
 namespace vantik {
-
-namespace {
-
-ComPtr<IFontDisp> MakeFont(const wchar_t* name) {
-    FONTDESC description = {};
-    description.cbSizeofstruct = sizeof description;
-    description.lpstrName = const_cast<wchar_t*>(name); // NOLINT: the platform copies it
-    description.cySize.int64 = 8'25 * 100;              // 8.25 points, in ten-thousandths
-    description.sWeight = FW_NORMAL;
-    description.sCharset = DEFAULT_CHARSET;
-    ComPtr<IFontDisp> font;
-    Check(OleCreateFontIndirect(&description, __uuidof(IFontDisp), font.PutVoid()));
-    return font;
-}
-
-ComPtr<IFontDisp> CopyOf(const ComPtr<IFont>& font) {
-    ComPtr<IFont> copy;
-    if (!font || FAILED(font->Clone(copy.Put()))) return nullptr;
-    return copy.As<IFontDisp>();
-}
-
-} // namespace
 
 bool Ambients::Read(DISPID property, VARTYPE type, Variant& value) const noexcept {
     const auto ambients = site_.As<IDispatch>();
@@ -53,10 +31,10 @@ bool Ambients::UIDead() {
 ComPtr<IFontDisp> Ambients::Font() {
     Variant value;
     if (Read(DISPID_AMBIENT_FONT, VT_EMPTY, value)) {
-        if (const auto font = CopyOf(value.Object<IFont>())) return font;
-        if (value.vt == VT_BSTR && SysStringLen(value.bstrVal)) return MakeFont(value.bstrVal);
+        if (auto font = CopyOfFont(value.Object<IFont>().Get())) return font;
+        if (value.vt == VT_BSTR && SysStringLen(value.bstrVal)) return NewFont(value.bstrVal);
     }
-    return MakeFont(L"MS Sans Serif");
+    return StandardFont();
 }
 
 void Ambients::Changed(DISPID property) noexcept {

@@ -121,6 +121,7 @@ HRESULT DispatchCall::Invoke(IDispatch& object, DISPPARAMS& parameters, VARIANT*
 // Finds the caller's argument of every parameter. The unnamed ones stand in reverse order behind the named ones.
 HRESULT DispatchCall::Assign(DISPPARAMS& parameters, UINT* wrongArgument) {
     if (parameters.cArgs && !parameters.rgvarg) return E_POINTER;
+    if (parameters.cNamedArgs && !parameters.rgdispidNamedArgs) return E_POINTER;
     if (parameters.cNamedArgs > parameters.cArgs) return E_INVALIDARG;
     if (parameters.cArgs > arguments_.size()) return DISP_E_BADPARAMCOUNT;
     const UINT unnamed = parameters.cArgs - parameters.cNamedArgs;

@@ -1,27 +1,39 @@
 #include "ole/Document.h"
 
 #include "ole/Control.h"
+#include "ole/Fonts.h"
 
 namespace vantik {
 
 void Document::InitNew() {
     ready_ = true;
     control_.Engine.UserControl_InitProperties();
-    dirty_ = false;
+    MarkClean();
 }
 
 // Ready even where the values could only be read in part: what was read stands, and the loader knows of the error.
 void Document::Load(PropertyReader& reader) {
     ready_ = true;
     control_.Engine.UserControl_ReadProperties(reader);
-    dirty_ = false;
+    MarkClean();
     control_.ShowChanges();
 }
 
 void Document::Save(PropertyWriter& writer, bool clearDirty) {
     Need();
     control_.Engine.UserControl_WriteProperties(writer);
-    if (clearDirty) dirty_ = false;
+    if (clearDirty) MarkClean();
+}
+
+void Document::MarkClean() noexcept {
+    dirty_ = false;
+    cleanFont_ = CopyOfFont(control_.Engine.Font().Get());
+}
+
+// The font may be changed behind the control's back, by those who hold it.
+bool Document::IsDirty() const noexcept {
+    const auto font = control_.Engine.Font();
+    return dirty_ || (font && cleanFont_ && !AreEqualFonts(font.Get(), cleanFont_.Get()));
 }
 
 void Document::Need() noexcept {

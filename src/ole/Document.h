@@ -2,6 +2,7 @@
 #pragma once
 
 #include "control/PropertyBag.h"
+#include "platform/ComPtr.h"
 
 namespace vantik {
 
@@ -21,13 +22,14 @@ public:
     void Need() noexcept;
 
     bool IsReady() const noexcept { return ready_; }
-    bool IsDirty() const noexcept { return dirty_; }
+    bool IsDirty() const noexcept;
     void MarkDirty() noexcept { dirty_ = true; }
-    void MarkClean() noexcept { dirty_ = false; }
+    void MarkClean() noexcept;
 
 private:
     Control& control_;
     bool ready_ = false, dirty_ = false;
+    ComPtr<IFontDisp> cleanFont_; // as it was when the values were those that were saved
 };
 
 } // namespace vantik

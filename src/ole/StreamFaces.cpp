@@ -77,16 +77,24 @@ STDMETHODIMP StorageFace::Load(IStorage* storage) noexcept {
     });
 }
 
-STDMETHODIMP StorageFace::Save(IStorage* storage, BOOL) noexcept {
+// A storage that is not the one of the control's may be a mere copy: whether it is, the host says on completion.
+STDMETHODIMP StorageFace::Save(IStorage* storage, BOOL sameAsLoad) noexcept {
     return Guard([&] {
         ComPtr<IStream> stream;
         Check(Required(storage).CreateStream(StreamName, STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE, 0,
                                              0, stream.Put()));
-        SaveTo(control_, *stream.Get(), true);
+        SaveTo(control_, *stream.Get(), sameAsLoad);
+        saved_ = true;
     });
 }
 
-STDMETHODIMP StorageFace::SaveCompleted(IStorage*) noexcept { return S_OK; }
+STDMETHODIMP StorageFace::SaveCompleted(IStorage* storage) noexcept {
+    return Guard([&] {
+        if (!std::exchange(saved_, false)) return;
+        if (storage) control_.Document.MarkClean();
+        control_.Advise.Saved();
+    });
+}
 STDMETHODIMP StorageFace::HandsOffStorage() noexcept { return S_OK; }
 
 } // namespace vantik

@@ -36,6 +36,7 @@ public:
 
 private:
     Control& control_;
+    bool saved_ = false; // and the host has not said yet what becomes of it
 };
 
 } // namespace vantik

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "ole/ErrorInfo.h"
+#include "ole/Fonts.h"
 
 namespace vantik {
 
@@ -98,17 +99,9 @@ Bytes BytesOf(IStream& stream) {
 
 // Only objects of the two standard kinds are made, whatever a stream says.
 ComPtr<IUnknown> NewObject(PropertyType type) {
+    if (type == PropertyType::Font) return StandardFont().As<IUnknown>();
     ComPtr<IUnknown> object;
-    if (type == PropertyType::Picture) {
-        Check(OleCreatePictureIndirect(nullptr, IID_IUnknown, TRUE, object.PutVoid()));
-    } else {
-        FONTDESC font = {};
-        font.cbSizeofstruct = sizeof font;
-        font.lpstrName = const_cast<wchar_t*>(L"MS Sans Serif"); // NOLINT: the platform copies it
-        font.cySize.int64 = 80000;
-        font.sWeight = FW_NORMAL;
-        Check(OleCreateFontIndirect(&font, IID_IUnknown, object.PutVoid()));
-    }
+    Check(OleCreatePictureIndirect(nullptr, IID_IUnknown, TRUE, object.PutVoid()));
     return object;
 }
 

@@ -1,6 +1,7 @@
 #include "ole/VariantBag.h"
 
 #include "ole/ErrorInfo.h"
+#include "ole/Fonts.h"
 
 namespace vantik {
 
@@ -11,11 +12,6 @@ bool IsEmptyPicture(IPictureDisp* value) {
     short type = PICTYPE_NONE;
     return !picture || FAILED(picture->get_Type(&type)) || type == PICTYPE_NONE ||
            type == PICTYPE_UNINITIALIZED;
-}
-
-bool AreEqual(IFontDisp* a, IFontDisp* b) {
-    const auto font = QueryFor<IFont>(a), other = QueryFor<IFont>(b);
-    return font && other && font->IsEqual(other.Get()) == S_OK;
 }
 
 } // namespace
@@ -95,7 +91,7 @@ void VariantWriter::Write(const PropertyInfo& info, IPictureDisp* value) {
 }
 
 void VariantWriter::Write(const PropertyInfo& info, IFontDisp* value, IFontDisp* defaultValue) {
-    if (!value || (AreEqual(value, defaultValue) && !all_)) return;
+    if (!value || (AreEqualFonts(value, defaultValue) && !all_)) return;
     Variant stored(value);
     Store(info, stored);
 }

@@ -144,7 +144,7 @@ TEST_CASE("The same state comes back by bag, stream and storage") {
     }
     SUBCASE("storage") {
         const auto storage = NewStorage();
-        REQUIRE(saved.As<IPersistStorage>()->Save(storage.Get(), FALSE) == S_OK);
+        REQUIRE(saved.As<IPersistStorage>()->Save(storage.Get(), TRUE) == S_OK);
         REQUIRE(saved.As<IPersistStorage>()->SaveCompleted(nullptr) == S_OK);
         REQUIRE(loaded.As<IPersistStorage>()->Load(storage.Get()) == S_OK);
     }
@@ -178,6 +178,56 @@ TEST_CASE("Whether a control has to be saved is told truthfully") {
     CHECK(stream->IsDirty() == S_FALSE);
     Put(control.Dispatch(), L"TabCount", std::int16_t{2});
     CHECK(stream->IsDirty() == S_OK);
+}
+
+TEST_CASE("A copy in another storage saves nothing, moving to that storage does; its watchers hear of both") {
+    class SaveSink final : public ComObject<IAdviseSink> {
+    public:
+        void STDMETHODCALLTYPE OnDataChange(FORMATETC*, STGMEDIUM*) noexcept override {}
+        void STDMETHODCALLTYPE OnViewChange(DWORD, LONG) noexcept override {}
+        void STDMETHODCALLTYPE OnRename(IMoniker*) noexcept override {}
+        void STDMETHODCALLTYPE OnSave() noexcept override { ++Saves; }
+        void STDMETHODCALLTYPE OnClose() noexcept override {}
+        int Saves = 0;
+    };
+    LooseControl control;
+    const auto sink = MakeCom<SaveSink>();
+    DWORD advice = 0;
+    REQUIRE(control.As<IOleObject>()->Advise(sink.Get(), &advice) == S_OK);
+    const auto persist = control.As<IPersistStorage>();
+    const auto storage = NewStorage();
+    CHECK(persist->SaveCompleted(storage.Get()) == S_OK); // of no saving
+    CHECK(sink->Saves == 0);
+    Put(control.Dispatch(), L"BarWidth", std::int16_t{33});
+    REQUIRE(persist->Save(storage.Get(), FALSE) == S_OK);
+    CHECK(persist->SaveCompleted(nullptr) == S_OK);
+    CHECK(persist->IsDirty() == S_OK);
+    CHECK(sink->Saves == 1);
+    REQUIRE(persist->Save(storage.Get(), FALSE) == S_OK);
+    CHECK(persist->HandsOffStorage() == S_OK);
+    CHECK(persist->SaveCompleted(storage.Get()) == S_OK);
+    CHECK(persist->IsDirty() == S_FALSE);
+    CHECK(sink->Saves == 2);
+    CHECK(control.As<IOleObject>()->Unadvise(advice) == S_OK);
+}
+
+TEST_CASE("A font that was changed in place has to be saved, too") {
+    LooseControl control;
+    const auto stream = control.As<IPersistStreamInit>();
+    REQUIRE(stream->InitNew() == S_OK);
+    const auto font = QueryFor<IFont>(Get(control.Dispatch(), L"Font").Object().Get());
+    CHECK(stream->IsDirty() == S_FALSE);
+    CY size = {};
+    size.int64 = 200000;
+    REQUIRE(font->put_Size(size) == S_OK);
+    CHECK(stream->IsDirty() == S_OK);
+    const auto saved = NewStream();
+    REQUIRE(stream->Save(saved.Get(), TRUE) == S_OK);
+    CHECK(stream->IsDirty() == S_FALSE);
+    Rewind(*saved.Get());
+    REQUIRE(stream->Load(saved.Get()) == S_OK);
+    CHECK(stream->IsDirty() == S_FALSE);
+    CHECK(FontText(control.Dispatch()).find(L" 20") != std::wstring::npos);
 }
 
 TEST_CASE("The size that a stream will have is exact") {
