@@ -1,6 +1,7 @@
 // The dual interface, bound early and late, on a control that nobody placed on a form.
 #include <doctest/doctest.h>
 
+#include "host/TextPropertyBag.h"
 #include "ole/LooseControl.h"
 
 namespace vantik {
@@ -293,6 +294,8 @@ TEST_CASE("The hook's callback is callable: the wheel steps, every other message
 
 TEST_CASE("A sink of property changes hears of each assignment under the property's number") {
     LooseControl control;
+    REQUIRE(control.As<IPersistPropertyBag>()->Load(MakeCom<TextPropertyBag>().Get(), nullptr) ==
+            S_OK); // makes Temp
     struct Sink final : IPropertyNotifySink {
         std::vector<DISPID> Changed;
         STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
@@ -330,6 +333,10 @@ TEST_CASE("A sink of property changes hears of each assignment under the propert
     expected.push_back(*FindMember(control.Dispatch(), L"Font"));
     PutReference(control.Dispatch(), L"Picture", nullptr);
     expected.push_back(*FindMember(control.Dispatch(), L"Picture"));
+    for (const auto& [name, value] : {std::pair(L"SkinPath", L"Temp"), std::pair(L"SkinFile", L"skin.ini")}) {
+        Put(control.Dispatch(), name, value);
+        expected.push_back(*FindMember(control.Dispatch(), name));
+    }
     CHECK(sink.Changed == expected);
     CHECK(point->Unadvise(cookie) == S_OK);
 }
