@@ -102,7 +102,8 @@ void SavePng(const Snapshot& snapshot, const std::wstring& path) {
                            __uuidof(IWICImagingFactory), factory.PutVoid()),
           "Starting the system's imaging");
     Check(factory->CreateStream(stream.Put()), Writing);
-    Check(stream->InitializeFromFilename(path.c_str(), GENERIC_WRITE), "Opening " + ToUtf8(path));
+    const HRESULT opened = stream->InitializeFromFilename(path.c_str(), GENERIC_WRITE);
+    if (FAILED(opened)) throw HostError("cannot write " + ToUtf8(path), opened);
     const auto frame = NewFrame(*factory.Get(), stream.Get(), encoder);
     const auto width = static_cast<UINT>(snapshot.Width);
     const auto height = static_cast<UINT>(snapshot.Height);

@@ -47,9 +47,26 @@ refusals() {
     snap --do "Explode 1" --out never.png
     check "an unknown method is refused" refused "the control has no member 'Explode'"
     snap --do "RemoveTab 1 2" --out never.png
-    check "too many arguments are refused" refused "'RemoveTab' takes 1 to 1 arguments, not 2"
+    check "too many arguments are refused" refused "'RemoveTab' takes 1 argument, not 2"
+    snap --do "BarWidth 3" --out never.png
+    check "a property takes no arguments" refused "'BarWidth' takes no arguments, not 1"
+    snap --do SetBarCaption --out never.png
+    check "too few arguments are refused" refused "'SetBarCaption' takes 1 to 3 arguments, not 0"
     snap --do "RemoveTab first" --out never.png
-    check "text for a number is refused" refused "--do RemoveTab: 'first' is no value for it"
+    check "text for a number is refused" refused \
+        "--do RemoveTab: 'first' is no value for it; expected a whole number, -32768 to 32767"
+    snap --set BarWidth=40000 --out never.png
+    check "a number that does not fit is refused" refused "--set BarWidth: '40000' is no value for it; expected a whole"
+    snap --set DelButton=maybe --out never.png
+    check "what is no flag is refused" refused "--set DelButton: 'maybe' is no value for it; expected True or False"
+    snap --set CaptionColor0=#12 --out never.png
+    check "half a colour is refused" refused "--set CaptionColor0: '#12' is no value for it; expected a whole number, a colour"
+    snap --set "Font=DejaVu Sans,10,fat" --out never.png
+    check "an unknown style of a font is refused" refused "--set Font: 'DejaVu Sans,10,fat' is no value for it; expected NAME"
+    snap --set Picture=nowhere.bmp --out never.png
+    check "a picture that is not there is refused" refused "--set Picture: 'nowhere.bmp' is no value for it; expected a picture"
+    snap --set RemoveTab=1 --out never.png
+    check "a method is not set" refused "'RemoveTab' cannot be set"
     snap --set TabPos=WindowMiddle --out never.png
     check "an unknown constant is refused" refused "--set TabPos: 'WindowMiddle' is no value for it"
     snap --set TabCount --out never.png
@@ -68,6 +85,16 @@ refusals() {
     check "a file of arguments that is not there is refused" refused "cannot read nowhere.txt"
     snap --out
     check "an option without its value is refused" refused "--out needs a value"
+    snap --save --out never.png
+    check "an option is no other option's value" refused "--save needs a value"
+    snap --set TabCount=2 --out picture.jpg
+    check "a picture of another kind is refused" refused "--out picture.jpg: expected a file name that ends with .png"
+    snap --do '' --out never.png
+    check "doing nothing is refused" refused '--do "": expected a member and its arguments'
+    snap --set TabCount=2 never.png
+    check "a file without its option is refused" refused "unknown option 'never.png'"
+    snap
+    check "an empty command line is refused" refused "there is nothing to do"
 }
 
 failures() {
@@ -79,7 +106,7 @@ failures() {
     snap --load bad.txt --do TabCount
     check "a property file that is none fails with its line" failed "bad.txt, line 1: 'many' is no value"
     snap --set TabCount=2 --out nowhere/a.png
-    check "a picture that cannot be written fails" failed "nowhere/a.png"
+    check "a picture that cannot be written fails" failed "cannot write nowhere/a.png"
 }
 
 members() {
@@ -154,6 +181,9 @@ persistence() {
 
 snap --help
 check "there is help" test "$Status" = 0 -a "${Output#usage: framesnap}" != "$Output"
+Help=$Output
+snap -h
+check "by its short name, too" prints "$Help"
 refusals
 failures
 members

@@ -17,7 +17,8 @@ namespace {
 constexpr int LargestSide = 16000;
 
 [[noreturn]] void Refuse(const std::wstring& option, const std::wstring& value, const char* wanted) {
-    throw UsageError(ToUtf8(option) + " " + ToUtf8(value) + ": expected " + wanted);
+    throw UsageError(ToUtf8(option) + (value.empty() ? " \"\"" : " " + ToUtf8(value)) + ": expected " +
+                     wanted);
 }
 
 std::optional<int> ToNumber(const std::wstring& text) {
@@ -63,7 +64,8 @@ Step DoOf(const std::wstring& option, const std::wstring& value) {
 
 Step KeyOf(const std::wstring& option, const std::wstring& value) {
     const auto key = ToNumber(value);
-    if (!key || *key < 1 || *key > 254) Refuse(option, value, "the number of a key, 1 to 254");
+    if (!key || *key < 1 || *key > 254)
+        Refuse(option, value, "the number of a key, 1 to 254 (37 is the left arrow, 39 the right one)");
     return KeyStep{static_cast<WORD>(*key)};
 }
 
@@ -72,6 +74,12 @@ Step WheelOf(const std::wstring& option, const std::wstring& value) {
     if (!notches || *notches < -100 || *notches > 100)
         Refuse(option, value, "a number of notches, -100 to 100");
     return WheelStep{*notches};
+}
+
+Step OutOf(const std::wstring& option, const std::wstring& value) {
+    if (lstrcmpiW(std::filesystem::path(value).extension().c_str(), L".png") != 0)
+        Refuse(option, value, "a file name that ends with .png");
+    return OutStep{value};
 }
 
 std::wstring PathOf(const std::wstring& option, const std::wstring& value) {
@@ -92,7 +100,7 @@ const StepMaker* FindMaker(const std::wstring& option) {
         {L"--press", [](auto& o, auto& v) { return PressStep{ToPoint(o, v)}; }},
         {L"--key", KeyOf},
         {L"--wheel", WheelOf},
-        {L"--out", [](auto& o, auto& v) { return OutStep{PathOf(o, v)}; }},
+        {L"--out", OutOf},
     };
     const auto found =
         std::find_if(std::begin(makers), std::end(makers), [&](auto& each) { return option == each.first; });
@@ -102,7 +110,8 @@ const StepMaker* FindMaker(const std::wstring& option) {
 } // namespace
 
 const char* const UsageText =
-    "usage: framesnap [--control PATH] [--design] STEP...\n"
+    "usage: framesnap [--control PATH] [--design] STEP...     for example:\n"
+    "       framesnap --set BarWidth=60 --set TabCount=3 --press 90,10 --out tabs.png\n"
     "Puts the control on a form, carries the steps out in their order and prints events as they come.\n"
     "  --size WxH           sizes the control (480x320)\n"
     "  --load FILE          opens the form again, with the properties of a saved control\n"
@@ -119,6 +128,7 @@ const char* const UsageText =
     "  --design             the form is being designed (UserMode False)\n"
     "  @FILE                takes arguments from a UTF-8 file, one a line\n"
     "  --control PATH       the control's file; without it the one beside this program or in its build tree\n"
+    "The members of the control stand in docs/reference.md; case does not matter.\n"
     "Exit code: 0 done, 1 something failed, 2 a command line that asks for what there is not.\n";
 
 std::vector<std::wstring> SplitWords(const std::wstring& text) {
@@ -163,7 +173,7 @@ CommandLine ParseCommandLine(const std::vector<std::wstring>& arguments) {
     CommandLine line;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::wstring& option = arguments[i];
-        if (option == L"--help") {
+        if (option == L"--help" || option == L"-h") {
             line.Help = true;
             continue;
         }
@@ -173,13 +183,15 @@ CommandLine ParseCommandLine(const std::vector<std::wstring>& arguments) {
         }
         const StepMaker* makeStep = FindMaker(option);
         if (!makeStep && option != L"--control") throw UsageError("unknown option '" + ToUtf8(option) + "'");
-        if (++i == arguments.size()) throw UsageError(ToUtf8(option) + " needs a value");
+        if (++i == arguments.size() || arguments[i].starts_with(L"--"))
+            throw UsageError(ToUtf8(option) + " needs a value");
         if (makeStep) {
             line.Steps.push_back((*makeStep)(option, arguments[i]));
         } else {
             line.ControlPath = PathOf(option, arguments[i]);
         }
     }
+    if (line.Steps.empty() && !line.Help) throw UsageError("there is nothing to do");
     return line;
 }
 

@@ -33,11 +33,30 @@ ValueKind KindOf(ITypeInfo& type, const TYPEDESC& description) {
     case VT_USERDEFINED: return KindOfNamed(type, description.hreftype);
     case VT_BSTR: return ValueKind::Text;
     case VT_BOOL: return ValueKind::Flag;
-    case VT_I2:
+    case VT_I2: return ValueKind::ShortNumber;
     case VT_I4:
     case VT_UI4:
     case VT_INT: return ValueKind::Number;
     default: return ValueKind::Other;
+    }
+}
+
+std::string CountText(const Member& member) {
+    const std::size_t most = member.Arguments.size();
+    if (most == 0) return "no arguments";
+    if (member.Required < most)
+        return std::to_string(member.Required) + " to " + std::to_string(most) + " arguments";
+    return most == 1 ? "1 argument" : std::to_string(most) + " arguments";
+}
+
+const char* WantedText(ValueKind kind) noexcept {
+    switch (kind) {
+    case ValueKind::Flag: return "True or False";
+    case ValueKind::ShortNumber: return "a whole number, -32768 to 32767";
+    case ValueKind::Number: return "a whole number, a colour as #RRGGBB, or the name of a constant";
+    case ValueKind::Font: return "NAME,SIZE and any of bold, italic, underline, strikethrough";
+    case ValueKind::Picture: return "a picture file";
+    default: return "text";
     }
 }
 
@@ -95,8 +114,7 @@ const Member& Members::Callable(const std::wstring& name, std::size_t arguments)
     const Member* member = Find(name);
     if (!member) throw UsageError("the control has no member '" + ToUtf8(name) + "'");
     if (arguments < member->Required || arguments > member->Arguments.size()) {
-        throw UsageError("'" + ToUtf8(name) + "' takes " + std::to_string(member->Required) + " to " +
-                         std::to_string(member->Arguments.size()) + " arguments, not " +
+        throw UsageError("'" + ToUtf8(name) + "' takes " + CountText(*member) + ", not " +
                          std::to_string(arguments));
     }
     return *member;
@@ -107,13 +125,14 @@ Variant Members::Convert(ValueKind kind, const std::wstring& text) const {
         switch (kind) {
         case ValueKind::Text: return Variant(text);
         case ValueKind::Flag: return Variant(text).As(VT_BOOL);
+        case ValueKind::ShortNumber: return ToNumber(text).As(VT_I2);
         case ValueKind::Number: return ToNumber(text);
         case ValueKind::Font: return Variant(MakeFont(text).Get());
         case ValueKind::Picture: return Variant(MakePicture(text).Get());
         default: throw UsageError("its type cannot be written on a command line");
         }
     } catch (const HostError&) {
-        throw UsageError("'" + ToUtf8(text) + "' is no value for it");
+        throw UsageError("'" + ToUtf8(text) + "' is no value for it; expected " + WantedText(kind));
     }
 }
 

@@ -10,7 +10,7 @@
 
 namespace vantik {
 
-enum class ValueKind { Text, Number, Flag, Font, Picture, Other };
+enum class ValueKind { Text, ShortNumber, Number, Flag, Font, Picture, Other };
 
 struct Member {
     std::wstring Name;
