@@ -91,6 +91,57 @@ TEST_CASE("Every member has a help text, the same for reading and writing a prop
     }
 }
 
+TEST_CASE("The help texts of properties say what they were written to say") {
+    const std::vector<std::pair<std::wstring, std::wstring>> expected = {
+        {L"Picture", L"picture shown in the control"},
+        {L"TabBarPos", L"placement of the whole row of bars"},
+        {L"TabPos", L"side of the control that carries the bars"},
+        {L"BarWidth", L"width of each bar in pixels, its border included"},
+        {L"TabBarPosXJust", L"shift of all bars along X"},
+        {L"TabBarPosYJust", L"shift of all bars along Y"},
+        {L"Font", L"caption font"},
+        {L"CaptionPos", L"alignment of the caption on each bar"},
+        {L"CaptionColor0", L"Default TabBar Caption Color"},
+        {L"CaptionColor1", L"Active TabBar Caption Color"},
+        {L"CaptionXjust", L"caption shift along X, positive or negative"},
+        {L"CaptionYjust", L"caption shift along Y, positive or negative"},
+        {L"IcoXjust", L"bar icon shift along X"},
+        {L"IcoYjust", L"bar icon shift along Y"},
+        {L"DelButton", L"whether each bar shows a close button"},
+        {L"DelBtnXJust", L"close button shift along X, positive or negative"},
+        {L"DelBtnYJust", L"close button shift along Y, positive or negative"},
+        {L"NavBtnYjust", L"navigation button icon shift along Y"},
+        {L"NavBtnXjust", L"navigation button icon shift along X"},
+        {L"FixOcxList", L"names of children shown on every tab, separated by half-width commas"},
+        {L"TabToTab", L"gap between neighbouring bars"},
+        {L"TabBorder", L"whether every bar has both a left and a right edge"},
+        {L"SkinFile", L"location of the skin definition file, relative"},
+        {L"SkinPath", L"folder of the skin, relative to the control"},
+        {L"About", L"About Vantik"}};
+    LooseControl control;
+    const auto members = MembersOf(*Described(control).Get());
+    for (const auto& [name, help] : expected) {
+        const auto found =
+            std::find_if(members.begin(), members.end(), [&](auto& member) { return member.Name == name; });
+        REQUIRE(found != members.end());
+        CHECK(found->Help == help);
+    }
+}
+
+TEST_CASE("The library, each of its types and each event have help texts") {
+    LooseControl control;
+    const auto library = LibraryOf(*Described(control).Get());
+    for (int index = -1; index < static_cast<int>(library->GetTypeInfoCount()); ++index) {
+        CAPTURE(index); // -1: the library itself
+        Bstr help(L"");
+        REQUIRE(library->GetDocumentation(index, nullptr, help.Put(), nullptr, nullptr) == S_OK);
+        CHECK(!help.Text().empty());
+    }
+    CHECK(library->GetTypeInfoCount() == 6);
+    for (const auto& event : MembersOf(*Find(*library.Get(), DIID___VantikFrameTab).Get()))
+        CHECK(!event.Help.empty());
+}
+
 TEST_CASE("Properties are read and written, objects by reference too; About is the designers' about box") {
     LooseControl control;
     const auto members = MembersOf(*Described(control).Get());
