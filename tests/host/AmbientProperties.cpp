@@ -31,7 +31,7 @@ std::optional<Variant> AmbientProperty(DISPID id, const AmbientValues& values, c
     case DISPID_AMBIENT_LOCALEID: return Variant(static_cast<std::int32_t>(GetUserDefaultLCID()));
     case DISPID_AMBIENT_SCALEUNITS: return Variant(L"Twip");
     case DISPID_AMBIENT_USERMODE: return Variant(switches.UserMode);
-    case DISPID_AMBIENT_UIDEAD: return Variant(false);
+    case DISPID_AMBIENT_UIDEAD: return Variant(values.UIDead);
     case DISPID_AMBIENT_SHOWGRABHANDLES: return Variant(!switches.UserMode);
     case DISPID_AMBIENT_SHOWHATCHING: return Variant(!switches.UserMode);
     case DISPID_AMBIENT_DISPLAYASDEFAULT: return Variant(false);

@@ -13,6 +13,7 @@ struct AmbientValues {
     OLE_COLOR ForeColor = 0x80000000 | COLOR_BTNTEXT;
     std::wstring FontName = L"Tahoma";
     double FontSize = 8.25;
+    bool UIDead = false;
 };
 
 // Empty for what the form does not have.

@@ -44,6 +44,9 @@ public:
     void Detach() noexcept { owner_ = nullptr; } // a control that keeps its site too long reaches nothing
 
     // How often the control called the filters around its messages; equal when each opened pair was closed.
+    // Telling the control that an ambient property is another one is the caller's.
+    AmbientValues& Ambients() noexcept { return ambients_; }
+
     int PreFilters() const noexcept { return preFilters_; }
     int PostFilters() const noexcept { return postFilters_; }
 

@@ -255,6 +255,11 @@ TEST_CASE("Wrong counts and types are refused with the number of the argument, a
     DISPPARAMS none = {};
     CHECK(tab.Invoke(4711, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr) ==
           DISP_E_MEMBERNOTFOUND);
+    DISPPARAMS nameless = {};
+    nameless.rgvarg = const_cast<VARIANT*>(&one.Get());
+    nameless.cArgs = nameless.cNamedArgs = 1;
+    CHECK(tab.Invoke(1, IID_NULL, 0, DISPATCH_PROPERTYPUT, &nameless, nullptr, nullptr, nullptr) ==
+          E_POINTER);
     CHECK(tab.Invoke(1, IID_IUnknown, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr) ==
           DISP_E_UNKNOWNINTERFACE);
 }

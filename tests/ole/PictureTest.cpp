@@ -71,6 +71,25 @@ TEST_CASE("Drawing leaves the device context as it was") {
     CHECK(GetBkMode(canvas.DC()) == TRANSPARENT);
 }
 
+TEST_CASE("Drawing follows the device context: its scale, an axis that points upwards, and its clipping") {
+    PaintedControl control;
+    Canvas plain(Width, Height), scaled(Width, Height);
+    Draw(control.Object(), plain.DC(), {0, 0, Width, Height});
+    SetMapMode(scaled.DC(), MM_ANISOTROPIC); // ten units a pixel, upwards from the lower edge
+    SetWindowExtEx(scaled.DC(), 10 * Width, 10 * Height, nullptr);
+    SetViewportExtEx(scaled.DC(), Width, -Height, nullptr);
+    SetViewportOrgEx(scaled.DC(), 0, Height, nullptr);
+    IntersectClipRect(scaled.DC(), 0, 0, 10 * Width / 2, 10 * Height);
+    REQUIRE(Draw(control.Object(), scaled.DC(), {0, 10 * Height, 10 * Width, 0}) == S_OK);
+    int differences = 0;
+    for (int y = 0; y < Height; ++y) {
+        for (int x = 0; x < Width / 2; ++x) differences += plain.At(x, y) != scaled.At(x, y);
+        for (int x = Width / 2; x < Width; ++x) differences += scaled.At(x, y) != Canvas::Untouched;
+    }
+    CHECK(differences == 0);
+    CHECK(GetMapMode(scaled.DC()) == MM_ANISOTROPIC);
+}
+
 TEST_CASE("A metafile shows the same picture") {
     PaintedControl control;
     Canvas direct(Width, Height), played(Width, Height), enhanced(Width, Height);

@@ -101,4 +101,23 @@ TEST_CASE("While the form is designed, presses, moves and keys are not the contr
     CHECK(test.Number(L"ActiveTab") == 0);
 }
 
+TEST_CASE("What the host says of its ambient properties counts from when it says that they changed") {
+    for (const DISPID changed : {DISPID_AMBIENT_UIDEAD, DISPID_UNKNOWN}) {
+        ControlOnForm test;
+        Open(test);
+        const auto control = QueryFor<IOleControl>(test.Form().ControlObject());
+        PressKey(test.Form(), VK_RIGHT);
+        CHECK(test.Number(L"ActiveTab") == 1);
+        test.Form().Site().Ambients().UIDead = true;
+        CHECK(control->OnAmbientPropertyChange(changed) == S_OK);
+        PressKey(test.Form(), VK_RIGHT);
+        PressButton(test.Form(), OnBar(3));
+        CHECK(test.Number(L"ActiveTab") == 1);
+        test.Form().Site().Ambients().UIDead = false;
+        CHECK(control->OnAmbientPropertyChange(changed) == S_OK);
+        PressKey(test.Form(), VK_RIGHT);
+        CHECK(test.Number(L"ActiveTab") == 2);
+    }
+}
+
 } // namespace vantik
