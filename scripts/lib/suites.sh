@@ -48,6 +48,9 @@ plan_runs() {
     done
 }
 
+# All suites, in one line.
+suite_names() { basename -a -s .suite "$SuiteFolder"/*.suite | xargs; }
+
 name_matches() {
     local name=$1 part
     shift

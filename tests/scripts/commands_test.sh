@@ -18,16 +18,21 @@ test_help_is_no_failure() {
 
 test_an_unknown_argument_shows_the_usage() {
     command_line 2 "$Root/demo" --bogus
+    expect_contains "$Output" 'unknown argument: --bogus'
     expect_contains "$Output" 'usage: ./demo'
     command_line 2 "$Root/demo" --shot
-    expect_contains "$Output" 'usage: ./demo'
+    expect_contains "$Output" '--shot needs a folder'
+    command_line 2 "$Root/demo" --shot --64
+    expect_contains "$Output" '--shot needs a folder'
     command_line 2 "$Root/test" --bogus
+    expect_contains "$Output" 'unknown option: --bogus'
     expect_contains "$Output" 'usage: ./test'
 }
 
 test_a_suite_that_does_not_exist_is_refused() {
     command_line 2 "$Root/test" nothing-is-called-so
     expect_contains "$Output" 'no suite is called so: nothing-is-called-so'
+    expect_contains "$Output" ' framesnap '
 }
 
 test_the_demo_without_a_display_says_what_works_without_one() {
