@@ -26,8 +26,8 @@ void ReadPngSize(ByteSource& source, PngSize& size) {
 
 void ParsePngSize(ByteView data, PngSize& size) {
     const ImageHeader header = ParseHeader(data);
-    const std::int16_t width = UsableExtent(header.Width);
-    size = {width, UsableExtent(header.Height)};
+    size.LastPngWidth = UsableExtent(header.Width);
+    size.LastPngHeight = UsableExtent(header.Height);
 }
 
 void ReadPngFileSize(const std::u16string& path, PngSize& size) {

@@ -18,7 +18,7 @@ void ReadPngFileSize(const std::u16string& path, PngSize& size);
 void ReadPngMemorySize(ByteView data, PngSize& size);
 
 // The size from the data of an IHDR chunk: 10 for a width or height below 1, Overflow above 32767,
-// SubscriptOutOfRange for data shorter than the record.
+// SubscriptOutOfRange for data shorter than the record. The width is stored before the height is looked at.
 void ParsePngSize(ByteView data, PngSize& size);
 
 } // namespace vantik
