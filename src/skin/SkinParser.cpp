@@ -47,16 +47,15 @@ private:
     bool hasMore_; // an empty list has no piece, not one empty piece
 };
 
-SkinRect ParseRect(std::u16string_view list) {
+// Each number is stored before the next one is converted.
+void ParseRect(std::u16string_view list, SkinRect& rect) {
     Coordinates coordinates(list);
-    SkinRect rect;
     rect.Left = coordinates.Next();
     rect.Right = coordinates.Next();
     rect.Top = coordinates.Next();
     rect.Bottom = coordinates.Next();
     rect.Width = Checked(rect.Right) - rect.Left + 1;
     rect.Height = Checked(rect.Bottom) - rect.Top + 1;
-    return rect;
 }
 
 using RoleIndex = std::int16_t SkinIcons::*;
@@ -105,8 +104,7 @@ void SkinParser::ParseSkinRectEntry(std::u16string_view key, std::u16string_view
         state_.SkinBitmapPath = folder_.PathOf(value);
         return;
     }
-    SkinRect& rect = state_.SkinRects[ToInteger16(key)];
-    rect = ParseRect(value);
+    ParseRect(value, state_.SkinRects[ToInteger16(key)]);
 }
 
 void SkinParser::ParseSkinIconEntry(std::u16string_view key, std::u16string_view value) {

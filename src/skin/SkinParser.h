@@ -20,8 +20,8 @@ namespace vantik {
 
 using PngSizeReader = void (*)(const std::u16string& path, PngSize& size);
 
-// One parse; every parse takes a parser of its own. Entries take effect as their lines are read: a line that raises
-// changes nothing itself, yet what the lines before it said stays in force.
+// One parse; every parse takes a parser of its own. Entries take effect as they are read: what was stored before the
+// error, by the lines before it and by the failing line itself, stays in force.
 class SkinParser {
 public:
     SkinParser(ControlState& state, SkinFolder folder, PngSizeReader readSize = ReadPngFileSize)

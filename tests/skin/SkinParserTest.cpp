@@ -69,13 +69,20 @@ TEST_CASE("an extent that leaves 32 bits overflows") {
     CHECK(Tab(u"0: 0,2147483646,0,0").Rect(0).Width == 2147483647);
 }
 
-TEST_CASE("a failing line changes nothing, the lines before it stay in force, those after it are not read") {
-    const ParsedSkin skin = Tab(u"File: a.bmp\r\n4: 1,2,3,4\r\n5: 1,2,3,x\r\n6: 1,2,3,4");
+TEST_CASE("everything stored before the failing line stays in force, the lines after it are not read") {
+    const ParsedSkin skin = Tab(u"File: a.bmp\r\n4: 1,2,3,4\r\n5: x\r\n6: 1,2,3,4");
     CHECK(skin.Error == 13);
     CHECK(skin.State.SkinBitmapPath == u"C:\\host\\Skin\\\\A.BMP");
     CHECK(skin.Rect(4).Width == 2);
     CHECK(skin.Rect(5) == SkinRect{});
     CHECK(skin.Rect(6) == SkinRect{});
+}
+
+TEST_CASE("a line that fails at one number has stored those before it") {
+    CHECK(Tab(u"5: 1,2,3,x").Rect(5) == SkinRect{1, 3, 2, 0, 0, 0});
+    CHECK(Tab(u"5: 7,8").Rect(5) == SkinRect{7, 0, 8, 0, 0, 0});
+    // All four, then the width; the height overflows.
+    CHECK(Tab(u"5: 1,2,-9,2147483647").Rect(5) == SkinRect{1, -9, 2, 2147483647, 2, 0});
 }
 
 TEST_CASE("any line whose first three letters are END ends the parse, started or not") {
