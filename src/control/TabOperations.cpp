@@ -52,16 +52,14 @@ void VantikFrameTab::SwitchTo(std::int16_t index) {
 void VantikFrameTab::InsertTab(std::int16_t afterIndex, std::u16string& caption) {
     if (!state_.HasTab(afterIndex)) return;
     const std::int16_t newIndex = Add16(afterIndex, 1);
-    Add16(TabCount(), 1); // the list is full: say so before anything moves
     if (TrimSpaces(caption).empty()) caption = NextDefaultCaption();
 
     PaintingFreeze freeze(host_.hWnd());
     ActiveTab(0); // the rule that tells a child's tab holds while tab 0 is active
     children_.MakeRoomAfter(afterIndex);
-    const std::int16_t newCount = Add16(TabCount(), 1); // read afresh: moving children runs host code
-    state_.Tabs.Resize(newCount);                       // one spare record past the last tab, as always
-    for (std::int16_t i = TabCount(); i > newIndex; --i) state_.Tabs(i) = std::move(state_.Tabs(i - 1));
-    state_.Properties.TabCount = newCount;
+    state_.Tabs.ShiftUp(newIndex, TabCount()); // the spare record becomes the last tab's
+    state_.Properties.TabCount = Add16(TabCount(), 1);
+    state_.Tabs.Resize(TabCount()); // one spare record past the last tab, as always
     state_.Tabs(newIndex) = {.Caption = caption, .Ico = NoSuchTab, .Enable = True};
     ActiveTab(newIndex);
     freeze.Release();

@@ -21,6 +21,9 @@ public:
     // Keeps the records that stay. Overflow and OutOfMemory leave the list as it was.
     void Resize(std::int16_t upperBound);
 
+    // Copies every record from `first` on to the place behind it, the last one to `last`.
+    void ShiftUp(std::int16_t first, std::int16_t last);
+
     // SubscriptOutOfRange outside 0..upper bound.
     TabRecord& operator()(std::int32_t index);
     const TabRecord& operator()(std::int32_t index) const;

@@ -187,14 +187,22 @@ TEST_CASE("SetBarCaption stores the caption, and out of range nothing") {
     CHECK(f.Captions() == "Files");
 }
 
-TEST_CASE("a list of 32767 tabs takes no further tab and stays as it is") {
+TEST_CASE("a list of 32767 tabs takes no further tab: the count overflows after the tabs made room") {
     ControlFixture f(32767);
-    f.AddChild(u"child", 120);
+    f.AddChild(u"ofTab0", 120);
+    f.AddChild(u"ofTab1", -9880);
     f.Host.TakeLog();
-    CHECK(NumberRaisedBy([&] { f.Insert(5, u"x"); }) == 6);
+    std::u16string caption;
+    CHECK(NumberRaisedBy([&] { f.Control.InsertTab(0, caption); }) == 6);
+    CHECK(caption == u"Tab32767");
+    CHECK(f.Control.State().NewTabNumber == 32768);
     CHECK(f.Control.TabCount() == 32767);
-    CHECK(f.Lefts() == "120");
-    CHECK(f.Host.TakeLog().empty());
+    CHECK(f.Control.ActiveTab() == 0);
+    CHECK(f.Host.TakeLog() == "PropertyChanged ActiveTab");
+    CHECK(f.Control.GetTabCaption(0) == u"Tab0");
+    CHECK(f.Control.GetTabCaption(1) == u"Tab1");
+    CHECK(f.Control.GetTabCaption(2) == u"Tab1");
+    CHECK(f.Control.GetTabCaption(32766) == u"Tab32765");
 }
 
 TEST_CASE("a spare record always stands past the last tab") {

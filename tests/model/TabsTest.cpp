@@ -23,6 +23,19 @@ TEST_CASE("resizing preserves the records that stay") {
     CHECK(tabs(2).Caption == u"kept");
 }
 
+TEST_CASE("shifting up makes room in front of the records that move") {
+    Tabs tabs;
+    tabs.Resize(3);
+    for (std::int16_t i = 0; i < 3; ++i) tabs(i).Caption = static_cast<char16_t>(u'a' + i);
+    tabs.ShiftUp(1, 3);
+    CHECK(tabs(0).Caption == u"a");
+    CHECK(tabs(1).Caption == u"b"); // stands in both places until somebody writes here
+    CHECK(tabs(2).Caption == u"b");
+    CHECK(tabs(3).Caption == u"c");
+    tabs.ShiftUp(3, 3);
+    CHECK(tabs(3).Caption == u"c");
+}
+
 TEST_CASE("an index outside the list raises subscript out of range") {
     Tabs tabs;
     tabs.Resize(2);
