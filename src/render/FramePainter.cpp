@@ -6,8 +6,6 @@
 
 namespace vantik {
 
-void FramePainter::PaintBackground() { PaintBackground(control_.Layout.ControlRect); }
-
 void FramePainter::PaintBackground(const LayoutRect& area) {
     const SkinRect& source = control_.SkinRects[FBackPic];
     surfaces_.SkinDC.StretchDraw(host_.hDC(), area.Left, area.Top, area.Width, area.Height, source.Left,

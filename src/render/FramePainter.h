@@ -12,8 +12,8 @@ public:
     FramePainter(UserControl& host, const ControlState& control, Surfaces& surfaces) noexcept
         : host_(host), control_(control), surfaces_(surfaces) {}
 
-    // The one pixel at FBackPic's left top corner over the whole control.
-    void PaintBackground();
+    // The one pixel at FBackPic's left top corner over the area.
+    void PaintBackground(const LayoutRect& area);
 
     // The four edges around the page.
     void PaintFrame();
@@ -25,7 +25,6 @@ public:
     void PaintUnderlay(const LayoutRect& area);
 
 private:
-    void PaintBackground(const LayoutRect& area);
     void PaintFrame(const LayoutRect& area);
     void PaintPictureAndCorners(const LayoutRect& area);
     void PaintPicture(const LayoutRect& area);

@@ -5,13 +5,25 @@
 namespace vantik {
 
 void MergedRepaint::RepaintAll() {
-    driver_.PrepareAll();
+    try {
+        driver_.PrepareAll();
+    } catch (...) {
+        waiting_ = Waiting::Nothing; // overwritten
+        driver_.RepaintAll();
+        throw;
+    }
     WaitFor(Waiting::All);
 }
 
 // A full repaint that waits will paint the bars as they are then.
 void MergedRepaint::RedrawBars() {
-    driver_.PrepareBars();
+    try {
+        driver_.PrepareBars();
+    } catch (...) {
+        CarryOut();
+        driver_.RedrawBars();
+        throw;
+    }
     if (waiting_ != Waiting::All) WaitFor(Waiting::Bars);
 }
 
@@ -31,7 +43,10 @@ void MergedRepaint::WaitFor(Waiting what) {
     if (waiting_ == what) return;
     waiting_ = what;
     const LayoutCache& layout = control_.Layout;
-    Invalidate(what == Waiting::All ? layout.ControlRect : layout.BarStripRect);
+    if (what == Waiting::All)
+        Invalidate(layout.ControlRect);
+    else if (control_.Properties.TabCount > 0) // without tabs the strip is restored, but not shown again
+        Invalidate(layout.BarStripRect);
 }
 
 void MergedRepaint::Invalidate(const LayoutRect& area) {

@@ -5,6 +5,7 @@
 //   - a waiting repaint is dropped only for one that overwrites everything it would have painted, and
 //   - it is carried out before anything that draws without overwriting all of it, and before any change to what the
 //     painting reads that is not followed by a repaint (CarryOut is for the caller of such a change).
+// A repaint that fails does not wait: what it paints before its error is on the surface when it raises.
 #pragma once
 
 #include <cstdint>

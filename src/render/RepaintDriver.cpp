@@ -3,27 +3,38 @@
 #include "base/Rounding.h"
 #include "render/BarGeometry.h"
 #include "render/FrameGeometry.h"
-#include "render/Geometry.h"
 
 namespace vantik {
 
-void RepaintDriver::RepaintAll() {
-    PrepareAll();
-    PaintAll();
+GeometryInput RepaintDriver::Input() {
+    return {control_.Properties, control_.SkinRects, control_.SkinIcons,
+            TwipsToPixels(host_.Width(), host_.TwipsPerPixelX()),
+            TwipsToPixels(host_.Height(), host_.TwipsPerPixelY())};
 }
 
-void RepaintDriver::RedrawBars() {
-    PrepareBars();
-    PaintBars();
+Boolean RepaintDriver::IsHorizontal() const noexcept {
+    const std::int32_t side = control_.Properties.TabPos;
+    return side == Windowtop || side == WindowBottom ? True : False;
 }
+
+// Each step stores and paints at once, so that an error leaves what the steps before it did.
+void RepaintDriver::RepaintAll() {
+    LayoutCache& layout = control_.Layout;
+    host_.Cls();
+    layout.IsHorizontal = IsHorizontal();
+    const GeometryInput input = Input();
+    PaintBackground(LayoutRect::FromEdges(0, 0, input.ControlWidthPx, input.ControlHeightPx));
+    layout = ComputeVisibleBars(input, layout);
+    layout = ComputeLayout(input, layout);
+    PaintForeground();
+}
+
+void RepaintDriver::RedrawBars() { PaintBars(); }
 
 void RepaintDriver::PrepareAll() {
-    const std::int32_t side = control_.Properties.TabPos;
-    const GeometryInput input = {control_.Properties, control_.SkinRects, control_.SkinIcons,
-                                 TwipsToPixels(host_.Width(), host_.TwipsPerPixelX()),
-                                 TwipsToPixels(host_.Height(), host_.TwipsPerPixelY())};
     LayoutCache layout = control_.Layout;
-    layout.IsHorizontal = side == Windowtop || side == WindowBottom ? True : False;
+    layout.IsHorizontal = IsHorizontal();
+    const GeometryInput input = Input();
     layout = ComputeLayout(input, ComputeVisibleBars(input, layout));
     static_cast<void>(FrameEdges(layout, control_.SkinRects));
     static_cast<void>(FrameCorners(layout, control_.SkinRects));
@@ -41,12 +52,20 @@ void RepaintDriver::PrepareBars() const {
 
 void RepaintDriver::PaintAll() {
     host_.Cls();
-    frame_.PaintBackground();
+    PaintBackground(control_.Layout.ControlRect);
+    PaintForeground();
+}
+
+void RepaintDriver::PaintBackground(const LayoutRect& whole) {
+    Invalidate(whole);
+    frame_.PaintBackground(whole);
+}
+
+void RepaintDriver::PaintForeground() {
     frame_.PaintFrame();
     frame_.PaintCorners();
     DrawBars();
     decorations_.DrawNavButtons();
-    Invalidate(control_.Layout.ControlRect);
 }
 
 void RepaintDriver::PaintBars() {

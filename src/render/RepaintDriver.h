@@ -1,8 +1,9 @@
 // The ways in which the control repaints itself, straight onto its persistent surface.
 //
-// Each repaint has two halves: Prepare computes and stores the layout and raises every error of the geometry, Paint only
-// draws what the state says then. A caller may put painting off as long as nobody sees the surface and nothing changes
-// that the pending repaint would not have seen.
+// RepaintAll and RedrawBars come in two halves, too: Prepare computes and stores the layout and raises every error of the
+// geometry, Paint only draws what the state says then. A caller may put painting off as long as nobody sees the surface
+// and nothing changes that the pending repaint would not have seen. Where Prepare raises, the whole repaint stores and
+// paints what comes before the error, and raises it again.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +13,7 @@
 #include "render/BarDecorations.h"
 #include "render/BarPainter.h"
 #include "render/FramePainter.h"
+#include "render/Geometry.h"
 #include "render/Surfaces.h"
 
 namespace vantik {
@@ -45,6 +47,10 @@ public:
     void PaintBars();
 
 private:
+    GeometryInput Input();
+    Boolean IsHorizontal() const noexcept;
+    void PaintBackground(const LayoutRect& whole);
+    void PaintForeground();
     void DrawBars();
     void Invalidate(const LayoutRect& area);
 

@@ -1,6 +1,7 @@
 // Repaints that wait until somebody looks must not be told from repaints at once.
 #include <doctest/doctest.h>
 
+#include "tests/RunTimeErrors.h"
 #include "tests/control/RandomActions.h"
 
 using namespace vantik;
@@ -57,4 +58,36 @@ TEST_CASE("a pointer move after a switch does not colour the bar that waits to b
     f.Control.UserControl_Paint();
     still.Control.UserControl_Paint();
     CHECK(Difference(f.Host.Read(), still.Host.Read()) == "same");
+}
+
+TEST_CASE("redrawing the bars of a control without tabs tells the window nothing") {
+    DrivenControl f(3);
+    f.Control.UserControl_Paint();
+    f.Control.UserControl_InitProperties(); // no tabs any more; the strip stays where it was
+    f.Host.TakeInvalidated();
+    REQUIRE(f.State().Layout.BarStripRect.Width > 0);
+    f.Control.RedrawBars();
+    CHECK(f.Host.TakeInvalidated() == "");
+    f.Control.UserControl_Paint();
+    CHECK(f.Host.TakeInvalidated() == "");
+}
+
+TEST_CASE("a repaint that fails has painted what comes before its error, over what waited") {
+    DrivenControl f(3);
+    f.Control.UserControl_Paint();
+    const std::uint32_t background = f.Host.Read().At(200, 150);
+    f.Control.ActiveTab(1); // waits
+    CHECK(NumberRaisedBy([&] { f.Control.Let<std::int16_t>(Property::BarWidth, 0); }) == 11);
+    CHECK(Difference(f.Host.Read(), Pixels(440, 300, background)) == "same");
+    f.Control.UserControl_Paint();
+    CHECK(Difference(f.Host.Read(), Pixels(440, 300, background)) == "same");
+    CHECK(f.Control.Get<std::int16_t>(Property::BarWidth) == 0);
+    CHECK(f.Log() == "PropertyChanged ActiveTab; PropertyChanged BarWidth");
+
+    f.Control.Let<std::int16_t>(Property::BarWidth, 60);
+    f.Control.UserControl_Paint();
+    DrivenControl other(3);
+    other.Control.ActiveTab(1);
+    other.Control.UserControl_Paint();
+    CHECK(Difference(f.Host.Read(), other.Host.Read()) == "same");
 }

@@ -2,6 +2,7 @@
 
 #include <doctest/doctest.h>
 
+#include "render/BarGeometry.h"
 #include "tests/RunTimeErrors.h"
 #include "tests/gfx/GdiObjects.h"
 #include "tests/render/LayoutText.h"
@@ -144,31 +145,54 @@ TEST_CASE("bars of no, one or a negative width") {
     }
 }
 
-TEST_CASE("an error of the geometry leaves layout and surface as they were") {
+TEST_CASE("an error of the overflow rule comes after the orientation and the clear background") {
     Row row;
     row.Driver.RepaintAll();
-    const Pixels before = row.Read();
-    const LayoutRect strip = row.State.Layout.BarStripRect;
+    const LayoutCache before = row.State.Layout;
+    row.State.Properties.TabPos = WindowLeft;
+    row.State.Properties.BarWidth = 0;
     row.Host.TakeLog();
-    row.Host.WidthTwips = 40000 * FakeUserControl::TwipsPerPixel; // the frame's coordinates are 16-bit
-    CHECK(NumberRaisedBy([&] { row.Driver.RepaintAll(); }) == 6);
-    CHECK(row.State.Layout.BarStripRect == strip);
-    CHECK(Difference(row.Read(), before) == "same");
-    CHECK(row.Host.TakeLog() == "");
+    CHECK(NumberRaisedBy([&] { row.Driver.RepaintAll(); }) == 11);
+    CHECK(row.Host.TakeLog() == "Cls");
+    CHECK(row.State.Layout.IsHorizontal == False);
+    CHECK(row.State.Layout.VisibleBarCount == before.VisibleBarCount);
+    CHECK(row.State.Layout.BarStripRect == before.BarStripRect);
+    CHECK(Difference(row.Read(), Pixels(160, 120, 0x336699)) == "same");
 }
 
-TEST_CASE("a first visible tab outside the list raises before anything is painted") {
+TEST_CASE("an error of the frame comes after the layout") {
     Row row;
     row.Driver.RepaintAll();
-    row.State.Properties.ActiveTab = 0;
-    const Pixels before = row.Read();
-    row.State.Layout.FirstVisibleTab = -2;
+    row.AddTabs(5);
+    row.Host.WidthTwips = 40000 * FakeUserControl::TwipsPerPixel; // the frame's coordinates are 16-bit
+    CHECK(NumberRaisedBy([&] { row.Driver.RepaintAll(); }) == 6);
+    CHECK(row.State.Layout.ControlRect.Right == 40000);
+    CHECK(row.State.Layout.VisibleBarCount == 5);
+    CHECK(Difference(row.Read(), Pixels(160, 120, 0x336699)) == "same");
+}
+
+TEST_CASE("an error of a bar comes after the strip's restore and the bars before it") {
+    Row row;
+    row.Driver.RepaintAll();
+    LayoutCache& layout = row.State.Layout;
+    layout.VisibleBarCount = 0;
+    const Pixels underlay = row.Expected();
+    layout.VisibleBarCount = 3;
+    for (const std::int16_t first : {std::int16_t{-2}, std::int16_t{32767}}) {
+        layout.FirstVisibleTab = first;
+        CHECK(NumberRaisedBy([&] { row.Driver.RedrawBars(); }) == 9);
+        CHECK(Difference(row.Read(), underlay) == "same");
+    }
+
+    layout.FirstVisibleTab = 2; // 3 is the spare record, 4 is none
+    row.Decorations.TakeLog();
     CHECK(NumberRaisedBy([&] { row.Driver.RedrawBars(); }) == 9);
-    row.State.Layout.FirstVisibleTab = 2; // 3 is the spare record, 4 is none
-    CHECK(NumberRaisedBy([&] { row.Driver.RedrawBars(); }) == 9);
-    row.State.Layout.FirstVisibleTab = 32767;
-    CHECK(NumberRaisedBy([&] { row.Driver.RedrawBars(); }) == 9);
-    CHECK(Difference(row.Read(), before) == "same");
+    CHECK(row.Decorations.TakeLog() == "icon 2 0; close 2 0 0; icon 3 0; close 3 0 0");
+    Pixels expected = row.Expected();
+    const LayoutRect missing = SlotRect(row.State, 2);
+    for (std::int32_t y = missing.Top; y < missing.Bottom; ++y)
+        for (std::int32_t x = missing.Left; x < missing.Right; ++x) expected.Set(x, y, underlay.At(x, y));
+    CHECK(Difference(row.Read(), expected) == "same");
 }
 
 TEST_CASE("the picture is aligned with the container and shows only where it has pixels") {
