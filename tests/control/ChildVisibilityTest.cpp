@@ -90,6 +90,11 @@ TEST_CASE("removing tab 1 of three parks its children at three offsets") {
     f.AddChild(u"ofTab2", -39700);
     f.Control.RemoveTab(1);
     CHECK(f.Lefts() == "300 40300 -19700");
+    // They remain in the container, where they count as tab 2 or higher: only they make room behind tab 1.
+    CHECK(f.Host.Children[1].Visible == True);
+    f.Insert(1, u"New");
+    f.Control.ActiveTab(0);
+    CHECK(f.Lefts() == "300 20300 -19700");
 }
 
 TEST_CASE("a child at exactly 0 counts for tab 1") {

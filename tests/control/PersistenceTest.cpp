@@ -162,6 +162,28 @@ TEST_CASE("a saved count below zero raises an error and leaves a control that st
     CHECK(f.Captions() == "Tab0 Tab1");
 }
 
+TEST_CASE("deleting the skin folder and reloading the control draws with the built-in skin") {
+    LoadedControl f;
+    f.Folder.MakeFolder(u"Skin");
+    f.Folder.Write(u"Skin\\skin.ini", "Start\r\n[Tab]\r\n1: 0,0,0,9\r\nEnd\r\n");
+    f.Load();
+    CHECK(f.Control.State().SkinRects[BRect].Height == 10);
+    CHECK(f.Folder.Files(u"") == "Skin");
+
+    f.Folder.Remove(u"Skin");
+    f.Load();
+    CHECK(f.Folder.Files(u"Temp") ==
+          "bar0.png bar1.png delete1.png handno.png menubar.png skin.ini skin2.bmp sun.png");
+    CHECK(f.Control.State().SkinRects[BRect].Height == 22);
+    f.Control.UserControl_Paint();
+    // The background's pixel at (7, 20) of the 214 x 188 bitmap, whose rows of 644 bytes run upwards.
+    const std::string bitmap = f.Folder.Read(u"Temp\\skin2.bmp");
+    const auto channel = [&](std::size_t at) {
+        return std::uint32_t{static_cast<unsigned char>(bitmap.at(bitmap.size() - 644 * 21 + 7 * 3 + at))};
+    };
+    CHECK(f.Host.Read().At(200, 150) == (channel(2) << 16 | channel(1) << 8 | channel(0)));
+}
+
 TEST_CASE("deleting the skin folder and loading again writes the built-in skin beside the host") {
     LoadedControl f;
     f.Load();

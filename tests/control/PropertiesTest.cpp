@@ -1,10 +1,20 @@
 #include <doctest/doctest.h>
 
 #include "skin/SkinLocation.h"
-#include "tests/control/ControlFixture.h"
+#include "tests/control/DrivenControl.h"
 
 using namespace vantik;
 using namespace vantik::test;
+
+namespace {
+
+// As the fake host tells what was invalidated.
+std::string Edges(const LayoutRect& r) {
+    const auto n = [](std::int32_t value) { return std::to_string(value); };
+    return n(r.Left) + "," + n(r.Top) + "," + n(r.Right) + "," + n(r.Bottom);
+}
+
+} // namespace
 
 TEST_CASE("a new control has the default of every property") {
     const ControlFixture f;
@@ -71,6 +81,21 @@ TEST_CASE("a SkinFile that does not exist shows the file message and keeps the o
     CHECK(f.Host.TakeLog() == "MsgBox");
 }
 
+TEST_CASE(
+    "a SkinFile that is not in the current SkinPath shows the file message, even if it exists elsewhere") {
+    DrivenControl f(1);
+    f.Folder.MakeFolder(u"Other");
+    f.Folder.Write(u"Other\\mine.ini", "Start\r\nEnd\r\n");
+    f.Control.SkinFile(u"mine.ini");
+    CHECK(f.Control.Get<std::u16string>(Property::SkinFile) == u"skin.ini");
+    REQUIRE(f.Host.Messages.size() == 1);
+    CHECK(f.Host.Messages[0] == NoSuchSkinFile);
+    f.Control.SkinPath(u"Other"); // now it is
+    f.Control.SkinFile(u"mine.ini");
+    CHECK(f.Control.Get<std::u16string>(Property::SkinFile) == u"mine.ini");
+    CHECK(f.Host.Messages.size() == 1);
+}
+
 TEST_CASE("a SkinPath that does not exist shows the folder message and keeps the old value") {
     ControlFixture f;
     f.Control.SkinPath(u"Elsewhere");
@@ -96,13 +121,31 @@ TEST_CASE("FrameDist paints nothing") {
     CHECK(f.Host.TakeLog() == "PropertyChanged FrameDist");
 }
 
-TEST_CASE("setting DelButton redraws the bars without a full repaint") {
-    ControlFixture f(2);
+TEST_CASE("setting DelButton to false redraws the bars without close buttons and without a full repaint") {
+    DrivenControl f(3), without(3);
     f.Control.UserControl_Paint();
+    const Pixels before = f.Host.Read();
     f.Host.TakeLog();
+    f.Host.TakeInvalidated();
     f.Control.Let<std::int16_t>(Property::DelButton, False);
+    const LayoutRect& strip = f.State().Layout.BarStripRect;
+    CHECK(f.Host.TakeInvalidated() == Edges(strip));
     f.Control.UserControl_Paint();
-    CHECK(f.Host.TakeLog().find("Cls") == std::string::npos);
+    CHECK(f.Host.TakeLog() == "PropertyChanged DelButton"); // no Cls: no full repaint
+
+    without.Control.Let<std::int16_t>(Property::DelButton, False);
+    without.Control.RepaintAll();
+    without.Control.UserControl_Paint();
+    const Pixels after = f.Host.Read();
+    CHECK(Difference(after, without.Host.Read()) == "same");
+    for (std::int32_t slot = 0; slot < 3; ++slot) {
+        const LayoutRect button = f.Close(slot);
+        int changed = 0;
+        for (std::int32_t y = button.Top; y <= button.Bottom; ++y)
+            for (std::int32_t x = button.Left; x <= button.Right; ++x)
+                changed += before.At(x, y) != after.At(x, y);
+        CHECK(changed > 0);
+    }
 }
 
 TEST_CASE("setting BarWidth repaints everything") {
