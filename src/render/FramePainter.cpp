@@ -30,6 +30,12 @@ void FramePainter::PaintCorners() {
 
 void FramePainter::PaintPictureAndCorners(const LayoutRect& area) {
     PaintPicture(area);
+    PaintCornerPieces(area);
+}
+
+void FramePainter::PaintCornerPieces() { PaintCornerPieces(control_.Layout.ControlRect); }
+
+void FramePainter::PaintCornerPieces(const LayoutRect& area) {
     const HDC surface = host_.hDC();
     for (const auto& [source, to] : FrameCorners(control_.Layout, control_.SkinRects)) {
         if (IsEmpty(Intersection(to, area))) continue;

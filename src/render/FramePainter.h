@@ -21,6 +21,9 @@ public:
     // The picture inside the frame's edges, aligned with the control's container, then the four corner pieces.
     void PaintCorners();
 
+    // The four corner pieces alone.
+    void PaintCornerPieces();
+
     // All of the above as a full repaint leaves it, but only inside the area.
     void PaintUnderlay(const LayoutRect& area);
 
@@ -28,6 +31,7 @@ private:
     void PaintFrame(const LayoutRect& area);
     void PaintPictureAndCorners(const LayoutRect& area);
     void PaintPicture(const LayoutRect& area);
+    void PaintCornerPieces(const LayoutRect& area);
 
     UserControl& host_;
     const ControlState& control_;

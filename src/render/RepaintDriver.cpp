@@ -94,10 +94,11 @@ void RepaintDriver::RedrawBar(std::int16_t index, std::uint8_t state) {
     Invalidate(area);
 }
 
-// The edges run under the buttons and the corners, which therefore follow.
+// The edges run under the buttons and the corners, which therefore follow. The picture lies between the edges: a new one
+// shows at the next full repaint, as always.
 void RepaintDriver::RepaintFrame() {
     frame_.PaintFrame();
-    frame_.PaintCorners();
+    frame_.PaintCornerPieces();
     decorations_.DrawNavButtons();
     Invalidate(control_.Layout.ControlRect);
 }

@@ -38,7 +38,7 @@ public:
     // The one bar over its clean underlay; invalidates only that bar. A bar outside the visible row draws nothing.
     void RedrawBar(std::int16_t index, std::uint8_t state);
 
-    // The frame's edges and what lies over them but for the bars, which the caller redraws next.
+    // The frame's edges and what lies over them (not the picture) but for the bars, which the caller redraws next.
     void RepaintFrame();
 
     void PrepareAll();

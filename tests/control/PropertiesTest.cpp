@@ -148,6 +148,22 @@ TEST_CASE("setting DelButton to false redraws the bars without close buttons and
     }
 }
 
+TEST_CASE(
+    "a new Picture shows at the next full repaint; setting TabToTab repaints the edges and the bars only") {
+    DrivenControl f(3);
+    f.Control.UserControl_Paint();
+    const std::uint32_t background = f.Host.Read().At(200, 150);
+    f.Control.Picture(PictureOf(Pixels(440, 300, 0x123456)));
+    f.Control.UserControl_Paint();
+    CHECK(f.Host.Read().At(200, 150) == background);
+    f.Control.Let<std::int16_t>(Property::TabToTab, 4);
+    f.Control.UserControl_Paint();
+    CHECK(f.Host.Read().At(200, 150) == background);
+    f.Control.RepaintAll();
+    f.Control.UserControl_Paint();
+    CHECK(f.Host.Read().At(200, 150) == 0x123456);
+}
+
 TEST_CASE("setting BarWidth repaints everything") {
     ControlFixture f(2);
     f.Control.Let<std::int16_t>(Property::BarWidth, 60);
