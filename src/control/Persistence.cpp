@@ -65,7 +65,7 @@ void VantikFrameTab::UserControl_ReadProperties(PropertyReader& bag) {
     surfaces_.CaptionFont = StartingCaptionFont();
     MeasureCaptionHeight();
     ResizeTabList(state_.Properties.TabCount, state_.PreviousTabCount);
-    skinWasLoaded_ = true; // also when it fails: the error went to the loader
+    wasShown_ = true; // also when it fails: the error went to the loader
     LoadSkin(host_, state_, surfaces_);
     RepaintAll();
     InstallHookAtRunTime();

@@ -68,7 +68,7 @@ void VantikFrameTab::SkinPath(const std::u16string& folder) {
 void VantikFrameTab::About() { ShowAbout(host_.hWnd()); }
 
 void VantikFrameTab::RepaintAll() {
-    LoadSkinForFirstShowing();
+    ShowForTheFirstTime();
     merged_.RepaintAll();
 }
 
@@ -78,20 +78,23 @@ void VantikFrameTab::UserControl_Resize() { RepaintAll(); }
 
 void VantikFrameTab::UserControl_Paint() noexcept {
     try {
-        if (!skinWasLoaded_ && host_.hWnd() && TabCount() > 0) RepaintAll();
+        if (IsFirstShowing()) RepaintAll();
         merged_.CarryOut();
     } catch (...) {
         // Nobody can be told from inside a paint message; the surface shows what was painted so far.
     }
 }
 
-// A host that creates the control at run time and loads no saved properties never loaded a skin.
-void VantikFrameTab::LoadSkinForFirstShowing() noexcept {
-    if (skinWasLoaded_ || !host_.hWnd() || TabCount() < 1) return;
-    skinWasLoaded_ = true; // once: a failure leaves the control unskinned and alive
+bool VantikFrameTab::IsFirstShowing() { return !wasShown_ && host_.hWnd() && TabCount() > 0; }
+
+// A host that creates the control at run time and loads no saved properties never installed the hook and, unless it
+// assigned SkinFile, never loaded a skin.
+void VantikFrameTab::ShowForTheFirstTime() noexcept {
+    if (!IsFirstShowing()) return;
+    wasShown_ = true; // once: a failure leaves the control unskinned and alive
     try {
         InstallHookAtRunTime();
-        LoadSkin(host_, state_, surfaces_);
+        if (!skinWasLoaded_) LoadSkin(host_, state_, surfaces_);
     } catch (...) {
     }
 }

@@ -112,7 +112,8 @@ private:
     void EndCloseHover();
 
     void MeasureCaptionHeight();
-    void LoadSkinForFirstShowing() noexcept;
+    bool IsFirstShowing();
+    void ShowForTheFirstTime() noexcept;
     void InstallHookAtRunTime();
     ComPtr<IUnknown> KeepAlive() override { return host_.KeepAlive(); }
 
@@ -124,6 +125,7 @@ private:
     RepaintDriver driver_;
     MergedRepaint merged_;
     MessageHook hook_;
+    bool wasShown_ = false; // or came with saved properties
     bool skinWasLoaded_ = false;
     bool wantsHook_ = false;
 };

@@ -217,6 +217,20 @@ TEST_CASE(
     CHECK(f.Host.TakeLog().find("TabDown") != std::string::npos);
 }
 
+TEST_CASE("a control whose first skin came by SkinFile has the hook when it is first shown") {
+    LoadedControl f(true);
+    f.Folder.MakeFolder(u"Skin");
+    f.Folder.Write(u"Skin\\mine.ini", "Start\r\n[Tab]\r\n1: 0,0,0,9\r\nEnd\r\n");
+    f.Control.UserControl_InitProperties();
+    f.Control.SkinFile(u"mine.ini");
+    f.Control.TabCount(2);
+    CHECK(f.Control.State().SkinRects[BRect].Height == 10); // and no other skin was loaded
+    CHECK(f.Folder.Files(u"") == "Skin");
+    f.Host.TakeLog();
+    SendMessageW(f.Host.hWnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
+    CHECK(f.Host.TakeLog().find("TabDown") != std::string::npos);
+}
+
 TEST_CASE("a skin that cannot be had at the first showing leaves the control unskinned and alive") {
     LoadedControl f(true);
     f.Host.Folder = u"Z:\\no\\such\\folder";
