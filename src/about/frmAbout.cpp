@@ -18,7 +18,7 @@ HWND loadedForm = nullptr;
 
 struct Form {
     ComPtr<IPicture> Picture;
-    HWND Owner;
+    HWND Disabled; // the owner, if it takes input again after the card
 };
 
 void Paint(HWND window, const Form& form) {
@@ -35,7 +35,7 @@ void Paint(HWND window, const Form& form) {
 // The owner is enabled before the card goes, or another program's window would come to the front.
 void Unload(HWND window) {
     const auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (form && form->Owner) EnableWindow(form->Owner, TRUE);
+    if (form && form->Disabled) EnableWindow(form->Disabled, TRUE);
     DestroyWindow(window);
 }
 
@@ -58,6 +58,7 @@ LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
         return 0;
     case WM_NCDESTROY:
         if (loadedForm == window) loadedForm = nullptr;
+        PostMessageW(nullptr, WM_NULL, 0, 0); // a loop that waits for input looks whether its card is there
         break;
     }
     return DefWindowProcW(window, message, wParam, lParam);
@@ -111,7 +112,7 @@ void ShowAbout(HWND control) noexcept {
     if (loadedForm) Unload(loadedForm);
     const FormClass formClass;
     const HWND owner = control ? GetAncestor(control, GA_ROOT) : GetActiveWindow();
-    Form form{PictureFrom(ResourceBytes(L"ABOUT", L"CUSTOM")), owner};
+    Form form{PictureFrom(ResourceBytes(L"ABOUT", L"CUSTOM")), IsWindowEnabled(owner) ? owner : nullptr};
     const RECT place = CentredOver(owner);
     const HWND window =
         CreateWindowExW(0, ClassName, Caption, Style, place.left, place.top, place.right - place.left,
@@ -119,7 +120,7 @@ void ShowAbout(HWND control) noexcept {
     if (!window) return;
     loadedForm = window;
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&form));
-    if (owner) EnableWindow(owner, FALSE);
+    if (form.Disabled) EnableWindow(form.Disabled, FALSE);
     ShowWindow(window, SW_SHOW);
     SetFocus(window);
     RunModal(window);

@@ -1,0 +1,154 @@
+// What a form's code may do from inside each of the six events, down to ending the control.
+#include <doctest/doctest.h>
+
+#include "host/ControlOnForm.h"
+#include "host/Input.h"
+
+namespace vantik {
+
+namespace {
+
+using Deed = void (*)(ControlOnForm&);
+
+// Of 40 tabs seven bars of 60 fit. They begin behind the corner, which is 6 wide; the buttons, each 15 wide, begin 8
+// behind the bars and leave a gap of 2 before the menu button.
+constexpr std::int16_t Tabs = 40;
+constexpr LONG Middle = 11;
+constexpr LONG FirstBar = 6, Buttons = FirstBar + 7 * 60 + 8;
+constexpr POINT Previous = {Buttons + 7, Middle}, Next = {Buttons + 22, Middle},
+                Menu = {Buttons + 39, Middle};
+constexpr POINT OnBar(int tab) noexcept { return {FirstBar + tab * 60 + 20, Middle}; }
+constexpr POINT OnCloseButton(int tab) noexcept { return {FirstBar + (tab + 1) * 60 - 12, Middle}; }
+
+void Click(ControlOnForm& test, POINT point) {
+    PressButton(test.Form(), point);
+    ReleaseButton(test.Form(), point);
+}
+
+struct Cause {
+    const char* Name;
+    const wchar_t* Event;
+    Deed Raise;
+};
+
+constexpr Cause Causes[] = {
+    {"the menu button", L"DownBarDown", [](ControlOnForm& t) { Click(t, Menu); }},
+    {"the previous button", L"PreTabDown",
+     [](ControlOnForm& t) {
+         Click(t, Next);
+         Click(t, Previous);
+     }},
+    {"the next button", L"NextTabDown", [](ControlOnForm& t) { Click(t, Next); }},
+    {"a move", L"TabMove", [](ControlOnForm& t) { MovePointer(t.Form(), OnBar(1)); }},
+    {"a press on a bar", L"TabDown", [](ControlOnForm& t) { Click(t, OnBar(2)); }},
+    {"an arrow key", L"TabDown", [](ControlOnForm& t) { PressKey(t.Form(), VK_RIGHT); }},
+    {"the wheel", L"TabDown", [](ControlOnForm& t) { TurnWheel(t.Form(), 1); }},
+    {"a press on a close button", L"TabClose", [](ControlOnForm& t) { Click(t, OnCloseButton(1)); }},
+};
+
+// Does the deed inside the cause's event, once, so that what it sets off itself does not do it for ever.
+void DoInside(ControlOnForm& test, const Cause& cause, Deed deed) {
+    bool done = false;
+    test.DuringEvent = [&](EventCall& event) {
+        if (event.Name() != cause.Event || std::exchange(done, true)) return;
+        deed(test);
+    };
+    cause.Raise(test);
+    CHECK(done);
+    test.DuringEvent = nullptr;
+}
+
+void CheckUsable(ControlOnForm& test) {
+    const int tabs = test.Number(L"TabCount");
+    CHECK(tabs >= 1);
+    Put(test.Control(), L"ActiveTab", std::int16_t{0});
+    CHECK(test.Number(L"ActiveTab") == 0);
+    Call(test.Control(), L"InsertTab", {std::int16_t{0}});
+    CHECK(test.Number(L"TabCount") == tabs + 1);
+    CHECK(test.Number(L"ActiveTab") == 1);
+    test.Events.clear();
+    PressKey(test.Form(), VK_LEFT);
+    REQUIRE(test.Events.size() == 1);
+    CHECK(test.Events.front().starts_with(L"TabDown(")); // which tab depends on how far the row is scrolled
+}
+
+} // namespace
+
+TEST_CASE("From inside each event the form may call back into the control") {
+    constexpr struct {
+        const char* Name;
+        Deed Do;
+    } deeds[] = {
+        {"RemoveTab", [](ControlOnForm& t) { Call(t.Control(), L"RemoveTab", {std::int16_t{0}}); }},
+        {"RemoveTab down to one",
+         [](ControlOnForm& t) {
+             while (t.Number(L"TabCount") > 1) Call(t.Control(), L"RemoveTab", {std::int16_t{1}});
+         }},
+        {"InsertTab", [](ControlOnForm& t) { Call(t.Control(), L"InsertTab", {std::int16_t{0}}); }},
+        {"reading TabCount", [](ControlOnForm& t) { CHECK(t.Number(L"TabCount") == Tabs); }},
+        {"setting TabCount", [](ControlOnForm& t) { Put(t.Control(), L"TabCount", std::int16_t{1}); }},
+        {"SkinFile", [](ControlOnForm& t) { Put(t.Control(), L"SkinFile", L"skin.ini"); }},
+        {"painting", [](ControlOnForm& t) { UpdateWindow(t.Form().ControlWindow()); }},
+    };
+    ControlOnForm test;
+    for (const auto& deed : deeds) {
+        for (const Cause& cause : Causes) {
+            CAPTURE(std::string(deed.Name));
+            CAPTURE(std::string(cause.Name));
+            test.OpenWithTabs(Tabs);
+            DoInside(test, cause, deed.Do);
+            CheckUsable(test);
+        }
+    }
+    test.Form().Close();
+    CHECK(test.Module().CanUnload());
+}
+
+TEST_CASE("From inside each event the form may close and release the control") {
+    ControlOnForm test;
+    for (const Cause& cause : Causes) {
+        CAPTURE(std::string(cause.Name));
+        test.OpenWithTabs(Tabs);
+        const HWND window = test.Form().ControlWindow();
+        DoInside(test, cause, [](ControlOnForm& t) { t.Form().Close(); });
+        CHECK(!IsWindow(window));
+        CHECK(test.Module().CanUnload());
+    }
+}
+
+TEST_CASE("From inside each event the form may destroy the control's window and go on with the control") {
+    ControlOnForm test;
+    for (const Cause& cause : Causes) {
+        CAPTURE(std::string(cause.Name));
+        test.OpenWithTabs(Tabs);
+        DoInside(test, cause, [](ControlOnForm& t) { DestroyWindow(t.Form().ControlWindow()); });
+        CHECK(!test.Form().ControlWindow());
+        Put(test.Control(), L"TabCount", std::int16_t{3});
+        Put(test.Control(), L"ActiveTab", std::int16_t{2});
+        CHECK(test.Number(L"ActiveTab") == 2);
+        test.Form().Close();
+        CHECK(test.Module().CanUnload());
+    }
+}
+
+TEST_CASE("From inside each event the form may destroy its own window and release the control after that") {
+    for (const bool atOnce : {true, false}) {
+        for (const Cause& cause : Causes) {
+            CAPTURE(atOnce);
+            CAPTURE(std::string(cause.Name));
+            ControlOnForm test;
+            test.OpenWithTabs(Tabs);
+            const HWND window = test.Form().ControlWindow();
+            DoInside(test, cause,
+                     atOnce ? [](ControlOnForm& t) {
+                         DestroyWindow(t.Form().Window().Handle());
+                         t.Form().Close();
+                     } : [](ControlOnForm& t) { DestroyWindow(t.Form().Window().Handle()); });
+            CHECK(!IsWindow(window));
+            test.Form().Close();
+            CHECK(test.Module().CanUnload());
+        }
+    }
+}
+
+} // namespace vantik
