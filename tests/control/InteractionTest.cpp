@@ -1,5 +1,7 @@
 #include <doctest/doctest.h>
 
+#include <functional>
+
 #include "tests/RunTimeErrors.h"
 #include "tests/control/DrivenControl.h"
 
@@ -63,6 +65,20 @@ TEST_CASE("moving from one bar to the next raises TabMove once, within the same 
     CHECK(f.Log() == "TabMove 0; TabMove 1");
 }
 
+TEST_CASE("moving from one bar to the next repaints no bar; the next repaint shows the hovered one") {
+    DrivenControl f(3);
+    f.MoveTo(f.Bar(1));
+    f.Control.RedrawBars();
+    f.Control.UserControl_Paint();
+    const Pixels hovered = f.Host.Read();
+    f.MoveTo(f.Bar(2));
+    f.Control.UserControl_Paint();
+    CHECK(Difference(f.Host.Read(), hovered) == "same");
+    f.Control.RedrawBars();
+    f.Control.UserControl_Paint();
+    CHECK(Difference(f.Host.Read(), hovered) != "same");
+}
+
 TEST_CASE("leaving the strip ends hovering without any event") {
     DrivenControl f(3);
     f.MoveTo(f.Bar(1));
@@ -96,6 +112,21 @@ TEST_CASE("a TabClose handler that changes the index removes that tab instead") 
     f.Host.On.TabClose = [](std::int16_t& index) { index = 2; };
     f.Click(f.Close(1));
     CHECK(f.Fixture.Captions() == "Tab0 Tab1");
+}
+
+TEST_CASE("a press on a close button removes the tab whatever the TabClose handler did") {
+    const std::function<void(DrivenControl&)> deeds[] = {
+        [](DrivenControl& f) { f.Control.SetBarEnable(1, False); },
+        [](DrivenControl& f) { f.Control.ActiveTab(2); },
+        [](DrivenControl& f) { f.Control.SetBarCaption(1, u"Keep me", True); },
+        [](DrivenControl& f) { f.Control.Let<std::int16_t>(Property::DelButton, False); },
+    };
+    for (const auto& deed : deeds) {
+        DrivenControl f(3);
+        f.Host.On.TabClose = [&](std::int16_t&) { deed(f); };
+        f.Click(f.Close(1));
+        CHECK(f.Fixture.Captions() == "Tab0 Tab2");
+    }
 }
 
 TEST_CASE("closing the only tab is announced and does nothing") {
@@ -191,14 +222,16 @@ TEST_CASE("the wheel away from the user steps forward, towards the user back, wi
 }
 
 TEST_CASE("the wheel's target is capped at the last visible bar") {
-    DrivenControl f(10);
-    REQUIRE(f.State().Layout.VisibleBarCount == 6);
+    DrivenControl f(10, 320);
     f.Click(f.Buttons().Next);
-    f.Control.ActiveTab(6); // the last one shown
+    f.Click(f.Buttons().Next);
+    REQUIRE(f.State().Layout.FirstVisibleTab == 2);
+    REQUIRE(f.State().Layout.VisibleBarCount == 4);
+    f.Control.ActiveTab(5); // the last one shown
     f.Fixture.AddChild(u"child", 300);
     f.Log();
     f.Wheel(120);
-    CHECK(f.Log() == "TabDown 6 0");
+    CHECK(f.Log() == "TabDown 5 0");
     CHECK(f.Fixture.Lefts() == "300");
 }
 
@@ -228,4 +261,44 @@ TEST_CASE("the callback ignores every other message and never marks one handled"
     CHECK(f.Log() == "TabDown 1 0");
     CHECK(handled == False);
     CHECK(result == 0);
+}
+
+TEST_CASE("enter, hover, press, close, scroll, arrows, wheel and leave raise the events in their order") {
+    DrivenControl f(40);
+    f.MoveTo(f.Bar(0));
+    f.MoveTo(f.Bar(2));
+    f.Click(f.Bar(2));
+    f.Click(f.Bar(2)); // already active
+    f.MoveTo(f.Close(3));
+    f.Click(f.Close(3));
+    f.Click(f.Buttons().Next);
+    f.Click(f.Buttons().Previous);
+    f.Click(f.Buttons().Menu);
+    f.Key(Right);
+    f.Key(Left);
+    f.Wheel(120);
+    f.Wheel(-120);
+    f.Move(200, 200);
+    CHECK(f.Log() ==
+          "TabMove 0; TabMove 2; TabDown 2 1; TabMove 3; TabClose 3; "
+          "PropertyChanged ActiveTab; NextTabDown 1; PreTabDown 0; DownBarDown; "
+          "TabDown 1 0; TabDown 0 0; TabDown 1 0; TabDown 0 0");
+}
+
+TEST_CASE("each event's handler may change its by-reference arguments, and the change is what happens") {
+    DrivenControl f(40);
+    f.Host.On.TabMove = [](std::int16_t& index) { index = 4; };
+    f.Host.On.TabDown = [](std::int16_t& index, std::int16_t& button) { index = ++button; };
+    f.Host.On.NextTabDown = [](std::int16_t& first) { first = 9; };
+    f.Host.On.PreTabDown = [](std::int16_t& first) { first = 3; };
+    f.MoveTo(f.Bar(1));
+    CHECK(f.State().HoverTab == 4);
+    f.Click(f.Bar(1), 4);
+    CHECK(f.Control.ActiveTab() == 5);
+    f.Click(f.Buttons().Next);
+    CHECK(f.State().Layout.FirstVisibleTab == 9);
+    f.Click(f.Buttons().Previous);
+    CHECK(f.State().Layout.FirstVisibleTab == 3);
+    f.Key(Right);
+    CHECK(f.Control.ActiveTab() == 1);
 }

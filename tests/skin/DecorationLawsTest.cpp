@@ -3,6 +3,8 @@
 
 #include <random>
 
+#include "render/BarGeometry.h"
+#include "render/DecorationGeometry.h"
 #include "tests/skin/SkinnedControl.h"
 
 using namespace vantik;
@@ -24,20 +26,37 @@ private:
     std::mt19937 random_;
 };
 
+// A picture behind the control, aligned with a container that the control stands somewhere in.
+void PutPictureBehind(SkinnedControl& control, Dice& dice) {
+    control.Surfaces.Picture = PictureOf(Patterned(dice.From(1, 300), dice.From(1, 200), dice.Seed()));
+    control.Host.LeftTwips = FakeUserControl::TwipsPerPixel * dice.From(-20, 60);
+    control.Host.TopTwips = FakeUserControl::TwipsPerPixel * dice.From(-20, 60);
+}
+
+std::int16_t Seldom(Dice& dice, int low, int high) {
+    return dice.Once(3) ? dice.From(low, high) : std::int16_t{0};
+}
+
 void Shuffle(SkinnedControl& control, Dice& dice) {
     PropertyValues& p = control.State.Properties;
     p.TabPos = dice.From(WindowLeft, WindowBottom);
     p.TabBarPos = dice.From(TabLeft, TabCustom);
     p.BarWidth = dice.From(14, 70);
-    p.TabToTab = dice.Once(3) ? dice.From(-2, 6) : std::int16_t{0};
+    p.TabToTab = Seldom(dice, -2, 6);
     p.TabBorder = dice.Once(2) ? True : False;
     p.FrameDist = dice.From(0, 4);
     p.DelButton = dice.Once(4) ? False : True;
-    p.IcoXjust = dice.Once(3) ? dice.From(-9, 9) : std::int16_t{0};
-    p.IcoYjust = dice.Once(3) ? dice.From(-9, 9) : std::int16_t{0};
-    p.NavBtnXjust = dice.Once(3) ? dice.From(-12, 9) : std::int16_t{0};
-    p.NavBtnYjust = dice.Once(3) ? dice.From(-12, 9) : std::int16_t{0};
-    control.State.Layout.FirstVisibleTab = dice.From(0, 3);
+    p.TabBarPosXJust = Seldom(dice, -9, 9);
+    p.TabBarPosYJust = Seldom(dice, -9, 9);
+    p.IcoXjust = Seldom(dice, -9, 9);
+    p.IcoYjust = Seldom(dice, -9, 9);
+    p.DelBtnXJust = Seldom(dice, -9, 9);
+    p.DelBtnYJust = Seldom(dice, -9, 9);
+    p.NavBtnXjust = Seldom(dice, -12, 9);
+    p.NavBtnYjust = Seldom(dice, -12, 9);
+    control.State.Layout.FirstVisibleTab = dice.From(0, 8);
+    control.Surfaces.Picture = nullptr;
+    if (dice.Once(3)) PutPictureBehind(control, dice);
 }
 
 void ShuffleLooks(SkinnedControl& control, Dice& dice) {
@@ -51,28 +70,119 @@ void ShuffleLooks(SkinnedControl& control, Dice& dice) {
     }
 }
 
+// A control with the icons that the looks name; its skin's pieces are of unequal heights.
+struct ChanceControl : SkinnedControl {
+    explicit ChanceControl(Dice& dice) : SkinnedControl(dice.Seed()) {
+        AddButtons();
+        AddIcon(u"SUN", RandomIcon(16, 16, dice.Seed()));
+        AddIcon(u"TALL", RandomIcon(6, 20, dice.Seed()));
+    }
+};
+
+// Hands a painted control in one random state after the other to the law: a few skins, each in many states.
+template <class Law>
+void ForRandomStates(Law law) {
+    constexpr int Skins = 100, StatesOfEach = 20;
+    std::random_device device;
+    for (int skin = 0; skin < Skins; ++skin) {
+        const std::uint32_t seed = device();
+        CAPTURE(seed);
+        Dice dice(seed);
+        ChanceControl control(dice);
+        for (int state = 0; state < StatesOfEach; ++state) {
+            CAPTURE(state);
+            control.SetTabCount(dice.From(0, 12));
+            Shuffle(control, dice);
+            ShuffleLooks(control, dice);
+            control.RepaintAll();
+            law(control, dice);
+        }
+    }
+}
+
+// How many pixels changed where no point hits.
+template <class Hits>
+int ChangedOutside(const Pixels& before, const Pixels& after, Hits hits) {
+    int outside = 0;
+    for (std::int32_t y = 0; y < after.Height; ++y)
+        for (std::int32_t x = 0; x < after.Width; ++x)
+            if (after.At(x, y) != before.At(x, y) && !hits(static_cast<float>(x), static_cast<float>(y)))
+                ++outside;
+    return outside;
+}
+
 } // namespace
 
 TEST_CASE("full = partial = twice = plain loops, over random states with decorations") {
-    for (std::uint32_t seed = 1; seed <= 300; ++seed) {
-        CAPTURE(seed);
-        Dice dice(seed);
-        SkinnedControl control(dice.Seed());
-        control.AddButtons();
-        control.AddIcon(u"SUN", RandomIcon(16, 16, 31));
-        control.AddIcon(u"TALL", RandomIcon(6, 20, 32));
-        control.SetTabCount(dice.From(1, 9));
-        Shuffle(control, dice);
-        for (int round = 0; round < 3; ++round) {
-            ShuffleLooks(control, dice);
-            control.RepaintAll();
-            const Pixels all = control.Shown();
-            REQUIRE(Difference(all, control.Expected()) == "same");
-            control.RepaintAll();
-            REQUIRE(Difference(control.Shown(), all) == "same");
-            ShuffleLooks(control, dice);
-            control.RedrawBars();
-            REQUIRE(Difference(control.Shown(), control.Expected()) == "same");
-        }
-    }
+    ForRandomStates([](SkinnedControl& control, Dice& dice) {
+        const Pixels all = control.Shown();
+        REQUIRE(Difference(all, control.Expected()) == "same");
+        control.RepaintAll();
+        REQUIRE(Difference(control.Shown(), all) == "same");
+        ShuffleLooks(control, dice);
+        control.RedrawBars();
+        const Pixels bars = control.Shown();
+        REQUIRE(Difference(bars, control.Expected()) == "same");
+        control.RedrawBars();
+        REQUIRE(Difference(control.Shown(), bars) == "same");
+    });
+}
+
+TEST_CASE(
+    "after a change of one tab's icon, redrawing its bar equals a full repaint and hits that bar only") {
+    ForRandomStates([](SkinnedControl& control, Dice& dice) {
+        const LayoutCache& layout = control.State.Layout;
+        if (layout.VisibleBarCount < 1) return;
+        const std::int16_t slot = dice.From(0, layout.VisibleBarCount - 1);
+        const auto tab = static_cast<std::int16_t>(layout.FirstVisibleTab + slot);
+        const Pixels before = control.Shown();
+        TabRecord& record = control.State.Tabs(tab);
+        record.Ico = dice.Once(2) ? u"SUN" : u"TALL";
+        record.Enable = dice.Once(2) ? False : True;
+        control.Driver.RedrawBar(tab, control.State.StateOf(tab));
+        const Pixels after = control.Shown();
+        const LayoutRect strip = layout.BarStripRect;
+        const auto hits = [&](float x, float y) {
+            return PointInRect(x, y, strip) &&
+                   BarSlotAt(x - float(strip.Left), y - float(strip.Top), control.State) == slot;
+        };
+        REQUIRE(ChangedOutside(before, after, hits) == 0);
+        control.RepaintAll();
+        REQUIRE(Difference(after, control.Shown()) == "same");
+    });
+}
+
+TEST_CASE("every painted pixel of a button hits that button, and releasing it leaves no trace") {
+    ForRandomStates([](SkinnedControl& control, Dice&) {
+        const Pixels released = control.Shown();
+        const ButtonRects rects = NavButtonRects(control.State);
+        const auto press = [&](auto draw, const LayoutRect& rect) {
+            (control.Decorations.*draw)(rect.Left, rect.Top, True);
+            const auto hits = [&](float x, float y) { return PointInRect(x, y, rect); };
+            REQUIRE(ChangedOutside(released, control.Shown(), hits) == 0);
+            control.Decorations.DrawNavButtons();
+            REQUIRE(Difference(control.Shown(), released) == "same");
+        };
+        press(&Decorations::DrawPrevButton, rects.Previous);
+        press(&Decorations::DrawNextButton, rects.Next);
+        press(&Decorations::DrawMenuButton, rects.Menu);
+    });
+}
+
+TEST_CASE("every pixel that a hovered close button lights up hits it, and leaving it leaves no trace") {
+    ForRandomStates([](SkinnedControl& control, Dice& dice) {
+        const LayoutCache& layout = control.State.Layout;
+        if (layout.VisibleBarCount < 1) return;
+        const std::int16_t slot = dice.From(0, layout.VisibleBarCount - 1);
+        const auto tab = static_cast<std::int16_t>(layout.FirstVisibleTab + slot);
+        const Pixels plain = control.Shown();
+        const LayoutRect button = CloseButtonRect(control.State, slot);
+        std::uint8_t look = 1, flag = 3;
+        control.Decorations.RedrawCloseButton(tab, look, flag);
+        const auto hits = [&](float x, float y) { return PointInRect(x, y, button); };
+        REQUIRE(ChangedOutside(plain, control.Shown(), hits) == 0);
+        look = flag = 0;
+        control.Decorations.RedrawCloseButton(tab, look, flag);
+        REQUIRE(Difference(control.Shown(), plain) == "same");
+    });
 }
