@@ -87,7 +87,10 @@ std::optional<LRESULT> DemoForm::OnMessage(UINT message, WPARAM wParam, LPARAM l
     case WM_GETMINMAXINFO:
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {LeastSize.cx, LeastSize.cy};
         return 0;
-    case ArrangeMessage: Arrange(); return 0;
+    case ArrangeMessage:
+        Arrange();
+        ShowOptions(); // another tab may be the third one now
+        return 0;
     case WM_ERASEBKGND:
         if (!pages_) return std::nullopt;
         pages_->Fill(form_->Window().Handle(), reinterpret_cast<HDC>(wParam));

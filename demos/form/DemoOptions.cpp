@@ -107,15 +107,17 @@ void DemoForm::ShowIcons(bool show) {
             Call(Control(), L"SetBarIco", {tab, show ? Icons[tab % 2] : L"-1"});
         }
     });
-    Set(L"IcoXjust", IconShift);
     ArrangeCaptions();
 }
 
-// Captions stand in the middle of their bars, or, where there are icons, a little away from them.
+// Icons stand a little behind the leading edge of their bars; captions in the middle, or, where there are icons, a
+// little away from them.
 void DemoForm::ArrangeCaptions() {
     const int side = Number(L"TabPos");
     const bool lying = side == TopSide || side == BottomSide;
     const std::int16_t shift = icons_ ? CaptionShift : 0;
+    Set(L"IcoXjust", lying ? IconShift : std::int16_t{0});
+    Set(L"IcoYjust", lying ? std::int16_t{0} : IconShift);
     Set(L"CaptionXjust", lying ? shift : std::int16_t{0});
     Set(L"CaptionYjust", lying ? CaptionDrop : shift);
 }
