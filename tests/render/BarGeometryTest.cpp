@@ -69,6 +69,7 @@ TEST_CASE("without TabBorder only the row's ends carry end pieces and separators
 TEST_CASE("a bar in state 2 (active) uses FillPic2, LeftPic2, RightPic2 and Line2") {
     ControlState c = Row();
     CHECK(Pieces(c, 1, BarActive) == "4f: 6,0 32x20; 7: 0,0 6x18; 13: 38,0 2x18; ");
+    CHECK(Pieces(c, 2, BarActive) == "4f: 0,0 38x20; 13: 38,0 2x18; ");
     CHECK(Pieces(c, 3, BarActive) == "4f: 0,0 31x20; 10: 31,0 9x16; ");
 }
 
