@@ -1,7 +1,5 @@
 #include "control/MessageHook.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 
 namespace vantik {
@@ -73,16 +71,84 @@ bool MessageList::Contains(std::int32_t message) const noexcept {
     return all_ || std::ranges::find(messages_, message) != messages_.end();
 }
 
+// Lists for one window, and the procedure that the hook stands in front of.
+struct MessageHook::Entry {
+    MessageHook* Owner; // null: the messages only pass through
+    HWND Window;
+    bool IsUnicode;
+    WNDPROC Previous;
+    MessageList Before, After;
+
+    LRESULT PassOn(UINT message, WPARAM wParam, LPARAM lParam) const noexcept {
+        const auto call = IsUnicode ? CallWindowProcW : CallWindowProcA;
+        return call(Previous, Window, message, wParam, lParam);
+    }
+    WNDPROC Exchange(WNDPROC procedure) const noexcept {
+        const auto set = IsUnicode ? SetWindowLongPtrW : SetWindowLongPtrA;
+        return reinterpret_cast<WNDPROC>(set(Window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
+    }
+    bool StandsInFront() const noexcept {
+        const auto get = IsUnicode ? GetWindowLongPtrW : GetWindowLongPtrA;
+        return get(Window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(Procedure);
+    }
+};
+
+// Each window belongs to one thread, the map to all of them.
+class MessageHook::HookedWindows {
+public:
+    std::shared_ptr<Entry> Find(HWND window) const noexcept {
+        const Lock lock(lock_);
+        const auto found = entries_.find(window);
+        return found == entries_.end() ? nullptr : found->second;
+    }
+    void Add(const std::shared_ptr<Entry>& entry) {
+        const Lock lock(lock_);
+        entries_[entry->Window] = entry;
+    }
+    void Remove(HWND window) noexcept {
+        const Lock lock(lock_);
+        entries_.erase(window);
+    }
+
+private:
+    class Lock {
+    public:
+        explicit Lock(SRWLOCK& lock) noexcept : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
+        ~Lock() { ReleaseSRWLockExclusive(&lock_); }
+        Lock(const Lock&) = delete;
+        Lock& operator=(const Lock&) = delete;
+
+    private:
+        SRWLOCK& lock_;
+    };
+
+    mutable SRWLOCK lock_ = SRWLOCK_INIT;
+    std::map<HWND, std::shared_ptr<Entry>> entries_;
+};
+
+MessageHook::HookedWindows& MessageHook::AllHooked() noexcept {
+    static HookedWindows windows;
+    return windows;
+}
+
 std::shared_ptr<MessageHook::Entry> MessageHook::Find(HWND window) const noexcept {
-    const auto found = std::ranges::find(entries_, window, [](const auto& entry) { return entry->Window; });
-    return found == entries_.end() ? nullptr : *found;
+    const auto found = entries_.find(window);
+    return found == entries_.end() ? nullptr : found->second;
 }
 
 void MessageHook::SubclassStart(HWND window) {
-    if (Find(window)) return;
-    entries_.push_back(std::make_shared<Entry>(Entry{this, window, {}, {}}));
-    const auto data = reinterpret_cast<DWORD_PTR>(entries_.back().get());
-    if (!SetWindowSubclass(window, Procedure, reinterpret_cast<UINT_PTR>(this), data)) entries_.pop_back();
+    if (const auto known = AllHooked().Find(window)) {
+        if (known->Owner) return;
+        entries_[window] = known; // somebody hooked the window later, and so it could not be unhooked
+        known->Owner = this;
+        return;
+    }
+    const auto entry =
+        std::make_shared<Entry>(Entry{this, window, IsWindowUnicode(window) != FALSE, {}, {}, {}});
+    entries_[window] = entry;
+    AllHooked().Add(entry);
+    entry->Previous = entry->Exchange(Procedure);
+    if (!entry->Previous) SubclassStop(window);
 }
 
 void MessageHook::SubclassAddMsg(HWND window, std::int32_t message, HookTime when) {
@@ -99,31 +165,50 @@ void MessageHook::SubclassDelMsg(HWND window, std::int32_t message, HookTime whe
     if (Includes(when, HookTime::Before)) entry->Before.Remove(message);
 }
 
+// Where somebody else stands in front of the hook by now, it must stay in its place, and lets everything through.
 void MessageHook::SubclassStop(HWND window) noexcept {
-    if (const auto entry = Find(window)) entry->Owner = nullptr; // a message under way stops delivering
-    RemoveWindowSubclass(window, Procedure, reinterpret_cast<UINT_PTR>(this));
-    std::erase_if(entries_, [window](const auto& entry) { return entry->Window == window; });
+    const auto entry = Find(window);
+    if (!entry) return;
+    entries_.erase(window);
+    entry->Owner = nullptr; // a message under way stops delivering
+    entry->Before = entry->After = {};
+    if (entry->Previous && !entry->StandsInFront()) return;
+    if (entry->Previous) entry->Exchange(entry->Previous);
+    AllHooked().Remove(window);
 }
 
 void MessageHook::StopAll() noexcept {
-    while (!entries_.empty()) SubclassStop(entries_.back()->Window);
+    while (!entries_.empty()) SubclassStop(entries_.begin()->first);
 }
 
-LRESULT CALLBACK MessageHook::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                        UINT_PTR /*id*/, DWORD_PTR data) {
-    MessageHook* hook = reinterpret_cast<Entry*>(data)->Owner;
-    const ComPtr<IUnknown> alive = hook->callback_.KeepAlive();
-    const std::shared_ptr<Entry> entry = hook->Find(window); // outlives an unhooking from inside the message
+LRESULT CALLBACK MessageHook::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    const std::shared_ptr<Entry> entry = AllHooked().Find(window); // outlives an unhooking inside the message
+    if (!entry) return DefWindowProcW(window, message, wParam, lParam);
     const auto number = static_cast<std::int32_t>(message);
+    LRESULT answer = 0;
+    if (entry->Before.Contains(number) || entry->After.Contains(number))
+        answer = Deliver(*entry, message, wParam, lParam);
+    else
+        answer = entry->PassOn(message, wParam, lParam);
+    if (message == WM_NCDESTROY) Forget(*entry);
+    return answer;
+}
 
-    Delivery delivery(hook->callback_, window, message, wParam, lParam);
-    if (entry->Before.Contains(number)) delivery.Call(True);
+LRESULT MessageHook::Deliver(Entry& entry, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    const auto number = static_cast<std::int32_t>(message);
+    const ComPtr<IUnknown> alive = entry.Owner->callback_.KeepAlive();
+    Delivery delivery(entry.Owner->callback_, entry.Window, message, wParam, lParam);
+    if (entry.Before.Contains(number)) delivery.Call(True);
     if (!delivery.Handled()) {
-        delivery.Answer(DefSubclassProc(window, message, wParam, lParam));
-        if (entry->Owner && entry->After.Contains(number)) delivery.Call(False);
+        delivery.Answer(entry.PassOn(message, wParam, lParam));
+        if (entry.Owner && entry.After.Contains(number)) delivery.Call(False);
     }
-    if (entry->Owner && message == WM_NCDESTROY) entry->Owner->SubclassStop(window);
     return delivery.Answer();
+}
+
+void MessageHook::Forget(const Entry& entry) noexcept {
+    if (entry.Owner) entry.Owner->entries_.erase(entry.Window);
+    AllHooked().Remove(entry.Window);
 }
 
 } // namespace vantik

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -44,8 +45,11 @@ private:
     std::vector<std::int32_t> messages_;
 };
 
-// Any number of windows, each with lists of its own. A window that is destroyed leaves by itself; what is still hooked
-// when this object ends is let go, so that no message reaches a callback that is gone.
+// Any number of windows, each with lists of its own and hooked by one object at a time. A window that is destroyed leaves
+// by itself; what is still hooked when this object ends is let go, so that no message reaches a callback that is gone.
+//
+// One procedure stands in the place of every hooked window's own and finds the window in a map of the process. Window
+// properties, on which the system's own way of hooking rests, would cost a pointer move more than all the rest of it.
 class MessageHook {
 public:
     explicit MessageHook(MessageCallback& callback) : callback_(callback) {}
@@ -62,19 +66,17 @@ public:
     bool IsHooked(HWND window) const noexcept { return Find(window) != nullptr; }
 
 private:
-    struct Entry {
-        MessageHook* Owner;
-        HWND Window;
-        MessageList Before;
-        MessageList After;
-    };
+    struct Entry;
+    class HookedWindows;
 
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                      DWORD_PTR data);
+    static HookedWindows& AllHooked() noexcept;
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    static LRESULT Deliver(Entry& entry, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    static void Forget(const Entry& entry) noexcept;
     std::shared_ptr<Entry> Find(HWND window) const noexcept;
 
     MessageCallback& callback_;
-    std::vector<std::shared_ptr<Entry>> entries_;
+    std::map<HWND, std::shared_ptr<Entry>> entries_;
 };
 
 } // namespace vantik

@@ -186,3 +186,59 @@ TEST_CASE("each window has lists of its own") {
     CHECK(h.window.log == "window 1;before 1;");
     CHECK(other.log == "window 1;");
 }
+
+TEST_CASE("a window has one hook at a time and can be hooked anew afterwards") {
+    Hooked h;
+    Recorder other(h.window.log);
+    MessageHook second(other);
+    second.SubclassStart(h.window.handle);
+    CHECK_FALSE(second.IsHooked(h.window.handle));
+    h.hook.StopAll();
+    second.SubclassStart(h.window.handle);
+    CHECK(second.IsHooked(h.window.handle));
+    second.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Before);
+    h.Send(1);
+    CHECK(h.window.log == "before 1;window 1;");
+}
+
+namespace {
+
+WNDPROC procedureBehind;
+
+LRESULT CALLBACK StandInFront(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CallWindowProcW(procedureBehind, window, message, wParam, lParam);
+}
+
+} // namespace
+
+TEST_CASE(
+    "a hook that somebody stands in front of lets messages through after its end, and can begin again") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, -1, HookTime::Both);
+    procedureBehind = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(h.window.handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(StandInFront)));
+    h.hook.SubclassStop(h.window.handle);
+    CHECK_FALSE(h.hook.IsHooked(h.window.handle));
+    CHECK(h.Send(1) == 70);
+    CHECK(h.window.log == "window 1;");
+    h.hook.SubclassStart(h.window.handle);
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 2, HookTime::After);
+    h.Send(2);
+    CHECK(h.window.log == "window 1;window 2;after 2;");
+}
+
+TEST_CASE("hooking leaves a window its kind of text") {
+    const HWND ansi = CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    REQUIRE_FALSE(IsWindowUnicode(ansi));
+    std::string log;
+    Recorder recorder(log);
+    MessageHook hook(recorder);
+    hook.SubclassStart(ansi);
+    CHECK_FALSE(IsWindowUnicode(ansi));
+    SetWindowTextA(ansi, "text");
+    char text[8] = {};
+    GetWindowTextA(ansi, text, sizeof text);
+    CHECK(text == std::string("text"));
+    DestroyWindow(ansi);
+    CHECK_FALSE(hook.IsHooked(ansi));
+}
