@@ -101,7 +101,7 @@ void VantikFrameTab::UserControl_MouseMove(std::int16_t /*button*/, std::int16_t
     const auto py = float(TwipsToPixels(y, host_.TwipsPerPixelY()));
     const LayoutRect& strip = state_.Layout.BarStripRect;
     if (!PointInRect(px, py, strip)) {
-        ReleaseCapture();
+        host_.ReleaseCapture();
         return EndHover();
     }
 

@@ -25,6 +25,7 @@ public:
     void AskForSize(SIZE pixels);
 
     HWND Window() const noexcept { return window_.Handle(); }
+    void ReleaseCapture() noexcept { messages_.ReleaseCapture(); }
     POINT Position() const noexcept; // pixels, in the host's window
     ComPtr<IOleInPlaceFrame> Frame() const noexcept { return frame_; }
 

@@ -22,6 +22,7 @@ std::u16string HostTitle() {
 HDC ControlHost::hDC() { return control_.Surface.DC(); }
 void ControlHost::Cls() { control_.Surface.Clear(); }
 HWND ControlHost::hWnd() { return control_.Activation.Window(); }
+void ControlHost::ReleaseCapture() { control_.Activation.ReleaseCapture(); }
 
 void ControlHost::Refresh() {
     if (const HWND window = hWnd()) {

@@ -15,6 +15,7 @@ public:
     void Cls() override;
     void Refresh() override;
     HWND hWnd() override;
+    void ReleaseCapture() override;
 
     double Left() override;
     double Top() override;

@@ -15,6 +15,8 @@ public:
     // Whether the key means something to the control. An error ends it silently.
     bool KeyDown(WPARAM key) noexcept;
 
+    void ReleaseCapture() noexcept { pointer_.ReleaseCapture(); }
+
 private:
     void Paint(HWND window);
     void Print(HDC target);

@@ -28,6 +28,13 @@ std::int16_t HeldButtons(WPARAM keys) noexcept {
                                      bit(MK_MBUTTON, MiddleButton));
 }
 
+// As the message of a move tells it. Of Alt it says nothing, and asking the system at every move would cost more than all
+// the rest of one that changes nothing.
+std::int16_t HeldKeys(WPARAM keys) noexcept {
+    const auto bit = [keys](WPARAM key, int value) { return keys & key ? value : 0; };
+    return static_cast<std::int16_t>(bit(MK_SHIFT, ShiftKey) | bit(MK_CONTROL, CtrlKey));
+}
+
 } // namespace
 
 bool PointerInput::Handle(const Message& message) {
@@ -40,12 +47,13 @@ bool PointerInput::Handle(const Message& message) {
     case WM_RBUTTONUP: Up(message, RightButton); return true;
     case WM_MBUTTONUP: Up(message, MiddleButton); return true;
     case WM_CAPTURECHANGED:
-        if (reinterpret_cast<HWND>(message.LParam) != message.Window) HoverLost();
+        if (reinterpret_cast<HWND>(message.LParam) != message.Window) CaptureLost();
         return true;
     case WM_SHOWWINDOW:
     case WM_ENABLE:
         if (!message.WParam) HoverLost();
         return true;
+    case WM_NCDESTROY: captured_ = false; return false;
     default: return false;
     }
 }
@@ -66,6 +74,11 @@ void PointerInput::Settle() {
     if (std::exchange(lost_, false)) HoverLost();
 }
 
+void PointerInput::CaptureLost() {
+    captured_ = false;
+    HoverLost();
+}
+
 void PointerInput::HoverLost() {
     if (busy_) {
         lost_ = true;
@@ -80,7 +93,7 @@ void PointerInput::Down(const Message& message, std::int16_t button) {
     if (!TakesInput(control_)) return;
     control_.Activation.UIActivate();
     if (!control_.Activation.Window()) return;
-    if (GetCapture() != message.Window) SetCapture(message.Window);
+    Capture(message.Window);
     pressed_ = true;
     lost_ = false;
     const auto [x, y] = PositionOf(message, control_.Size.Screen());
@@ -93,7 +106,16 @@ void PointerInput::Up(const Message& message, std::int16_t button) {
     Guard([&] { control_.Engine.UserControl_MouseUp(button, ShiftState(), x, y); });
     pressed_ = false;
     const bool hovers = control_.Engine.State().HoverTab != -1;
-    if (!HeldButtons(message.WParam) && !hovers && GetCapture() == message.Window) ReleaseCapture();
+    if (!HeldButtons(message.WParam) && !hovers) ReleaseCapture();
+}
+
+void PointerInput::Capture(HWND window) noexcept {
+    if (GetCapture() != window) SetCapture(window);
+    captured_ = true;
+}
+
+void PointerInput::ReleaseCapture() noexcept {
+    if (std::exchange(captured_, false)) ::ReleaseCapture();
 }
 
 // Over the strip the pointer is captured, so that its leaving is noticed; elsewhere only while a button is held.
@@ -102,14 +124,13 @@ void PointerInput::Move(const Message& message) {
     const auto [x, y] = PositionOf(message, control_.Size.Screen());
     const std::int16_t held = HeldButtons(message.WParam);
     Guard([&] {
-        control_.Engine.UserControl_MouseMove(held, ShiftState(), x, y);
+        control_.Engine.UserControl_MouseMove(held, HeldKeys(message.WParam), x, y);
         // Off the strip the engine itself lets the pointer go: the button, if one is held, stays pressed.
         if (control_.Engine.State().HoverTab == -1) lost_ = false;
     });
     const HWND window = control_.Activation.Window();
-    if (!window || GetCapture()) return;
-    const bool hovers = control_.Engine.State().HoverTab != -1;
-    if (held ? pressed_ : hovers) SetCapture(window);
+    const bool wanted = held ? pressed_ : control_.Engine.State().HoverTab != -1;
+    if (window && wanted && !captured_ && !GetCapture()) Capture(window);
 }
 
 } // namespace vantik

@@ -13,19 +13,25 @@ public:
     // menus and the wheel's way upwards of it.
     bool Handle(const Message& message);
 
+    // Does nothing while another window has the pointer, or nobody.
+    void ReleaseCapture() noexcept;
+
 private:
     void Down(const Message& message, std::int16_t button);
     void Up(const Message& message, std::int16_t button);
     void Move(const Message& message);
+    void Capture(HWND window) noexcept;
+    void CaptureLost();
     void HoverLost();
     template <class Body>
     void Guard(Body body);
     void Settle();
 
     Control& control_;
-    int busy_ = 0;         // calls into the engine that are under way
-    bool lost_ = false;    // the hover ended while one was
-    bool pressed_ = false; // a button went down here and is not known to be up again
+    int busy_ = 0;          // calls into the engine that are under way
+    bool lost_ = false;     // the hover ended while one was
+    bool captured_ = false; // kept, because asking the system at every move is slow
+    bool pressed_ = false;  // a button went down here and is not known to be up again
 };
 
 } // namespace vantik

@@ -49,6 +49,9 @@ public:
 
     virtual HWND hWnd() = 0; // null while there is no window
 
+    // Lets the pointer go where the window has captured it.
+    virtual void ReleaseCapture() {}
+
     // Position in the container and size, in twips, and the screen's conversion factors.
     virtual double Left() = 0;
     virtual double Top() = 0;

@@ -64,6 +64,22 @@ TEST_CASE("Losing the pointer, being hidden and being disabled end the hovering 
     }
 }
 
+TEST_CASE("A window that is made anew takes the pointer as the first one did") {
+    ControlOnForm test;
+    Open(test);
+    MovePointer(test.Form(), OnBar(1));
+    REQUIRE(GetCapture() == test.Form().ControlWindow());
+    const auto object = QueryFor<IOleObject>(test.Form().ControlObject());
+    QueryFor<IOleInPlaceObject>(object.Get())->InPlaceDeactivate();
+    CHECK(GetCapture() == nullptr);
+    ComPtr<IOleClientSite> site;
+    object->GetClientSite(site.Put());
+    object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site.Get(), 0, nullptr, nullptr);
+    REQUIRE(test.Form().ControlWindow() != nullptr);
+    MovePointer(test.Form(), OnBar(2));
+    CHECK(GetCapture() == test.Form().ControlWindow());
+}
+
 TEST_CASE("A press gives the control the focus") {
     ControlOnForm test;
     Open(test);
