@@ -23,6 +23,13 @@ void Move(ChildControl& child, double delta) { child.Left(child.Left() + delta);
 
 } // namespace
 
+std::vector<std::unique_ptr<ChildControl>> ChildVisibility::Children() {
+    if (knowledge_ == Knowledge::NoChildren) return {};
+    auto children = host_.ChildControls();
+    if (children.empty() && knowledge_ == Knowledge::NotLookedYet) knowledge_ = Knowledge::NoChildren;
+    return children;
+}
+
 // A child at exactly 0 counts for tab 1: the rule asks for positions greater than 0.
 std::int32_t ChildVisibility::TabOf(double left) const {
     const std::int32_t offset = state_.Properties.TabOffSet;
@@ -36,7 +43,7 @@ void ChildVisibility::ShowTabControls(std::int16_t newIndex) {
     if (!state_.Tabs(newIndex).Enable) return;
     const PropertyValues& properties = state_.Properties;
     const std::int32_t delta = Checked(properties.TabOffSet) * Subtract16(newIndex, properties.ActiveTab);
-    auto children = host_.ChildControls();
+    auto children = Children();
     for (const auto& child : children) Move(*child, delta);
     const auto fixed = TrimSpaces(properties.FixOcxList);
     if (!fixed.empty()) fixedControlNames_ = SplitAtCommas(fixed);
@@ -55,13 +62,13 @@ void ChildVisibility::MoveFixedBack(std::int32_t delta,
 }
 
 void ChildVisibility::MakeRoomAfter(std::int16_t index) {
-    for (const auto& child : host_.ChildControls())
+    for (const auto& child : Children())
         if (TabOf(child->Left()) > index) Move(*child, -double(state_.Properties.TabOffSet));
 }
 
 void ChildVisibility::CloseGapOf(std::int16_t index) {
     const Checked offset = state_.Properties.TabOffSet;
-    for (const auto& child : host_.ChildControls()) {
+    for (const auto& child : Children()) {
         const std::int32_t tab = TabOf(child->Left());
         // The removed tab's children are parked beyond the positions of all tabs.
         if (tab == index)
@@ -72,7 +79,7 @@ void ChildVisibility::CloseGapOf(std::int16_t index) {
 }
 
 void ChildVisibility::SetShownVisible(Boolean visible) {
-    for (const auto& child : host_.ChildControls())
+    for (const auto& child : Children())
         if (child->Left() > 0) child->Visible(visible);
 }
 

@@ -5,7 +5,9 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/ControlState.h"
@@ -14,8 +16,25 @@
 namespace vantik {
 
 class ChildVisibility {
+    enum class Knowledge : std::uint8_t { LookEachTime, NotLookedYet, NoChildren };
+
 public:
     ChildVisibility(UserControl& host, const ControlState& state) : host_(host), state_(state) {}
+
+    // While this lives, no children found means that there are none: an operation that moves them several times does
+    // not look for them again where there is nothing to move.
+    class [[nodiscard]] OneOperation {
+    public:
+        explicit OneOperation(ChildVisibility& children) noexcept
+            : children_(children), outer_(std::exchange(children.knowledge_, Knowledge::NotLookedYet)) {}
+        ~OneOperation() { children_.knowledge_ = outer_; }
+        OneOperation(const OneOperation&) = delete;
+        OneOperation& operator=(const OneOperation&) = delete;
+
+    private:
+        ChildVisibility& children_;
+        Knowledge outer_;
+    };
 
     // Moves every child for a switch from ActiveTab to the index, and those named in FixOcxList back again. Does
     // nothing for a tab that is not enabled; does not change ActiveTab. SubscriptOutOfRange outside the tab list.
@@ -29,6 +48,7 @@ public:
     void SetShownVisible(Boolean visible);
 
 private:
+    std::vector<std::unique_ptr<ChildControl>> Children();
     std::int32_t TabOf(double left) const;
     void MoveFixedBack(std::int32_t delta, std::vector<std::unique_ptr<ChildControl>>& children);
 
@@ -36,6 +56,7 @@ private:
     const ControlState& state_;
     // Split from FixOcxList on a switch and only when that is not blank, so names survive the list's being emptied.
     std::vector<std::u16string> fixedControlNames_ = {u""};
+    Knowledge knowledge_ = Knowledge::LookEachTime;
 };
 
 } // namespace vantik

@@ -55,9 +55,13 @@ void VantikFrameTab::InsertTab(std::int16_t afterIndex, std::u16string& caption)
     if (TrimSpaces(caption).empty()) caption = NextDefaultCaption();
 
     PaintingFreeze freeze(host_.hWnd());
+    const ChildVisibility::OneOperation once(children_);
     ActiveTab(0); // the rule that tells a child's tab holds while tab 0 is active
     children_.MakeRoomAfter(afterIndex);
-    state_.Tabs.ShiftUp(newIndex, TabCount()); // the spare record becomes the last tab's
+    if (newIndex <= TabCount()) { // as always, unless moving children ran host code that removed tabs
+        state_.Tabs.Move(TabCount(), newIndex); // the spare record becomes the last tab's
+        state_.Tabs(newIndex) = state_.Tabs(afterIndex);
+    }
     state_.Properties.TabCount = Add16(TabCount(), 1);
     state_.Tabs.Resize(TabCount()); // one spare record past the last tab, as always
     state_.Tabs(newIndex) = {.Caption = caption, .Ico = NoSuchTab, .Enable = True};
@@ -69,12 +73,14 @@ void VantikFrameTab::InsertTab(std::int16_t afterIndex, std::u16string& caption)
 void VantikFrameTab::RemoveTab(std::int16_t index) {
     if (TabCount() < 2 || !state_.HasTab(index)) return;
     PaintingFreeze freeze(host_.hWnd());
+    const ChildVisibility::OneOperation once(children_);
     ActiveTab(0);
     children_.CloseGapOf(index);
     if (TabCount() < 2) return; // moving children runs host code, which may have removed tabs itself
     const std::int16_t last = Subtract16(TabCount(), 1);
-    for (std::int16_t i = index; i < last; ++i) state_.Tabs(i) = std::move(state_.Tabs(i + 1));
+    if (index < last) state_.Tabs.Move(index, last);
     state_.Tabs.Resize(last);
+    state_.Tabs(last) = state_.Tabs(last - 1); // the spare record is like that of the last tab
     state_.Properties.TabCount = last;
     // One past the last tab, on purpose; it happens only while tab 0 is disabled and could not be made active above.
     if (ActiveTab() > last - 1) state_.Properties.ActiveTab = last;

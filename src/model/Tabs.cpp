@@ -1,5 +1,7 @@
 #include "model/Tabs.h"
 
+#include <utility>
+
 #include "base/Checked.h"
 
 namespace vantik {
@@ -9,10 +11,11 @@ void Tabs::Resize(std::int16_t upperBound) {
     records_.resize(static_cast<std::size_t>(upperBound) + 1);
 }
 
-void Tabs::ShiftUp(std::int16_t first, std::int16_t last) {
-    if (first >= last) return;
-    for (std::int32_t i = last; i > first; --i) (*this)(i) = std::move((*this)(i - 1));
-    (*this)(first) = (*this)(first + 1); // the only one that stands in two places
+void Tabs::Move(std::int16_t from, std::int16_t to) {
+    static_cast<void>((*this)(to));
+    TabRecord record = std::move((*this)(from));
+    records_.erase(records_.begin() + from);
+    records_.insert(records_.begin() + to, std::move(record));
 }
 
 const TabRecord& Tabs::operator()(std::int32_t index) const {

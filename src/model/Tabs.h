@@ -2,8 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <string>
-#include <vector>
 
 #include "model/Enumerations.h"
 
@@ -21,8 +21,8 @@ public:
     // Keeps the records that stay. Overflow and OutOfMemory leave the list as it was.
     void Resize(std::int16_t upperBound);
 
-    // Copies every record from `first` on to the place behind it, the last one to `last`.
-    void ShiftUp(std::int16_t first, std::int16_t last);
+    // The record takes the other place, and those between them each step aside by one. SubscriptOutOfRange.
+    void Move(std::int16_t from, std::int16_t to);
 
     // SubscriptOutOfRange outside 0..upper bound.
     TabRecord& operator()(std::int32_t index);
@@ -31,7 +31,8 @@ public:
     std::int16_t UpperBound() const noexcept { return static_cast<std::int16_t>(records_.size() - 1); }
 
 private:
-    std::vector<TabRecord> records_ = std::vector<TabRecord>(1);
+    // Where a record is taken out or put in, only those towards the nearer end move.
+    std::deque<TabRecord> records_ = std::deque<TabRecord>(1);
 };
 
 } // namespace vantik

@@ -122,6 +122,20 @@ TEST_CASE("RemoveTab with tab 0 disabled sets ActiveTab one past the last tab") 
     CHECK(f.Control.ActiveTab() == 2); // required: TabCount, not the last tab
 }
 
+TEST_CASE("RemoveTab leaves a spare record that is like the last tab's") {
+    ControlFixture f(4);
+    f.Control.SetBarIco(3, u"sun");
+    f.Control.SetBarEnable(3, False);
+    f.Control.RemoveTab(1);
+    const TabRecord& spare = f.Control.State().Tabs(f.Control.TabCount());
+    CHECK(spare.Caption == u"Tab3");
+    CHECK(spare.Ico == u"SUN");
+    CHECK(spare.Enable == False);
+    f.Insert(0, u"new");
+    CHECK(f.Captions() == "Tab0 new Tab2 (Tab3)");
+    CHECK(f.Control.State().Tabs(f.Control.TabCount()).Caption.empty());
+}
+
 TEST_CASE("ActiveTab ignores a disabled target and indexes out of range") {
     ControlFixture f(3);
     f.Control.ActiveTab(1);
@@ -200,7 +214,7 @@ TEST_CASE("a list of 32767 tabs takes no further tab: the count overflows after 
     CHECK(f.Control.ActiveTab() == 0);
     CHECK(f.Host.TakeLog() == "PropertyChanged ActiveTab");
     CHECK(f.Control.GetTabCaption(0) == u"Tab0");
-    CHECK(f.Control.GetTabCaption(1) == u"Tab1");
+    CHECK(f.Control.GetTabCaption(1) == u"Tab0"); // moved up from the place before, like all behind it
     CHECK(f.Control.GetTabCaption(2) == u"Tab1");
     CHECK(f.Control.GetTabCaption(32766) == u"Tab32765");
 }

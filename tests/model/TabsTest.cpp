@@ -23,17 +23,25 @@ TEST_CASE("resizing preserves the records that stay") {
     CHECK(tabs(2).Caption == u"kept");
 }
 
-TEST_CASE("shifting up makes room in front of the records that move") {
+TEST_CASE("a moved record takes the other place and those between step aside") {
     Tabs tabs;
-    tabs.Resize(3);
-    for (std::int16_t i = 0; i < 3; ++i) tabs(i).Caption = static_cast<char16_t>(u'a' + i);
-    tabs.ShiftUp(1, 3);
-    CHECK(tabs(0).Caption == u"a");
-    CHECK(tabs(1).Caption == u"b"); // stands in both places until somebody writes here
-    CHECK(tabs(2).Caption == u"b");
-    CHECK(tabs(3).Caption == u"c");
-    tabs.ShiftUp(3, 3);
-    CHECK(tabs(3).Caption == u"c");
+    tabs.Resize(4);
+    for (std::int16_t i = 0; i <= 4; ++i)
+        tabs(i).Caption = std::u16string(1, static_cast<char16_t>(u'0' + i));
+    const auto captions = [&] {
+        std::u16string all;
+        for (std::int16_t i = 0; i <= tabs.UpperBound(); ++i) all += tabs(i).Caption;
+        return all;
+    };
+    tabs.Move(1, 3);
+    CHECK(captions() == u"02314");
+    tabs.Move(4, 0);
+    CHECK(captions() == u"40231");
+    tabs.Move(2, 2);
+    CHECK(captions() == u"40231");
+    CHECK(NumberRaisedBy([&] { tabs.Move(0, 5); }) == 9);
+    CHECK(NumberRaisedBy([&] { tabs.Move(-1, 0); }) == 9);
+    CHECK(captions() == u"40231");
 }
 
 TEST_CASE("an index outside the list raises subscript out of range") {
