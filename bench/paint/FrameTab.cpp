@@ -31,7 +31,8 @@ private:
 
 class FrameTab final : public Subject {
 public:
-    explicit FrameTab(Side side) : side_(side), module_(FindBuiltControl()), form_(module_, Layout()) {
+    FrameTab(Side side, Host host)
+        : side_(side), module_(FindBuiltControl()), form_(module_, Layout(), SwitchesOf(host)) {
         form_.OpenNew();
         form_.Window().Show();
         tabs_ = QueryFor<_VantikFrameTab>(form_.ControlObject());
@@ -40,10 +41,6 @@ public:
         Must(tabs_->put_TabPos(side == Side::Left ? WindowLeft : Windowtop));
         Must(tabs_->put_TabCount(1));
         Show();
-    }
-
-    const char* Name() const override {
-        return side_ == Side::Left ? "VantikFrameTab, left" : "VantikFrameTab";
     }
 
     void Insert(int tabs) override {
@@ -61,6 +58,8 @@ public:
     }
 
     void Show() override { UpdateWindow(form_.ControlWindow()); }
+
+    void GetReady() override { ReleaseCapture(); }
 
     void RepaintFully() override {
         Must(tabs_->put_TabBarPosXJust(0)); // every assignment repaints, also of the same value
@@ -85,6 +84,12 @@ private:
         return layout;
     }
 
+    static HostSwitches SwitchesOf(Host host) {
+        HostSwitches switches;
+        switches.VbGetControl = host == Host::ListsControls;
+        return switches;
+    }
+
     Side side_;
     OleApartment apartment_;
     ControlModule module_;
@@ -94,6 +99,6 @@ private:
 
 } // namespace
 
-std::unique_ptr<Subject> MakeFrameTab(Side side) { return std::make_unique<FrameTab>(side); }
+std::unique_ptr<Subject> MakeFrameTab(Side side, Host host) { return std::make_unique<FrameTab>(side, host); }
 
 } // namespace vantik::bench

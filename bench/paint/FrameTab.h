@@ -9,6 +9,9 @@ namespace vantik::bench {
 
 enum class Side : std::uint8_t { Top, Left };
 
-std::unique_ptr<Subject> MakeFrameTab(Side side);
+// Whether the host tells which controls stand on the control, as forms do, or leaves it to look for windows there.
+enum class Host : std::uint8_t { ListsControls, Plain };
+
+std::unique_ptr<Subject> MakeFrameTab(Side side, Host host);
 
 } // namespace vantik::bench

@@ -29,8 +29,6 @@ public:
     PlatformTab(const PlatformTab&) = delete;
     PlatformTab& operator=(const PlatformTab&) = delete;
 
-    const char* Name() const override { return "SysTabControl32"; }
-
     void Insert(int tabs) override {
         wchar_t caption[] = L"Caption";
         TCITEMW item = {};
@@ -46,6 +44,8 @@ public:
     }
 
     void Show() override { UpdateWindow(tab_); }
+
+    void GetReady() override { ReleaseCapture(); }
 
     void RepaintFully() override {
         InvalidateRect(tab_, nullptr, TRUE);

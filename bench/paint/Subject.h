@@ -11,11 +11,10 @@ inline constexpr int BarWidth = 90;
 class Subject {
 public:
     virtual ~Subject() = default;
-    virtual const char* Name() const = 0;
-
     virtual void Insert(int tabs) = 0; // behind the last, each with a caption and an icon
     virtual void Remove(int tabs) = 0; // the first one each time
     virtual void Show() = 0;           // paints what has to be painted
+    virtual void GetReady() = 0;       // as if the pointer came from outside
 
     virtual void RepaintFully() = 0;
     virtual void RepaintBars() = 0;

@@ -1,0 +1,82 @@
+#include "Measure.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+#include "platform/mDeclares.h"
+
+namespace vantik::bench {
+
+namespace {
+
+double Now() {
+    LARGE_INTEGER counter;
+    LARGE_INTEGER frequency;
+    QueryPerformanceCounter(&counter);
+    QueryPerformanceFrequency(&frequency);
+    return 1e6 * static_cast<double>(counter.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+template <class Body>
+double TimeOf(Body body) {
+    const double start = Now();
+    body();
+    return Now() - start;
+}
+
+double Median(std::vector<double>& values) {
+    std::ranges::sort(values);
+    return values[values.size() / 2];
+}
+
+void Print(const Row& row) {
+    std::printf("| %s | %d |", std::string(row.What).c_str(), row.Tabs);
+    for (const double time : row.Microseconds) std::printf(" %.1f |", time);
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+} // namespace
+
+void Table::Measure(std::string_view what, int tabs, const Subjects& subjects, int rounds, int callsPerRound,
+                    const Call& call) {
+    std::vector<std::vector<double>> times(subjects.size());
+    for (int round = 0; round < rounds; ++round)
+        for (std::size_t s = 0; s < subjects.size(); ++s) {
+            subjects[s]->GetReady();
+            const double time = TimeOf([&] {
+                for (int i = 0; i < callsPerRound; ++i) call(*subjects[s], i);
+            });
+            times[s].push_back(time / callsPerRound);
+        }
+    Add(what, tabs, std::move(times));
+}
+
+void Table::MeasureThereAndBack(std::string_view there, std::string_view back, int tabs,
+                                const Subjects& subjects, int rounds, const Call& go, const Call& comeBack) {
+    std::vector<std::vector<double>> going(subjects.size()), coming(subjects.size());
+    for (int round = 0; round < rounds; ++round)
+        for (std::size_t s = 0; s < subjects.size(); ++s) {
+            going[s].push_back(TimeOf([&] { go(*subjects[s], round); }));
+            coming[s].push_back(TimeOf([&] { comeBack(*subjects[s], round); }));
+        }
+    Add(there, tabs, std::move(going));
+    Add(back, tabs, std::move(coming));
+}
+
+void Table::Add(std::string_view what, int tabs, std::vector<std::vector<double>> times) {
+    Row row{what, tabs, {}};
+    for (auto& values : times) row.Microseconds.push_back(Median(values));
+    Print(row);
+    rows_.push_back(std::move(row));
+}
+
+const double* Table::Find(std::string_view what, int tabs, std::size_t subject) const {
+    for (const Row& row : rows_)
+        if (row.What == what && row.Tabs == tabs && subject < row.Microseconds.size())
+            return &row.Microseconds[subject];
+    return nullptr;
+}
+
+} // namespace vantik::bench

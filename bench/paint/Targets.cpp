@@ -1,0 +1,76 @@
+#include "Targets.h"
+
+#include <cstdio>
+
+namespace vantik::bench {
+
+namespace {
+
+struct Cell {
+    std::string_view What;
+    int Tabs;
+    SubjectIndex Who;
+};
+
+// The quotient of two figures, or one figure by itself, and the most that it may be.
+struct Target {
+    const char* Text;
+    Cell Figure;
+    Cell Base; // without a name: none
+    double Most;
+};
+
+constexpr Cell Alone = {"", 0, Top};
+constexpr double Noise = 1.25; // what counts as the same, from one moment of a busy machine to the next
+
+constexpr Target Targets[] = {
+    {"insert 1,000 tabs / the platform's", {rows::Insert, 1000, Top}, {rows::Insert, 1000, Platform}, 0.1},
+    {"the same in a host that lists no controls",
+     {rows::Insert, 1000, PlainHost},
+     {rows::Insert, 1000, Platform},
+     0.1},
+    {"insert 10,000 / insert 1,000", {rows::Insert, 10000, Top}, {rows::Insert, 1000, Top}, 10 * Noise},
+    {"remove 10,000 / remove 1,000", {rows::Remove, 10000, Top}, {rows::Remove, 1000, Top}, 10 * Noise},
+    {"full repaint / the platform's, 10 tabs",
+     {rows::FullRepaint, 10, Top},
+     {rows::FullRepaint, 10, Platform},
+     1},
+    {"full repaint / the platform's, 1,000 tabs",
+     {rows::FullRepaint, 1000, Top},
+     {rows::FullRepaint, 1000, Platform},
+     1},
+    {"bars only / full repaint, top", {rows::Bars, 1000, Top}, {rows::FullRepaint, 1000, Top}, 0.5},
+    {"bars only / full repaint, left", {rows::Bars, 1000, Left}, {rows::FullRepaint, 1000, Left}, 0.5},
+    {"pointer within a bar, microseconds", {rows::PointerWithinBar, 1000, Top}, Alone, 5},
+    {"pointer within a bar on the left, microseconds", {rows::PointerWithinBar, 1000, Left}, Alone, 5},
+    {"pointer over the page, microseconds", {rows::PointerOverPage, 1000, Top}, Alone, 5},
+    {"full repaint, left / top", {rows::FullRepaint, 1000, Left}, {rows::FullRepaint, 1000, Top}, 2},
+    {"bars only, left / top", {rows::Bars, 1000, Left}, {rows::Bars, 1000, Top}, 2},
+    {"full repaint, 10,000 tabs / 100",
+     {rows::FullRepaint, 10000, Top},
+     {rows::FullRepaint, 100, Top},
+     Noise},
+    {"bars only, 10,000 tabs / 100", {rows::Bars, 10000, Top}, {rows::Bars, 100, Top}, Noise},
+};
+
+const double* Find(const Table& table, const Cell& cell) {
+    return table.Find(cell.What, cell.Tabs, cell.Who);
+}
+
+void Print(const Table& table, const Target& target) {
+    const double* figure = Find(table, target.Figure);
+    const double* base = Find(table, target.Base);
+    if (!figure || (!target.Base.What.empty() && !base)) return;
+    const double value = base ? *figure / *base : *figure;
+    std::printf("| %s | %g | %.2f | %s |\n", target.Text, target.Most, value,
+                value <= target.Most ? "yes" : "**no**");
+}
+
+} // namespace
+
+void PrintTargets(const Table& table) {
+    std::printf("| target | at most | measured | reached |\n|---|---|---|---|\n");
+    for (const Target& target : Targets) Print(table, target);
+}
+
+} // namespace vantik::bench
