@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/Module.h"
+
 namespace vantik {
 
 namespace {
@@ -172,7 +174,7 @@ void MessageHook::SubclassStop(HWND window) noexcept {
     entries_.erase(window);
     entry->Owner = nullptr; // a message under way stops delivering
     entry->Before = entry->After = {};
-    if (entry->Previous && !entry->StandsInFront()) return;
+    if (entry->Previous && !entry->StandsInFront()) return KeepThisModuleLoaded();
     if (entry->Previous) entry->Exchange(entry->Previous);
     AllHooked().Remove(window);
 }

@@ -7,6 +7,12 @@ namespace vantik {
 
 HINSTANCE ThisModule() noexcept { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
+void KeepThisModuleLoaded() noexcept {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       reinterpret_cast<LPCWSTR>(&__ImageBase), &module);
+}
+
 std::span<const BYTE> ResourceBytes(const wchar_t* name, const wchar_t* type) noexcept {
     const HINSTANCE module = ThisModule();
     const HRSRC found = FindResourceW(module, name, type);

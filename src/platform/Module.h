@@ -9,6 +9,9 @@ namespace vantik {
 
 HINSTANCE ThisModule() noexcept;
 
+// For code that somebody else will call at a time nobody knows: the module stays until the process ends.
+void KeepThisModuleLoaded() noexcept;
+
 // The bytes of a resource of this module, for the life of the module; empty when there is none of that name.
 std::span<const BYTE> ResourceBytes(const wchar_t* name, const wchar_t* type) noexcept;
 
