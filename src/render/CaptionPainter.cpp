@@ -32,16 +32,6 @@ LayoutRect RoomBeside(const LayoutRect& bar, const LayoutRect& button, bool hori
     return before.Height >= after.Height ? before : after;
 }
 
-LayoutRect RoomOf(const ControlState& control, std::int32_t slot) {
-    const LayoutRect bar = Intersection(BarRect(control, slot), SlotRect(control, slot));
-    if (!CloseButtonOf(control)) return bar;
-    const LayoutRect button = CloseButtonRect(control, slot);
-    const LayoutRect covered =
-        LayoutRect::FromEdges(button.Left, button.Top, Checked(button.Right) + 1, Checked(button.Bottom) + 1);
-    if (IsEmpty(Intersection(bar, covered))) return bar;
-    return Intersection(RoomBeside(bar, button, control.Layout.IsHorizontal != False), bar);
-}
-
 RECT ToRect(const LayoutRect& rect) noexcept { return {rect.Left, rect.Top, rect.Right, rect.Bottom}; }
 
 SIZE ExtentOf(HDC surface, const std::u16string& text) noexcept {
@@ -63,9 +53,19 @@ void TakeFace(LOGFONTW& record, HFONT font) noexcept {
 
 } // namespace
 
+CaptionPainter::Place CaptionPainter::PlaceOf(std::int32_t slot) const {
+    const LayoutRect bar = Intersection(BarRect(control_, slot), SlotRect(control_, slot));
+    if (!CloseButtonOf(control_)) return {bar, bar};
+    const LayoutRect button = CloseButtonRect(control_, slot);
+    const LayoutRect covered =
+        LayoutRect::FromEdges(button.Left, button.Top, Checked(button.Right) + 1, Checked(button.Bottom) + 1);
+    if (IsEmpty(Intersection(bar, covered))) return {bar, bar};
+    return {bar, Intersection(RoomBeside(bar, button, control_.Layout.IsHorizontal != False), bar)};
+}
+
 void CaptionPainter::DrawCaption(std::int16_t index, std::uint8_t state) {
-    const LayoutRect room = RoomOf(control_, SlotOf(control_, index));
-    if (IsEmpty(room)) return;
+    const Place place = PlaceOf(SlotOf(control_, index));
+    if (IsEmpty(place.Room)) return;
     const HDC surface = host_.hDC();
     const SavedDC saved(surface);
     if (const HFONT font = HandleOf(surfaces_.Font.Get())) SelectObject(surface, font);
@@ -75,9 +75,9 @@ void CaptionPainter::DrawCaption(std::int16_t index, std::uint8_t state) {
     surfaces_.ShortCaption = ShortenCaption(control_.Tabs(index).Caption, Budget(surface, index, state));
     if (surfaces_.ShortCaption.empty()) return;
     if (control_.Layout.IsHorizontal)
-        DrawHorizontal(surface, room);
+        DrawHorizontal(surface, place);
     else
-        DrawVertical(surface, room, index, state);
+        DrawVertical(surface, place, index, state);
 }
 
 // The letters "A" for which there is room between the ends of the bar, its icon and its close button.
@@ -101,12 +101,29 @@ COLORREF CaptionPainter::ColourOf(std::int16_t index) const {
     return translated;
 }
 
-void CaptionPainter::DrawHorizontal(HDC surface, const LayoutRect& room) {
+namespace {
+
+// How far from the bar's leading end a caption begins.
+Checked LeadOf(std::int32_t position, Checked barLength, std::int32_t length) {
+    if (position == AlignMiddle) return (barLength - length) / 2;
+    return position == AlignRight ? barLength - length : Checked(0);
+}
+
+} // namespace
+
+void CaptionPainter::DrawHorizontal(HDC surface, const Place& place) {
+    const auto& [bar, room] = place;
     const PropertyValues& p = control_.Properties;
-    const LayoutRect moved =
-        LayoutRect::FromEdges(Checked(room.Left) + p.CaptionXjust, Checked(room.Top) + p.CaptionYjust,
-                              Checked(room.Right) + p.CaptionXjust, Checked(room.Bottom) + p.CaptionYjust);
     std::u16string& text = surfaces_.ShortCaption;
+    Checked shift = p.CaptionXjust;
+    if (room != bar) {
+        const std::int32_t length = ExtentOf(surface, text).cx;
+        const Checked first = bar.Left + LeadOf(p.CaptionPos, bar.Width, length);
+        const Checked aside = std::min<std::int32_t>(0, room.Right - (first + length));
+        shift = shift + std::max<std::int32_t>(aside, room.Left - first);
+    }
+    const LayoutRect moved = LayoutRect::FromEdges(bar.Left + shift, Checked(bar.Top) + p.CaptionYjust,
+                                                   bar.Right + shift, Checked(bar.Bottom) + p.CaptionYjust);
     // The only flag of DrawText that would write into the text; it changes no pixel.
     const UINT format = static_cast<UINT>(p.CaptionPos) & ~UINT{DT_MODIFYSTRING};
     RECT rect = ToRect(moved);
@@ -122,21 +139,22 @@ OwnedFont CaptionPainter::MakeTurnedFont(bool heavy) {
     return OwnedFont(CreateFontIndirectW(&record));
 }
 
-void CaptionPainter::DrawVertical(HDC surface, const LayoutRect& room, std::int16_t index,
-                                  std::uint8_t state) {
+void CaptionPainter::DrawVertical(HDC surface, const Place& place, std::int16_t index, std::uint8_t state) {
+    const auto& [bar, room] = place;
     const PropertyValues& p = control_.Properties;
     const OwnedFont font = MakeTurnedFont(index == p.ActiveTab);
     const Selection selection = Select(surface, font.Get());
     const std::u16string& text = surfaces_.ShortCaption;
     const SIZE extent = ExtentOf(surface, text);
-
     const std::int32_t length = extent.cx, height = extent.cy;
 
     const LayoutRect band = FillBand(control_, SlotOf(control_, index), state);
     const Checked x = Checked(band.Left) + (Checked(band.Width) - height) / 2 + p.CaptionXjust;
-    Checked y = room.Bottom;
-    if (p.CaptionPos == AlignMiddle) y = y - (Checked(room.Height) - length) / 2;
-    if (p.CaptionPos == AlignRight) y = Checked(room.Top) + length;
+    Checked y = bar.Bottom - LeadOf(p.CaptionPos, bar.Height, length);
+    if (room != bar) {
+        const Checked aside = std::max<std::int32_t>(0, room.Top - (y - length));
+        y = y + std::min<std::int32_t>(aside, room.Bottom - y);
+    }
     const RECT clip = ToRect(room);
     ExtTextOutW(surface, x, y + p.CaptionYjust, ETO_CLIPPED, &clip, AsWide(text),
                 static_cast<UINT>(text.size()), nullptr);

@@ -1,8 +1,8 @@
 // The caption of one bar.
 //
-// Its room is the bar, less the close button and what lies beyond it where one is shown. In the room the caption is
-// shortened, aligned by CaptionPos and moved by CaptionXjust and CaptionYjust; nothing is written outside.
-// Beside the strip captions run from bottom to top, so that AlignLeft starts at the room's lower end.
+// It is shortened, aligned by CaptionPos in the bar's rectangle and moved by CaptionXjust and CaptionYjust. Where it would
+// come to lie under a shown close button or beyond it, it steps aside before it is moved; nothing is written there.
+// Beside the strip captions run from bottom to top, so that AlignLeft starts at the bar's lower end.
 #pragma once
 
 #include <cstdint>
@@ -23,8 +23,15 @@ public:
     void DrawCaption(std::int16_t index, std::uint8_t state);
 
 private:
-    void DrawHorizontal(HDC surface, const LayoutRect& room);
-    void DrawVertical(HDC surface, const LayoutRect& room, std::int16_t index, std::uint8_t state);
+    // Where a caption is written: the bar, and what a close button leaves of it.
+    struct Place {
+        LayoutRect Bar;
+        LayoutRect Room;
+    };
+
+    Place PlaceOf(std::int32_t slot) const;
+    void DrawHorizontal(HDC surface, const Place& place);
+    void DrawVertical(HDC surface, const Place& place, std::int16_t index, std::uint8_t state);
     std::int32_t Budget(HDC surface, std::int16_t index, std::uint8_t state) const;
     COLORREF ColourOf(std::int16_t index) const;
     OwnedFont MakeTurnedFont(bool heavy);

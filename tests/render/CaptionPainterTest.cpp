@@ -7,6 +7,7 @@
 #include "gfx/Clip.h"
 #include "render/BarGeometry.h"
 #include "render/CaptionFont.h"
+#include "render/DecorationGeometry.h"
 #include "tests/RunTimeErrors.h"
 #include "tests/render/LayoutText.h"
 #include "tests/render/PaintedControl.h"
@@ -163,6 +164,33 @@ TEST_CASE("no caption is written under or beyond a close button") {
             else
                 CHECK(written.Bottom <= bar.Bottom - widest - 14);
         }
+    }
+}
+
+TEST_CASE("a caption that keeps off the close button by itself is where it would be without one") {
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom}) {
+        Captions c(side);
+        c.State.Properties.CaptionPos = AlignMiddle;
+        c.Caption(0, u"HIH");
+        const LayoutRect without = c.Written();
+        c.GiveCloseButtons(14);
+        c.Caption(0, u"HIH");
+        CHECK(Text(c.Written()) == Text(without));
+    }
+}
+
+TEST_CASE("a caption that would come under the close button ends, or begins, beside it") {
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom}) {
+        Captions c(side);
+        c.GiveCloseButtons(14);
+        c.State.Properties.CaptionPos = side == Windowtop || side == WindowBottom ? AlignRight : AlignLeft;
+        c.Caption(0, u"HIH");
+        const LayoutRect button = CloseButtonRect(c.State, 0), written = c.Written();
+        const std::int32_t gap =
+            c.State.Layout.IsHorizontal ? button.Left - written.Right : button.Top - written.Bottom;
+        CAPTURE(side);
+        CHECK(gap >= 0);
+        CHECK(gap <= 3); // what a letter leaves free of its own width
     }
 }
 
