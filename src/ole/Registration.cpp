@@ -1,5 +1,7 @@
 #include "ole/Registration.h"
 
+#include <comcat.h>
+
 #include "ole/ErrorInfo.h"
 #include "ole/Identifiers.h"
 #include "ole/Module.h"
@@ -9,14 +11,14 @@ namespace vantik {
 
 namespace {
 
+// Other controls stand on this one. The platform's headers have no name for the category.
+constexpr CATID SimpleFrameControl = {
+    0x157083E0, 0x2368, 0x11CF, {0x87, 0xB9, 0x00, 0xAA, 0x00, 0x6C, 0x81, 0x66}};
+
 // What hosts can expect of the control. None of these is required of the host.
-const wchar_t* const Categories[] = {
-    L"{40FC6ED4-2438-11CF-A3DB-080036F12502}", // control
-    L"{157083E0-2368-11CF-87B9-00AA006C8166}", // simple frame: other controls stand on it
-    L"{40FC6ED5-2438-11CF-A3DB-080036F12502}", // programmable
-    L"{0DE86A53-2BAA-11CF-A229-00AA003D7352}", // persists to a stream, after InitNew
-    L"{0DE86A54-2BAA-11CF-A229-00AA003D7352}", // to a storage
-    L"{0DE86A57-2BAA-11CF-A229-00AA003D7352}", // to a property bag
+const CATID Categories[] = {
+    CATID_Control,           SimpleFrameControl,          CATID_Programmable, CATID_PersistsToStreamInit,
+    CATID_PersistsToStorage, CATID_PersistsToPropertyBag,
 };
 
 std::wstring TextOf(REFGUID guid) {
@@ -60,8 +62,7 @@ void RegisterClass() {
     control.Add(L"MiscStatus", L"0");
     control.Add(L"MiscStatus\\1", std::to_wstring(MiscStatus)); // 1: the content aspect
     control.Add(L"Verb\\" + std::to_wstring(VerbProperties), std::wstring(VerbPropertiesName) + L",0,2");
-    for (const wchar_t* category : Categories)
-        control.Add(std::wstring(L"Implemented Categories\\") + category);
+    for (const CATID& category : Categories) control.Add(L"Implemented Categories\\" + TextOf(category));
 }
 
 void RegisterLibrary() {

@@ -2,6 +2,7 @@
 #include <doctest/doctest.h>
 
 #include <comcat.h>
+#include <objsafe.h>
 
 #include <filesystem>
 
@@ -50,21 +51,21 @@ void CheckCategories() {
     ComPtr<ICatInformation> information;
     REQUIRE(CoCreateInstance(CLSID_StdComponentCategoriesMgr, nullptr, CLSCTX_INPROC_SERVER,
                              IID_ICatInformation, information.PutVoid()) == S_OK);
-    for (const wchar_t* text : {
-             L"{40FC6ED4-2438-11CF-A3DB-080036F12502}", // control
-             L"{157083E0-2368-11CF-87B9-00AA006C8166}", // simple frame
-             L"{40FC6ED5-2438-11CF-A3DB-080036F12502}", // programmable
-             L"{0DE86A53-2BAA-11CF-A229-00AA003D7352}", // persists to a stream after InitNew
-             L"{0DE86A54-2BAA-11CF-A229-00AA003D7352}", // to a storage
-             L"{0DE86A57-2BAA-11CF-A229-00AA003D7352}", // to a property bag
-         }) {
-        CATID category = {};
-        REQUIRE(CLSIDFromString(text, &category) == S_OK);
-        CHECK(information->IsClassOfCategories(CLSID_VantikFrameTab, 1, &category, 0, nullptr) == S_OK);
-    }
-    CATID never = {};
-    REQUIRE(CLSIDFromString(L"{7DD95801-9882-11CF-9FA9-00AA006C42C4}", &never) == S_OK); // safe for scripting
-    CHECK(information->IsClassOfCategories(CLSID_VantikFrameTab, 1, &never, 0, nullptr) == S_FALSE);
+    const auto isOf = [&](const CATID& category) {
+        return information->IsClassOfCategories(CLSID_VantikFrameTab, 1, &category, 0, nullptr) == S_OK;
+    };
+    constexpr CATID simpleFrame = {
+        0x157083E0, 0x2368, 0x11CF, {0x87, 0xB9, 0x00, 0xAA, 0x00, 0x6C, 0x81, 0x66}};
+    CHECK(isOf(CATID_Control));
+    CHECK(isOf(simpleFrame));
+    CHECK(isOf(CATID_Programmable));
+    CHECK(isOf(CATID_PersistsToStreamInit));
+    CHECK(isOf(CATID_PersistsToStorage));
+    CHECK(isOf(CATID_PersistsToPropertyBag));
+    CHECK(!isOf(CATID_PersistsToStream));
+    CHECK(!isOf(CATID_Insertable));
+    CHECK(!isOf(CATID_SafeForScripting)); // it reads files
+    CHECK(!isOf(CATID_SafeForInitializing));
 }
 
 std::wstring ClassValue(const wchar_t* below) { return ValueOf(std::wstring(ClassKey) + below); }
