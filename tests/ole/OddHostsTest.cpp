@@ -106,6 +106,7 @@ TEST_CASE("Taking the site away without closing ends the window and keeps the st
     CHECK(control.Object()->SetClientSite(nullptr) == S_OK);
     CHECK(!control.Window());
     CHECK(control.Site->Calls.back() == "OnInPlaceDeactivate");
+    CHECK(control.Object()->Close(OLECLOSE_SAVEIFDIRTY) == S_OK); // there is nobody any more who could save
     CHECK(Get(control.Dispatch(), L"TabCount").Number() == 3);
     const auto other = MakeCom<OddSite>();
     CHECK(control.Object()->SetClientSite(other.Get()) == S_OK);
@@ -255,6 +256,59 @@ TEST_CASE("Notifications of windows on the control go to the host's window") {
     commandsSeen = 0;
     SendMessageW(button, BM_CLICK, 0, 0);
     CHECK(commandsSeen > 0);
+}
+
+namespace {
+
+// The system's small host in a window, as class libraries and dialogs use it.
+class HostingLibrary {
+public:
+    HostingLibrary() { REQUIRE(module_); }
+    ~HostingLibrary() { FreeLibrary(module_); }
+    HostingLibrary(const HostingLibrary&) = delete;
+    HostingLibrary& operator=(const HostingLibrary&) = delete;
+
+    // The host lives as long as its window.
+    HRESULT Attach(IUnknown* control, HWND window) const {
+        using Function = HRESULT(WINAPI*)(IUnknown*, HWND, IUnknown**);
+        const auto attach = reinterpret_cast<Function>(GetProcAddress(module_, "AtlAxAttachControl"));
+        ComPtr<IUnknown> host;
+        return attach(control, window, host.Put());
+    }
+
+private:
+    HMODULE module_ = LoadLibraryW(L"atl.dll");
+};
+
+} // namespace
+
+TEST_CASE(
+    "The system's own hosting library shows the control, passes input, and lets go of it with its window") {
+    LooseControl control;
+    const HostingLibrary library;
+    const HWND host = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 300, 200, nullptr,
+                                      nullptr, nullptr, nullptr);
+    REQUIRE(library.Attach(control.Object(), host) == S_OK);
+    const HWND window = ::GetWindow(host, GW_CHILD);
+    REQUIRE(window);
+    RECT client = {};
+    GetClientRect(window, &client);
+    CHECK(client.right == 300);
+    CHECK(client.bottom == 200);
+    control.Tab->put_BarWidth(60);
+    control.Tab->put_TabCount(3);
+    control.Tab->put_ActiveTab(0);
+    SendMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(85, 10));
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(85, 10));
+    SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(85, 10));
+    CHECK(Get(control.Dispatch(), L"ActiveTab").Number() == 1);
+    SendMessageW(window, WM_KEYDOWN, VK_RIGHT, 0);
+    CHECK(Get(control.Dispatch(), L"ActiveTab").Number() == 2);
+    DestroyWindow(host);
+    CHECK(!IsWindow(window));
+    CHECK(Get(control.Dispatch(), L"TabCount").Number() == 3);
+    control.Release();
+    CHECK(control.Module().CanUnload());
 }
 
 TEST_CASE("A host that activates quickly gets its sinks connected in the one call") {
