@@ -21,7 +21,9 @@ void RegisterFormClass(WNDPROC procedure) {
     description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
     description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     description.lpszClassName = ClassName;
-    if (!RegisterClassExW(&description)) throw HostError("cannot register the form's window class");
+    if (!RegisterClassExW(&description) &&
+        GetLastError() != ERROR_CLASS_ALREADY_EXISTS) // another thread was first
+        throw HostError("cannot register the form's window class");
 }
 
 SIZE OuterSize(SIZE client) noexcept {

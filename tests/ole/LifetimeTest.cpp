@@ -92,4 +92,51 @@ TEST_CASE("The module can be unloaded and loaded again, its window class with it
     CHECK(!GetModuleHandleW(L"VantikFrameTab.ocx"));
 }
 
+namespace {
+
+// What one thread does with controls of its own, on forms of its own.
+struct Apartment {
+    HANDLE Thread = nullptr;
+    int Lives = 0;
+    std::string Error;
+
+    static DWORD WINAPI Run(void* apartment) {
+        auto& self = *static_cast<Apartment*>(apartment);
+        try {
+            self.Live();
+        } catch (const std::exception& error) {
+            self.Error = error.what();
+        }
+        return 0;
+    }
+    void Live() {
+        const OleApartment apartment;
+        ControlModule module(FindBuiltControl());
+        HostForm form(module, {});
+        form.Window().Show();
+        const auto bag = MakeCom<TextPropertyBag>();
+        bag->Parse("TabCount = 3\nActiveTab = 0\nBarWidth = 60\nSkinPath = \"Temp\"\n");
+        for (; Lives < 30; ++Lives) LiveOnce(form, *bag.Get());
+    }
+};
+
+} // namespace
+
+TEST_CASE("Controls of several apartments live side by side") {
+    const OleApartment apartment;
+    const ControlModule module(FindBuiltControl());
+    Apartment first; // leaves the built-in skin and the system's first window behind for the others
+    first.Live();
+    Apartment apartments[3];
+    for (auto& each : apartments) each.Thread = CreateThread(nullptr, 0, Apartment::Run, &each, 0, nullptr);
+    for (auto& each : apartments) {
+        REQUIRE(each.Thread);
+        WaitForSingleObject(each.Thread, INFINITE);
+        CloseHandle(each.Thread);
+        CHECK(each.Error == "");
+        CHECK(each.Lives == 30);
+    }
+    CHECK(module.CanUnload());
+}
+
 } // namespace vantik
