@@ -101,6 +101,42 @@ void ShowThen(FormWithControl& test, std::vector<WhileModal::Step> steps) {
     CHECK(IsWindowEnabled(test.Owner()));
 }
 
+// Closes a form whose card is up from a thread of its own, so that no message is left for the card's loop.
+class ClosingFromOutside {
+public:
+    explicit ClosingFromOutside(HWND form) : form_(form) {
+        thread_ = CreateThread(nullptr, 0, Run, this, 0, nullptr);
+    }
+    ~ClosingFromOutside() {
+        SetEvent(returned_);
+        WaitForSingleObject(thread_, INFINITE);
+        CloseHandle(thread_);
+        CloseHandle(returned_);
+        CHECK_FALSE(hadToWake_);
+    }
+    ClosingFromOutside(const ClosingFromOutside&) = delete;
+    ClosingFromOutside& operator=(const ClosingFromOutside&) = delete;
+
+private:
+    static DWORD WINAPI Run(void* self) {
+        static_cast<ClosingFromOutside*>(self)->Close();
+        return 0;
+    }
+    void Close() {
+        while (IsWindowEnabled(form_)) Sleep(5);
+        Sleep(100); // the loop has shown the card and waits
+        SendMessageW(form_, WM_CLOSE, 0, 0);
+        hadToWake_ = WaitForSingleObject(returned_, 3000) == WAIT_TIMEOUT;
+        if (hadToWake_) PostThreadMessageW(waiting_, WM_NULL, 0, 0);
+    }
+
+    HWND form_;
+    DWORD waiting_ = GetCurrentThreadId();
+    HANDLE returned_ = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    HANDLE thread_ = nullptr;
+    bool hadToWake_ = false;
+};
+
 void Send(UINT message, WPARAM wParam = 0) {
     SendMessageW(OnlyCard(), message, wParam, MAKELPARAM(200, 150));
 }
@@ -192,6 +228,15 @@ TEST_CASE("A form that goes takes its About card with it, and About returns") {
     CHECK(Cards().empty());
     test.Form().Close();
     CHECK(test.Module().CanUnload());
+}
+
+TEST_CASE("A form that another thread closes takes its About card with it, and About returns") {
+    FormWithControl test;
+    {
+        const ClosingFromOutside during(test.Owner());
+        test.About();
+    }
+    CHECK(Cards().empty());
 }
 
 TEST_CASE("The control may be closed while its About card is up") {
