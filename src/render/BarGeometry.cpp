@@ -46,7 +46,39 @@ BarPieces WithSharedEdges(const SkinRects& rects, std::uint8_t state, std::int16
     return pieces;
 }
 
+constexpr std::int32_t PlainPiece = 1 << 12; // the extent of a piece
+constexpr std::int32_t PlainBar = 1 << 13;   // with the pieces at its ends still a 16-bit number
+constexpr std::int32_t PlainStrip = 1 << 29; // leaves room for 2^15 such bars behind its edge
+
+constexpr bool IsWithin(std::int32_t value, std::int32_t most) noexcept {
+    return -most <= value && value <= most;
+}
+
+bool ArePiecesPlain(const SkinRects& rects) {
+    for (std::int32_t i = FillPic0; i < RLeftTopPic; ++i)
+        if (!IsWithin(rects[i].Width, PlainPiece) || !IsWithin(rects[i].Height, PlainPiece)) return false;
+    return true;
+}
+
+bool IsPlain(const LayoutRect& strip) noexcept {
+    return IsWithin(strip.Left, PlainStrip) && IsWithin(strip.Top, PlainStrip) &&
+           IsWithin(strip.Right, PlainStrip) && IsWithin(strip.Bottom, PlainStrip) &&
+           IsWithin(strip.Width, PlainStrip) && IsWithin(strip.Height, PlainStrip);
+}
+
+bool HaveBarsRecords(const ControlState& control) noexcept {
+    const LayoutCache& layout = control.Layout;
+    return layout.FirstVisibleTab >= 0 &&
+           layout.FirstVisibleTab + layout.VisibleBarCount <= control.Tabs.UpperBound() + 1;
+}
+
 } // namespace
+
+bool AreBarsPlain(const ControlState& control) noexcept {
+    const PropertyValues& p = control.Properties;
+    return HaveBarsRecords(control) && IsWithin(p.BarWidth, PlainBar) && IsWithin(p.TabToTab, PlainBar) &&
+           IsPlain(control.Layout.BarStripRect) && ArePiecesPlain(control.SkinRects);
+}
 
 void BarPieces::Add(const BarPiece& piece) {
     if (piece.Length > 0 && piece.Thickness > 0) pieces_[count_++] = piece;

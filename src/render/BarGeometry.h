@@ -41,6 +41,9 @@ BarPieces PiecesOf(const ControlState& control, std::int16_t index, std::uint8_t
 // large to be turned to the side.
 void CheckBar(const ControlState& control, std::int16_t index, std::uint8_t state);
 
+// Whether every number is so far inside its width that CheckBar raises nothing for any visible bar. False says nothing.
+bool AreBarsPlain(const ControlState& control) noexcept;
+
 // The slot of a tab, counted from the first bar shown.
 std::int32_t SlotOf(const ControlState& control, std::int16_t index);
 

@@ -43,7 +43,7 @@ void RepaintDriver::PrepareAll() {
 }
 
 void RepaintDriver::PrepareBars() const {
-    if (control_.Properties.TabCount < 1) return;
+    if (control_.Properties.TabCount < 1 || AreBarsPlain(control_)) return;
     for (std::int16_t i = 0; i < control_.Layout.VisibleBarCount; ++i) {
         const std::int16_t tab = Add16(control_.Layout.FirstVisibleTab, i);
         CheckBar(control_, tab, control_.StateOf(tab));

@@ -2,6 +2,7 @@
 
 #include <doctest/doctest.h>
 
+#include <random>
 #include <set>
 
 #include "tests/RunTimeErrors.h"
@@ -201,4 +202,76 @@ TEST_CASE("checking a bar raises what painting it would") {
     CHECK(check(1, BarNormal) == 6); // turned pixel by pixel, counted in 16 bits
     c.Properties.TabPos = Windowtop;
     CHECK(check(1, BarNormal) == 0);
+}
+
+namespace {
+
+class Extremes {
+public:
+    explicit Extremes(std::uint32_t seed) : random_(seed) {}
+
+    // Mostly just inside the given magnitude, of either sign, now and then just outside it.
+    std::int32_t Near(std::int32_t most) {
+        const std::int32_t outside = Below(200) == 0 ? 1 : 0;
+        return (most - Below(3) + 3 * outside) * (Below(2) ? 1 : -1);
+    }
+    std::int32_t Below(std::int32_t end) { return std::uniform_int_distribution(0, end - 1)(random_); }
+
+    ControlState State() {
+        ControlState c;
+        c.Properties.TabCount = 32766;
+        c.Tabs.Resize(32766);
+        c.Properties.TabPos = Below(4);
+        c.Properties.TabBorder = Below(2) ? True : False;
+        c.Properties.BarWidth = static_cast<std::int16_t>(Near(1 << 13));
+        c.Properties.TabToTab = static_cast<std::int16_t>(Near(1 << 13));
+        c.Layout.IsHorizontal = Below(2) ? True : False;
+        c.Layout.VisibleBarCount = static_cast<std::int16_t>(Near(32766));
+        const std::int32_t edge = 1 << 29;
+        c.Layout.BarStripRect = {Near(edge), Near(edge), Near(edge), Near(edge), Near(edge), Near(edge)};
+        for (std::int32_t i = FillPic0; i < RLeftTopPic; ++i) {
+            c.SkinRects[i].Width = Near(1 << 12);
+            c.SkinRects[i].Height = Near(1 << 12);
+        }
+        return c;
+    }
+
+private:
+    std::mt19937 random_;
+};
+
+} // namespace
+
+TEST_CASE("checking bars whose numbers are plain raises nothing, however near to the limits they are") {
+    constexpr std::uint32_t seed = 4711;
+    INFO("seed ", seed);
+    Extremes extremes(seed);
+    int plain = 0;
+    for (int round = 0; round < 3000; ++round) {
+        const ControlState c = extremes.State();
+        if (!AreBarsPlain(c)) continue;
+        ++plain;
+        for (const std::int32_t slot : {0, 1, c.Layout.VisibleBarCount / 2, c.Layout.VisibleBarCount - 1})
+            for (std::uint8_t state = 0; state < 3 && IsVisibleSlot(c, slot); ++state)
+                REQUIRE(NumberRaisedBy([&] { CheckBar(c, static_cast<std::int16_t>(slot), state); }) == 0);
+    }
+    CHECK(plain > 1000);
+    CHECK(plain < 3000);
+}
+
+TEST_CASE("bars are not plain without a record for each, or with a number far from usual") {
+    ControlState c = Row();
+    c.Tabs.Resize(3);
+    CHECK(AreBarsPlain(c));
+    c.Tabs.Resize(2);
+    CHECK_FALSE(AreBarsPlain(c));
+    c.Tabs.Resize(3);
+    c.Layout.FirstVisibleTab = -1;
+    CHECK_FALSE(AreBarsPlain(c));
+    c.Layout.FirstVisibleTab = 1;
+    c.SkinRects[Line0 + 2].Height = 1 << 20;
+    CHECK_FALSE(AreBarsPlain(c));
+    c.SkinRects[Line0 + 2].Height = 1;
+    c.Properties.BarWidth = 32767;
+    CHECK_FALSE(AreBarsPlain(c));
 }
