@@ -1,6 +1,7 @@
 #include "png/HuffmanTable.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace vantik {
 
@@ -26,6 +27,9 @@ std::uint32_t ReverseBits(std::uint32_t code) noexcept {
 // The share of the code space that `count` codes of this length take.
 std::uint32_t Share(std::uint32_t count, unsigned length) noexcept { return count << (16 - length); }
 
+// What one more probe of each symbol costs, as a share of the code space in symbols that are not found at once.
+constexpr std::uint32_t CostOfProbe = 1200;
+
 } // namespace
 
 void HuffmanTable::Erase() noexcept {
@@ -33,25 +37,27 @@ void HuffmanTable::Erase() noexcept {
     usedCount_ = longest_ = 0;
 }
 
-HuffmanTable::Entry HuffmanTable::FindElsewhere(std::uint64_t bits) const noexcept {
+// All lengths in turn, without leaving early: where the code is found is hard to predict too.
+HuffmanTable::Entry HuffmanTable::Find(std::uint64_t bits) const noexcept {
     const auto low = static_cast<std::uint32_t>(bits);
+    Entry found = 0;
     for (unsigned length = 1; length <= longest_; ++length) {
         const Entry entry = entries_[low & MaskOf(length)];
-        if ((entry & 0xFF) == length) return entry;
+        found = static_cast<std::uint8_t>(entry) == length ? entry : found;
     }
-    return 0;
+    return found;
 }
 
 bool HuffmanTable::Build(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings) {
     Erase();
     CollectUsed(lengths);
-    PerLength counts = {};
-    if (!Count(lengths, counts)) {
+    FirstCodes codes;
+    if (!AssignCodes(lengths, codes)) {
         usedCount_ = longest_ = 0;
         return false;
     }
-    ChooseWindow(counts);
-    Fill(lengths, meanings, counts);
+    ChooseWindow(codes);
+    Fill(lengths, meanings, codes);
     return true;
 }
 
@@ -65,48 +71,51 @@ void HuffmanTable::CollectUsed(std::span<const std::uint8_t> lengths) noexcept {
     usedCount_ = count;
 }
 
-// False when there are more codes than the code space has room for.
-bool HuffmanTable::Count(std::span<const std::uint8_t> lengths, PerLength& counts) noexcept {
+// Canonical codes: shorter ones first, equal lengths in the order of their symbols. False when there are more codes than
+// the code space has room for.
+bool HuffmanTable::AssignCodes(std::span<const std::uint8_t> lengths, FirstCodes& codes) noexcept {
     // Two counters per length: equal neighbours do not wait for each other.
-    std::array<PerLength, 2> halves = {};
-    for (unsigned i = 0; i < usedCount_; ++i) ++halves[i & 1][lengths[used_[i]]];
-    std::uint32_t taken = 0;
+    std::array<std::array<std::uint32_t, MaxLength + 1>, 2> counts = {};
+    for (unsigned i = 0; i < usedCount_; ++i) ++counts[i & 1][lengths[used_[i]]];
+    std::uint32_t next = 0;
+    std::uint32_t present = 0;
+#pragma GCC unroll 16
     for (unsigned length = 1; length <= MaxLength; ++length) {
-        counts[length] = halves[0][length] + halves[1][length];
-        taken += Share(counts[length], length);
-        if (counts[length]) longest_ = length;
+        const std::uint32_t count = counts[0][length] + counts[1][length];
+        codes[length] = next;
+        next += Share(count, length);
+        present |= std::uint32_t{count != 0} << length;
     }
-    return taken <= CodeSpace;
+    codes[MaxLength + 1] = next;
+    longest_ = static_cast<unsigned>(std::bit_width(present >> 1));
+    return next <= CodeSpace;
 }
 
-void HuffmanTable::ChooseWindow(const PerLength& counts) noexcept {
-    std::uint32_t most = 0;
-    for (unsigned start = 1; start <= LastWindowStart; ++start) {
-        std::uint32_t covered = 0;
-        for (unsigned length = start; length < start + WindowSize; ++length)
-            covered += Share(counts[length], length);
-        if (covered <= most) continue;
-        most = covered;
-        windowStart_ = start;
+// The cheapest one, found without branches: which one it is changes from table to table.
+void HuffmanTable::ChooseWindow(const FirstCodes& codes) noexcept {
+    std::uint32_t best = ~0u;
+#pragma GCC unroll 16
+    for (std::uint32_t i = 0; i < Windows.size(); ++i) {
+        const std::uint32_t covered = codes[Windows[i].Start + Windows[i].Size] - codes[Windows[i].Start];
+        const std::uint32_t cost = Windows[i].Size * CostOfProbe + CodeSpace - covered;
+        best = std::min(best, cost * 16 + i);
     }
-    for (unsigned i = 0; i < WindowSize; ++i) masks_[i] = MaskOf(windowStart_ + i);
+    window_ = best % 16;
 }
 
-// Canonical codes: shorter ones first, equal lengths in the order of their symbols.
 void HuffmanTable::Fill(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings,
-                        const PerLength& counts) {
-    PerLength next = {};
-    for (unsigned length = 1; length < MaxLength; ++length) {
-        next[length + 1] = next[length] + Share(counts[length], length);
-    }
-    const std::size_t size = std::size_t{1} << std::max(longest_, windowStart_ + WindowSize - 1);
+                        FirstCodes& next) {
+    const unsigned longestProbe = Windows[window_].Start + Windows[window_].Size - 1;
+    const std::size_t size = std::size_t{1} << std::max({longest_, longestProbe, 8u});
     if (entries_.size() < size) entries_.resize(size);
+    Entry* const entries = entries_.data();
     for (unsigned i = 0; i < usedCount_; ++i) {
         const std::size_t symbol = used_[i];
         const unsigned length = lengths[symbol];
-        const std::uint32_t index = ReverseBits(next[length]);
-        next[length] += Share(1, length);
-        entries_[index] = meanings[symbol] | length;
+        const std::uint32_t code = next[length];
+        next[length] = code + Share(1, length);
+        const std::uint32_t index = ReverseBits(code);
+        entries[index] = meanings[symbol] | length;
         used_[i] = static_cast<std::uint16_t>(index);
     }
 }

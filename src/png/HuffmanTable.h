@@ -23,71 +23,83 @@ public:
     // 0 is no entry.
     using Entry = std::uint32_t;
 
-    // How many lengths are tried at once, and the highest length that such a run may start with.
-    static constexpr unsigned WindowSize = 6;
-    static constexpr unsigned LastWindowStart = MaxLength + 1 - WindowSize;
+    // A run of lengths that are tried at once.
+    struct Window {
+        unsigned Start;
+        unsigned Size;
+    };
+
+    // Those that a table chooses from. Probing more lengths takes longer, but so does a symbol outside the window.
+    static constexpr std::array<Window, 14> Windows = {{{1, 6},
+                                                        {2, 6},
+                                                        {3, 6},
+                                                        {4, 6},
+                                                        {5, 6},
+                                                        {7, 6},
+                                                        {1, 8},
+                                                        {2, 8},
+                                                        {3, 8},
+                                                        {4, 8},
+                                                        {1, 10},
+                                                        {2, 10},
+                                                        {3, 10},
+                                                        {5, 10}}};
 
     // Code lengths of symbol 0, 1, ... and what each symbol means. False, and no codes, when the lengths promise more
     // codes than there are; a code with gaps is accepted.
     bool Build(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings);
 
     // The entry of the code that the bits begin with, 0 when no length matches.
-    Entry Find(std::uint64_t bits) const noexcept {
-        const auto low = static_cast<std::uint32_t>(bits);
-        const Entry entry =
-            ProbeWindow(entries_.data(), low, windowStart_, [this](unsigned i) { return masks_[i]; });
-        return entry != 0 ? entry : FindElsewhere(bits);
-    }
+    Entry Find(std::uint64_t bits) const noexcept;
 
-    // The same where the compiler knows the window: one that starts where the table's own does.
-    template <unsigned WindowStart>
-    Entry FindFrom(const Entry* entries, std::uint64_t bits) const noexcept {
-        const auto low = static_cast<std::uint32_t>(bits);
-        const Entry entry =
-            ProbeWindow(entries, low, WindowStart, [](unsigned i) { return MaskOf(WindowStart + i); });
+    // The same where the compiler knows the window. `entries` are the table's own.
+    template <unsigned Start, unsigned Size>
+    Entry FindWithin(const Entry* entries, std::uint64_t bits) const noexcept {
+        const Entry entry = ProbeWindow<Start, Size>(entries, static_cast<std::uint32_t>(bits));
         if (entry != 0) [[likely]]
             return entry;
-        return FindElsewhere(bits);
+        return Find(bits);
     }
 
     const Entry* Entries() const noexcept { return entries_.data(); }
     unsigned LongestCode() const noexcept { return longest_; }
-    unsigned WindowStart() const noexcept { return windowStart_; }
+    // Of Windows.
+    std::size_t ChosenWindow() const noexcept { return window_; }
 
 private:
-    using PerLength = std::array<std::uint32_t, MaxLength + 1>;
+    // The first code of every length, left-justified in 16 bits; behind them where the last code ends.
+    using FirstCodes = std::array<std::uint32_t, MaxLength + 2>;
 
     static constexpr std::uint32_t MaskOf(unsigned length) noexcept { return (1u << length) - 1; }
 
     // Two chains of selections that do not wait for each other.
-    template <class Masks>
-    static Entry ProbeWindow(const Entry* entries, std::uint32_t bits, unsigned start,
-                             Masks maskAt) noexcept {
+    template <unsigned Start, unsigned Size>
+    static Entry ProbeWindow(const Entry* entries, std::uint32_t bits) noexcept {
         Entry found[2] = {};
-#pragma GCC unroll 6
-        for (unsigned i = 0; i < WindowSize; ++i) {
-            const Entry entry = entries[bits & maskAt(i)];
-            found[i % 2] = static_cast<std::uint8_t>(entry) == start + i ? entry : found[i % 2];
+#pragma GCC unroll 16
+        for (unsigned i = 0; i < Size; ++i) {
+            const Entry entry = entries[bits & MaskOf(Start + i)];
+            found[i % 2] = static_cast<std::uint8_t>(entry) == Start + i ? entry : found[i % 2];
         }
-        return found[0] | found[1];
+        Entry both = found[0] | found[1];
+        // Else the compiler would join the last selection and the caller's test for 0 into a branch.
+        asm("" : "+r"(both));
+        return both;
     }
 
-    Entry FindElsewhere(std::uint64_t bits) const noexcept;
     void Erase() noexcept;
     void CollectUsed(std::span<const std::uint8_t> lengths) noexcept;
-    bool Count(std::span<const std::uint8_t> lengths, PerLength& counts) noexcept;
-    void Fill(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings,
-              const PerLength& counts);
-    void ChooseWindow(const PerLength& counts) noexcept;
+    bool AssignCodes(std::span<const std::uint8_t> lengths, FirstCodes& codes) noexcept;
+    void ChooseWindow(const FirstCodes& codes) noexcept;
+    void Fill(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings, FirstCodes& next);
 
     // 0 wherever no code of the present table stands; large enough for every probe of the window.
     std::vector<Entry> entries_;
     // The symbols that have a code; once the table is filled, where their codes stand, so that they can be erased.
-    std::array<std::uint16_t, MaxSymbols + 1> used_ = {};
+    std::array<std::uint16_t, MaxSymbols + 1> used_;
     unsigned usedCount_ = 0;
     unsigned longest_ = 0;
-    unsigned windowStart_ = 1;
-    std::array<std::uint32_t, WindowSize> masks_ = {};
+    std::size_t window_ = 0;
 };
 
 } // namespace vantik

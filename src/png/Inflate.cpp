@@ -17,12 +17,20 @@ constexpr std::size_t Slack = 258 + 32;
 constexpr std::int32_t AllowedExcess = 100;
 
 template <std::size_t Width>
+inline void CopyBlock(std::uint8_t* to, const std::uint8_t* from) noexcept {
+    std::memcpy(to, from, Width);
+}
+
+// The first blocks are copied whatever the length: most matches are short, and how often a loop turns is hard to predict.
+template <std::size_t Width>
 inline void CopyWide(std::uint8_t* to, const std::uint8_t* from, const std::uint8_t* end) noexcept {
-    do {
-        std::memcpy(to, from, Width);
-        to += Width;
-        from += Width;
-    } while (to < end);
+#pragma GCC unroll 4
+    for (std::size_t i = 0; i < 32; i += Width) CopyBlock<Width>(to + i, from + i);
+    while ((to += 32) < end) [[unlikely]] {
+            from += 32;
+#pragma GCC unroll 4
+            for (std::size_t i = 0; i < 32; i += Width) CopyBlock<Width>(to + i, from + i);
+        }
 }
 
 // A pattern of `distance` bytes, at most 8, repeated over a word, and how far such words may stand apart.
@@ -44,14 +52,14 @@ inline void RepeatPattern(std::uint8_t* to, std::size_t distance, const std::uin
     std::uint64_t word;
     std::memcpy(&word, to - distance, sizeof word);
     word = (word & ((std::uint64_t{1} << 8 * distance) - 1)) * Patterns[distance].Repeat;
-    const unsigned step = Patterns[distance].Step;
+    const std::size_t step = Patterns[distance].Step;
     do {
-        std::memcpy(to, &word, sizeof word);
-        to += step;
+#pragma GCC unroll 4
+        for (int i = 0; i < 4; ++i, to += step) std::memcpy(to, &word, sizeof word);
     } while (to < end);
 }
 
-// May write up to 15 bytes behind the end.
+// May write up to 31 bytes behind the end.
 inline void CopyMatch(std::uint8_t* to, std::size_t distance, std::uint32_t length) noexcept {
     const std::uint8_t* const from = to - distance;
     std::uint8_t* const end = to + length;
@@ -87,8 +95,6 @@ void Inflater::End() noexcept {
     output_ = {};
     position_ = 0;
     phase_ = Phase::Ended;
-    codeLengths_ = {};
-    dynamic_ = {};
 }
 
 void Inflater::Inflate(std::vector<std::uint8_t>& data, std::int32_t& expectedSize, bool deflate64,
@@ -169,20 +175,54 @@ void Inflater::ReadDynamicTables() {
     tables_ = &dynamic_;
 }
 
-// A length, the length before again, or a run of zeros, all in the same steps: eight copies are stored whatever the
-// number of repeats. Only zeros are repeated more often, and behind those eight there are zeros already.
-void Inflater::ReadCodeLengths(std::uint8_t* lengths, unsigned count) {
-    std::uint32_t previous = 0;
-    for (unsigned at = 0; at < count;) {
-        const HuffmanTable::Entry entry = DecodeEntry(codeLengths_);
+namespace {
+
+// Writes code lengths one after the other.
+class LengthWriter {
+public:
+    LengthWriter(std::uint8_t* lengths, unsigned count) : lengths_(lengths), count_(count) {}
+
+    bool IsFull() const noexcept { return at_ >= count_; }
+
+    // A length, the length before again, or a run of zeros, all in the same steps: eight copies are stored whatever the
+    // number of repeats. Only zeros are repeated more often, and behind those eight there are zeros already.
+    void Write(HuffmanTable::Entry entry, std::uint32_t extra) {
         const bool repeatsPrevious = (entry & meaning::RepeatPrevious) != 0;
-        if (repeatsPrevious && at == 0) throw BrokenStream{inflate_result::NothingToRepeat};
-        const unsigned times = (meaning::Value(entry) >> 8) + bits_.Get(meaning::ExtraBits(entry));
-        if (at + times > count) throw BrokenStream{inflate_result::RepeatTooLong};
-        previous = repeatsPrevious ? previous : meaning::Value(entry) & 0xFF;
-        const std::uint64_t copies = previous * 0x0101010101010101u;
-        std::memcpy(lengths + at, &copies, sizeof copies);
-        at += times;
+        if (repeatsPrevious && at_ == 0) throw BrokenStream{inflate_result::NothingToRepeat};
+        const unsigned times = (meaning::Value(entry) >> 8) + extra;
+        if (at_ + times > count_) throw BrokenStream{inflate_result::RepeatTooLong};
+        previous_ = repeatsPrevious ? previous_ : meaning::Value(entry) & 0xFF;
+        const std::uint64_t copies = previous_ * 0x0101010101010101u;
+        std::memcpy(lengths_ + at_, &copies, sizeof copies);
+        at_ += times;
+    }
+
+private:
+    std::uint8_t* const lengths_;
+    const unsigned count_;
+    unsigned at_ = 0;
+    std::uint32_t previous_ = 0;
+};
+
+} // namespace
+
+void Inflater::ReadCodeLengths(std::uint8_t* lengths, unsigned count) {
+    LengthWriter writer(lengths, count);
+    BitReader::Registers bits = bits_.Load();
+    const HuffmanTable::Entry* const entries = codeLengths_.Entries();
+    while (!writer.IsFull() && bits.Next <= bits.Safe) {
+        bits.Refill();
+        for (int i = 0; i < 4 && !writer.IsFull(); ++i) {
+            const HuffmanTable::Entry entry = codeLengths_.FindWithin<1, 7>(entries, bits.Bits);
+            if (entry == 0) throw BrokenStream{inflate_result::Broken};
+            bits.DropCode(entry);
+            writer.Write(entry, bits.Get(meaning::ExtraBits(entry)));
+        }
+    }
+    bits_.Store(bits);
+    while (!writer.IsFull()) {
+        const HuffmanTable::Entry entry = DecodeEntry(codeLengths_);
+        writer.Write(entry, bits_.Get(meaning::ExtraBits(entry)));
     }
 }
 
@@ -194,15 +234,15 @@ HuffmanTable::Entry Inflater::DecodeEntry(const HuffmanTable& table) {
     return entry;
 }
 
-template <unsigned... WindowStarts>
-void Inflater::ChooseDecodeFast(std::size_t produced, std::integer_sequence<unsigned, WindowStarts...>) {
-    static constexpr void (Inflater::*Variants[])(std::size_t) = {&Inflater::DecodeFast<WindowStarts + 1>...};
-    (this->*Variants[tables_->Literals.WindowStart() - 1])(produced);
+template <std::size_t... Windows>
+void Inflater::ChooseDecodeFast(std::size_t produced, std::index_sequence<Windows...>) {
+    static constexpr void (Inflater::*Variants[])(std::size_t) = {&Inflater::DecodeFast<Windows>...};
+    (this->*Variants[tables_->Literals.ChosenWindow()])(produced);
 }
 
 void Inflater::DecodeSymbols(std::size_t produced) {
     if (bits_.IsFarFromEnd() && position_ + 3 <= limit_ && !isDeflate64_) {
-        ChooseDecodeFast(produced, std::make_integer_sequence<unsigned, HuffmanTable::LastWindowStart>());
+        ChooseDecodeFast(produced, std::make_index_sequence<HuffmanTable::Windows.size()>());
     }
     DecodeCarefully(produced);
 }
@@ -254,10 +294,13 @@ void Inflater::CutAtLimit() noexcept {
 
 // Up to three literals and one match a turn; ends near the end of the input or of the output, at the end of the block,
 // and when there is enough output. At its top: position < produced, position + 2 <= limit, input far from its end.
-template <unsigned WindowStart>
+template <std::size_t Window>
 void Inflater::DecodeFast(std::size_t produced) {
+    constexpr unsigned Start = HuffmanTable::Windows[Window].Start;
+    constexpr unsigned Size = HuffmanTable::Windows[Window].Size;
     const Tables& tables = *tables_;
     const HuffmanTable::Entry* const literals = tables.Literals.Entries();
+    const HuffmanTable::Entry* const distances = tables.Distances.Entries();
     BitReader::Registers bits = bits_.Load();
     std::uint8_t* const start = output_.data();
     std::uint8_t* out = start + position_;
@@ -270,15 +313,15 @@ void Inflater::DecodeFast(std::size_t produced) {
 
     while (out < stop && bits.Next <= bits.Safe) {
         bits.Refill();
-        HuffmanTable::Entry entry = tables.Literals.FindFrom<WindowStart>(literals, bits.Bits);
+        HuffmanTable::Entry entry = tables.Literals.FindWithin<Start, Size>(literals, bits.Bits);
         bits.DropCode(entry);
         if (entry & meaning::Literal) {
             *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
-            entry = tables.Literals.FindFrom<WindowStart>(literals, bits.Bits);
+            entry = tables.Literals.FindWithin<Start, Size>(literals, bits.Bits);
             bits.DropCode(entry);
             if (entry & meaning::Literal) {
                 *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
-                entry = tables.Literals.FindFrom<WindowStart>(literals, bits.Bits);
+                entry = tables.Literals.FindWithin<Start, Size>(literals, bits.Bits);
                 bits.DropCode(entry);
                 if (entry & meaning::Literal) {
                     *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
@@ -293,7 +336,7 @@ void Inflater::DecodeFast(std::size_t produced) {
             throw BrokenStream{inflate_result::Broken};
         }
         const std::uint32_t length = meaning::Value(entry) + bits.Get(meaning::ExtraBits(entry));
-        entry = tables.Distances.Find(bits.Bits);
+        entry = tables.Distances.FindWithin<1, 8>(distances, bits.Bits);
         bits.DropCode(entry);
         if (entry == 0 || (entry & meaning::Reserved)) [[unlikely]] {
             leave();

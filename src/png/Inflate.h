@@ -57,9 +57,9 @@ private:
     void EndBlock() noexcept;
 
     void DecodeSymbols(std::size_t produced);
-    template <unsigned... WindowStarts>
-    void ChooseDecodeFast(std::size_t produced, std::integer_sequence<unsigned, WindowStarts...>);
-    template <unsigned WindowStart>
+    template <std::size_t... Windows>
+    void ChooseDecodeFast(std::size_t produced, std::index_sequence<Windows...>);
+    template <std::size_t Window>
     void DecodeFast(std::size_t produced);
     void DecodeCarefully(std::size_t produced);
     void DecodeOneCarefully();

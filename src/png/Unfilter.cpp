@@ -1,11 +1,10 @@
 #include "png/Unfilter.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <cstring>
-#include <vector>
 
+#include "png/ByteBuffer.h"
 #include "png/UnfilterPixels.h"
 
 namespace vantik {
@@ -58,15 +57,15 @@ constexpr std::size_t BandSize = 32 * 1024;
 class ImageUnfilter {
 public:
     ImageUnfilter(RawScanlines& raw, const FilteredImage& image, RowTarget target)
-        : raw_(raw), image_(image), target_(target), stored_(image.RowSize + 1) {
-        prior_.resize(image.RowSize + RowSlack);
-        if (!image.SwapsRedBlue) return;
-        for (auto& row : swapped_) row.resize(image.RowSize + RowSlack);
-    }
+        : raw_(raw),
+          image_(image),
+          target_(target),
+          stored_(image.RowSize + 1),
+          spareRows_(ByteBuffer::Zeroed((image.SwapsRedBlue ? 3 : 1) * SpareRowSize())) {}
 
     void Run() {
         const auto rowsPerBand = static_cast<std::int64_t>(std::max<std::size_t>(1, BandSize / stored_));
-        const Byte* prior = prior_.data(); // zeros above the first row
+        const Byte* prior = spareRows_.data(); // zeros above the first row
         for (std::int64_t y = 0; y < image_.Height;) {
             const std::int64_t end = std::min(y + rowsPerBand, image_.Height);
             const Byte* scanlines = raw_.UpTo(static_cast<std::size_t>(end) * stored_);
@@ -99,16 +98,18 @@ private:
 
     const Byte* Filtered(const Byte* scanline, std::size_t spare) {
         if (!image_.SwapsRedBlue) return scanline + 1;
-        SwapRedBlue(scanline + 1, swapped_[spare].data(), image_.RowSize, image_.BytesPerPixel);
-        return swapped_[spare].data();
+        Byte* const swapped = spareRows_.data() + (1 + spare) * SpareRowSize();
+        SwapRedBlue(scanline + 1, swapped, image_.RowSize, image_.BytesPerPixel);
+        return swapped;
     }
+
+    std::size_t SpareRowSize() const noexcept { return image_.RowSize + RowSlack; }
 
     RawScanlines& raw_;
     const FilteredImage& image_;
     const RowTarget target_;
     const std::size_t stored_; // size of a scanline with its filter byte
-    std::vector<Byte> prior_;
-    std::array<std::vector<Byte>, 2> swapped_;
+    ByteBuffer spareRows_;     // of zeros, and two for filtered rows with their channels swapped
 };
 
 } // namespace
