@@ -2,16 +2,15 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "base/Numbers.h"
 #include "base/RunTimeError.h"
 #include "png/ByteSource.h"
 #include "png/Composite.h"
 #include "png/FilePath.h"
 #include "png/PngReader.h"
+#include "tools/pngprobe/CommandLine.h"
 #include "tools/pngprobe/PixelExport.h"
 
 namespace vantik {
@@ -25,16 +24,10 @@ constexpr int WrongUsage = 2;
 constexpr char Usage[] =
     "usage: pngprobe FILE\n"
     "       pngprobe FILE --rgba OUT                     the decoded picture as raw RGBA, top row first\n"
-    "       pngprobe FILE --over RRGGBB [--style N] OUT  mixed with a plain colour, as raw RGB\n"
+    "       pngprobe FILE --over RRGGBB [--style N] OUT  mixed with a plain colour, as raw RGB, top row "
+    "first\n"
+    "FILE may stand behind the options as well.\n"
     "Exit code 0 when a picture came out, 1 when not, 2 for wrong usage.\n";
-
-struct Options {
-    std::u16string File;
-    std::u16string Output;
-    bool WritesRgba = false;
-    std::optional<std::uint32_t> Over; // 0xRRGGBB
-    std::uint8_t Style = 3;
-};
 
 class PlainColour final : public BackgroundSource {
 public:
@@ -54,42 +47,6 @@ public:
 private:
     const std::uint32_t rgb_;
 };
-
-// Raises for what is no number, so that main can answer with the usage.
-std::uint32_t ParseColour(const std::u16string& text) {
-    if (text.size() != 6) Raise(RunTimeErrorNumber::TypeMismatch);
-    return static_cast<std::uint32_t>(ToInteger32(u"&H" + text));
-}
-
-std::uint8_t ParseStyle(const std::u16string& text) {
-    const std::int32_t style = ToInteger32(text);
-    if (style < 0 || style > 255) Raise(RunTimeErrorNumber::Overflow);
-    return static_cast<std::uint8_t>(style);
-}
-
-std::optional<Options> ParseArguments(const std::vector<std::u16string>& arguments) try {
-    Options options;
-    std::vector<std::u16string> plain;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::u16string& argument = arguments[i];
-        if (argument == u"--rgba") {
-            options.WritesRgba = true;
-        } else if (argument == u"--over") {
-            options.Over = ParseColour(arguments.at(++i));
-        } else if (argument == u"--style") {
-            options.Style = ParseStyle(arguments.at(++i));
-        } else {
-            plain.push_back(argument);
-        }
-    }
-    const bool writes = options.WritesRgba || options.Over;
-    if (plain.size() != (writes ? 2u : 1u) || (options.WritesRgba && options.Over)) return std::nullopt;
-    options.File = plain[0];
-    if (writes) options.Output = plain[1];
-    return options;
-} catch (const std::exception&) {
-    return std::nullopt;
-}
 
 // Line by line; characters 0 and other controls are shown as \0 and the like.
 std::string Printable(const std::u16string& text) {
@@ -161,7 +118,7 @@ int Probe(const Options& options) {
 }
 
 int Run(const std::vector<std::u16string>& arguments) try {
-    const auto options = ParseArguments(arguments);
+    const auto options = ParseCommandLine(arguments);
     if (options) return Probe(*options);
     std::fputs(Usage, stderr);
     return WrongUsage;
