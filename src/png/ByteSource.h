@@ -2,12 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
-#include <vector>
+
+#include "png/ByteBuffer.h"
+#include "png/ReadableFile.h"
 
 namespace vantik {
 
@@ -52,21 +52,17 @@ public:
     std::int64_t Size() const override { return size_; }
 
 private:
-    struct Closer {
-        void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-    };
-    using Handle = std::unique_ptr<std::FILE, Closer>;
+    explicit FileSource(ReadableFile file);
 
-    static Handle Open(const std::u16string& path) noexcept;
-    explicit FileSource(Handle file);
-
+    void FillBuffer();
     std::size_t ReadBuffered(std::span<std::uint8_t> target);
 
-    Handle file_;
+    ReadableFile file_; // closed as soon as all of it is in the buffer
     std::int64_t size_ = 0;
     std::int64_t position_ = 0; // never behind the end
-    std::vector<std::uint8_t> buffer_;
-    std::size_t used_ = 0; // how much of the buffer was handed out
+    ByteBuffer buffer_;
+    std::size_t buffered_ = 0; // how much of the file the buffer holds
+    std::size_t used_ = 0;     // how much of that was handed out
 };
 
 } // namespace vantik

@@ -12,8 +12,15 @@ namespace vantik {
 
 namespace CBitmap {
 
-// The new handle; null when the bitmap cannot be created.
-HBITMAP BuildDIB(const DibImage& image) noexcept;
+// Each for pictures of its depth. The new handle; null when the bitmap cannot be created.
+HBITMAP BuildDIB1(const DibImage& image) noexcept;
+HBITMAP BuildDIB4(const DibImage& image) noexcept;
+HBITMAP BuildDIB8(const DibImage& image) noexcept;
+HBITMAP BuildDIB24or32(const DibImage& image) noexcept;
+
+// Draws the picture without a bitmap, where that gives the same as copying a bitmap of it; false, and nothing drawn, where
+// it does not. Selecting a bitmap costs some systems more than all the rest of drawing an icon.
+bool DrawRows(const DibImage& image, HDC target, std::int32_t x, std::int32_t y) noexcept;
 
 HBITMAP Handle() noexcept;
 

@@ -1,26 +1,29 @@
 #include "png/DeviceBackground.h"
 
+#include <cstring>
+
 #include "gfx/Handles.h"
 
 namespace vantik {
 
+// Copied straight into rows of the wanted layout: a bitmap of the device's own kind would have to be converted afterwards,
+// and selecting one makes the system look up the display.
 void DeviceBackground::ReadRows(std::int32_t width, std::int32_t height,
                                 std::span<std::uint8_t> rows) noexcept {
     if (!dc_) return;
-    const OwnedBitmap copy(CreateCompatibleBitmap(dc_, width, height));
-    const MemoryDC memory(CreateCompatibleDC(dc_));
-    {
-        const Selection selected = Select(memory.Get(), copy.Get());
-        if (!BitBlt(memory.Get(), 0, 0, width, height, dc_, x_, y_, SRCCOPY)) return;
-    }
     BITMAPINFO information = {};
     information.bmiHeader.biSize = sizeof information.bmiHeader;
     information.bmiHeader.biWidth = width;
     information.bmiHeader.biHeight = height;
     information.bmiHeader.biPlanes = 1;
     information.bmiHeader.biBitCount = 24;
-    GetDIBits(memory.Get(), copy.Get(), 0, static_cast<UINT>(height), rows.data(), &information,
-              DIB_RGB_COLORS);
+    void* copied = nullptr;
+    const OwnedBitmap copy(CreateDIBSection(nullptr, &information, DIB_RGB_COLORS, &copied, nullptr, 0));
+    const MemoryDC memory(CreateCompatibleDC(dc_));
+    const Selection selected = Select(memory.Get(), copy.Get());
+    if (!BitBlt(memory.Get(), 0, 0, width, height, dc_, x_, y_, SRCCOPY)) return;
+    GdiFlush();
+    if (copied) std::memcpy(rows.data(), copied, rows.size());
 }
 
 } // namespace vantik

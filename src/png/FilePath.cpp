@@ -1,6 +1,5 @@
 #include "png/FilePath.h"
 
-#include <cerrno>
 #include <cstdint>
 #include <new>
 
@@ -68,21 +67,12 @@ const wchar_t* AsWideText(const std::u16string& text) noexcept {
 
 } // namespace
 
-std::FILE* OpenToRead(const std::u16string& path) noexcept { return _wfopen(AsWideText(path), L"rb"); }
-
 bool IsFolder(const std::u16string& path) noexcept {
     struct _stat64 status = {};
     return _wstat64(AsWideText(path), &status) == 0 && (status.st_mode & _S_IFDIR) != 0;
 }
 
 #else
-
-std::FILE* OpenToRead(const std::u16string& path) noexcept try {
-    return std::fopen(ToUtf8(path).c_str(), "rb");
-} catch (const std::bad_alloc&) {
-    errno = ENOMEM;
-    return nullptr;
-}
 
 bool IsFolder(const std::u16string& path) noexcept try {
     struct stat status = {};

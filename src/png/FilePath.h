@@ -1,14 +1,10 @@
 // Files under UTF-16 paths, by the C library alone: Windows has wide functions, elsewhere paths are UTF-8.
 #pragma once
 
-#include <cstdio>
 #include <string>
 #include <string_view>
 
 namespace vantik {
-
-// Null with errno set when the file cannot be opened.
-std::FILE* OpenToRead(const std::u16string& path) noexcept;
 
 bool IsFolder(const std::u16string& path) noexcept;
 bool FolderOfPathExists(const std::u16string& path) noexcept;

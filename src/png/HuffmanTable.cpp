@@ -48,7 +48,7 @@ HuffmanTable::Entry HuffmanTable::Find(std::uint64_t bits) const noexcept {
     return found;
 }
 
-bool HuffmanTable::Build(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings) {
+bool HuffmanTable::BuildTable(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings) {
     Erase();
     CollectUsed(lengths);
     FirstCodes codes;

@@ -47,7 +47,7 @@ public:
 
     // Code lengths of symbol 0, 1, ... and what each symbol means. False, and no codes, when the lengths promise more
     // codes than there are; a code with gaps is accepted.
-    bool Build(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings);
+    bool BuildTable(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings);
 
     // The entry of the code that the bits begin with, 0 when no length matches.
     Entry Find(std::uint64_t bits) const noexcept;

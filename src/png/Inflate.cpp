@@ -149,8 +149,8 @@ void Inflater::UseFixedTables() {
         std::array<std::uint8_t, DistanceSymbols> distanceLengths;
         distanceLengths.fill(5);
         fixed_.emplace();
-        fixed_->Literals.Build(lengths, LiteralMeanings);
-        fixed_->Distances.Build(distanceLengths, DistanceMeanings);
+        fixed_->Literals.BuildTable(lengths, LiteralMeanings);
+        fixed_->Distances.BuildTable(distanceLengths, DistanceMeanings);
     }
     tables_ = &*fixed_;
 }
@@ -163,13 +163,13 @@ void Inflater::ReadDynamicTables() {
     for (unsigned i = 0; i < codeLengthCount; ++i) {
         codeLengths[CodeLengthOrder[i]] = static_cast<std::uint8_t>(bits_.Get(3));
     }
-    if (!codeLengths_.Build(codeLengths, CodeLengthMeanings)) throw BrokenStream{inflate_result::Broken};
+    if (!codeLengths_.BuildTable(codeLengths, CodeLengthMeanings)) throw BrokenStream{inflate_result::Broken};
 
     std::array<std::uint8_t, LiteralSymbols + DistanceSymbols + sizeof(std::uint64_t)> lengths = {};
     ReadCodeLengths(lengths.data(), literalCount + distanceCount);
     const std::span all(lengths);
-    if (!dynamic_.Literals.Build(all.first(literalCount), LiteralMeanings) ||
-        !dynamic_.Distances.Build(all.subspan(literalCount, distanceCount), DistanceMeanings)) {
+    if (!dynamic_.Literals.BuildTable(all.first(literalCount), LiteralMeanings) ||
+        !dynamic_.Distances.BuildTable(all.subspan(literalCount, distanceCount), DistanceMeanings)) {
         throw BrokenStream{inflate_result::Broken};
     }
     tables_ = &dynamic_;

@@ -9,6 +9,19 @@
 
 namespace vantik {
 
+namespace {
+
+HBITMAP BuildBitmap(const DibImage& image) noexcept {
+    switch (image.BitCount) {
+    case 1: return CBitmap::BuildDIB1(image);
+    case 4: return CBitmap::BuildDIB4(image);
+    case 8: return CBitmap::BuildDIB8(image);
+    default: return CBitmap::BuildDIB24or32(image);
+    }
+}
+
+} // namespace
+
 void LoadPNG::SetOwnBkgndColor(Boolean OwnBkgndOn, std::int32_t BackColor) noexcept {
     ownBackgroundOn_ = OwnBkgndOn;
     ownBackgroundColour_ = BackColor;
@@ -52,7 +65,8 @@ void LoadPNG::DecodeImage() {
         DeviceBackground background(backgroundDC_, backgroundX_, backgroundY_);
         Composite(image, style_, &background);
     }
-    BlitToPicBox(CBitmap::BuildDIB(image));
+    const HBITMAP bitmap = BuildBitmap(image);
+    if (bitmap && !CBitmap::DrawRows(image, picBox_, destinationX_, destinationY_)) BlitToPicBox(bitmap);
 }
 
 void LoadPNG::BlitToPicBox(HBITMAP bitmap) const noexcept {

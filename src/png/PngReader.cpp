@@ -33,10 +33,7 @@ void PngReader::TakeChunk(std::uint32_t name, ByteView data) {
     case ChunkName("IHDR"): png_.Header = ParseHeader(data); break;
     case ChunkName("PLTE"): png_.Palette.assign(data.begin(), data.end()); break;
     case ChunkName("IDAT"): png_.ImageData.insert(png_.ImageData.end(), data.begin(), data.end()); break;
-    case ChunkName("bKGD"):
-        png_.BackgroundColour = BackgroundColourOf(data, png_.Header, png_.Palette);
-        png_.HasBackground = true;
-        break;
+    case ChunkName("bKGD"): ApplyBackgroundChunk(data); break;
     case ChunkName("gAMA"): png_.Gamma = BigEndianLong(data, 0); break;
     case ChunkName("tEXt"): png_.Text += DecodeText(data); break;
     case ChunkName("zTXt"): png_.CompressedText += InflateTextChunk(data, inflater_); break;
@@ -47,6 +44,11 @@ void PngReader::TakeChunk(std::uint32_t name, ByteView data) {
         break;
     default: break; // all others, critical ones too, are skipped
     }
+}
+
+void PngReader::ApplyBackgroundChunk(ByteView data) {
+    png_.BackgroundColour = BackgroundColourOf(data, png_.Header, png_.Palette);
+    png_.HasBackground = true;
 }
 
 DibImage PngReader::Decode(const ConversionSettings& settings) {

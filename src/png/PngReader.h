@@ -34,6 +34,7 @@ public:
 private:
     bool ReadChunks(ByteSource& source);
     void TakeChunk(std::uint32_t name, ByteView data);
+    void ApplyBackgroundChunk(ByteView data);
     bool Fail(std::int32_t errorNumber) noexcept;
 
     PngContents png_;

@@ -163,6 +163,44 @@ TEST_CASE("the background comes from the position of SetToBkgrnd, not from the d
     DropBitmap();
 }
 
+TEST_CASE("a context that scales gets a scaled picture") {
+    const Bytes rows = {0, 255, 0, 0, 0, 255, 0, 0, 0, 0, 255, 9, 8, 7};
+    const Bytes file = PngBytes().Header({.Width = 2, .Height = 2, .ColourType = 2}).StoredImage(rows).End();
+    const Pixels before = Patterned(Extent, Extent, 4);
+    TestSurface target(before);
+    SetMapMode(target.DC(), MM_ANISOTROPIC);
+    SetWindowExtEx(target.DC(), 1, 1, nullptr);
+    SetViewportExtEx(target.DC(), 3, 2, nullptr);
+    LoadPNG png;
+    png.PicBox(target.DC());
+    png.SetDstXY(4, 5);
+    Open(png, file);
+    DropBitmap();
+    Pixels expected = before;
+    const std::uint32_t colours[2][2] = {{0xFF0000, 0x00FF00}, {0x0000FF, 0x090807}};
+    for (std::int32_t y = 0; y < 4; ++y) {
+        for (std::int32_t x = 0; x < 6; ++x) expected.Set(12 + x, 10 + y, colours[y / 2][x / 3]);
+    }
+    CHECK(Difference(target.Read(), expected) == "same");
+}
+
+TEST_CASE("a context of two colours gets the picture in its two colours") {
+    // What is white stays white, all else turns black.
+    const Bytes rows = {0, 255, 255, 255, 254, 255, 255, 0, 0, 0, 90, 80, 200};
+    const Bytes file = PngBytes().Header({.Width = 4, .Height = 1, .ColourType = 2}).StoredImage(rows).End();
+    const MemoryDC memory(CreateCompatibleDC(nullptr));
+    const OwnedBitmap bitmap(CreateBitmap(8, 1, 1, 1, nullptr));
+    const Selection selected = Select(memory.Get(), bitmap.Get());
+    PatBlt(memory.Get(), 0, 0, 8, 1, BLACKNESS);
+    LoadPNG png;
+    png.PicBox(memory.Get());
+    Open(png, file);
+    DropBitmap();
+    std::string drawn;
+    for (int x = 0; x < 4; ++x) drawn += GetPixel(memory.Get(), x, 0) == 0xFFFFFF ? 'w' : 'b';
+    CHECK(drawn == "wbbb");
+}
+
 TEST_CASE("without a background context an icon is mixed with black, whatever SetOwnBkgndColor was given") {
     const AlphaPicture picture;
     const Bytes file = picture.File();
