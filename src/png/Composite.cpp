@@ -67,6 +67,7 @@ void MixRow(const std::uint8_t* pixel, std::uint8_t* background, std::int32_t wi
             ChannelOffsets from) noexcept {
     for (std::int32_t x = 0; x < width; ++x, pixel += 4, background += 3) {
         const unsigned alpha = pixel[3];
+        if (alpha == 0) continue; // most icons have nothing around them
         background[0] = MixChannel(pixel[from.Blue], background[0], alpha);
         background[1] = MixChannel(pixel[from.Green], background[1], alpha);
         background[2] = MixChannel(pixel[from.Red], background[2], alpha);

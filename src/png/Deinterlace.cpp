@@ -111,6 +111,23 @@ private:
     std::vector<std::uint8_t> samples_;
 };
 
+// The first sample is in the highest bits.
+template <unsigned Bits>
+constexpr std::uint8_t SampleOf(std::uint8_t packed, unsigned index) noexcept {
+    return static_cast<std::uint8_t>(packed >> (8 - Bits - index * Bits) & ((1u << Bits) - 1));
+}
+
+// Whole bytes first, whose samples all have a fixed place.
+template <unsigned Bits>
+void SplitBytes(const std::uint8_t* packed, std::uint8_t* samples, std::size_t count) noexcept {
+    constexpr unsigned PerByte = 8 / Bits;
+    for (; count >= PerByte; count -= PerByte, ++packed, samples += PerByte) {
+#pragma GCC unroll 8
+        for (unsigned i = 0; i < PerByte; ++i) samples[i] = SampleOf<Bits>(*packed, i);
+    }
+    for (unsigned i = 0; i < count; ++i) samples[i] = SampleOf<Bits>(*packed, i);
+}
+
 } // namespace
 
 std::int64_t PassWidth(std::int32_t width, const char* columns) noexcept {
@@ -124,11 +141,10 @@ std::int64_t PassWidth(std::int32_t width, const char* columns) noexcept {
 
 void SplitBits(const std::uint8_t* packed, std::uint8_t* samples, std::size_t count,
                std::int32_t bits) noexcept {
-    const unsigned width = static_cast<unsigned>(bits);
-    const unsigned mask = (1u << width) - 1;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t bit = i * width;
-        samples[i] = static_cast<std::uint8_t>(packed[bit / 8] >> (8 - width - bit % 8) & mask);
+    switch (bits) {
+    case 1: return SplitBytes<1>(packed, samples, count);
+    case 2: return SplitBytes<2>(packed, samples, count);
+    default: SplitBytes<4>(packed, samples, count);
     }
 }
 
