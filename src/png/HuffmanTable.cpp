@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace vantik {
 
@@ -107,7 +108,9 @@ void HuffmanTable::Fill(std::span<const std::uint8_t> lengths, std::span<const E
                         FirstCodes& next) {
     const unsigned longestProbe = Windows[window_].Start + Windows[window_].Size - 1;
     const std::size_t size = std::size_t{1} << std::max({longest_, longestProbe, 8u});
+    const unsigned count = std::exchange(usedCount_, 0); // nothing to erase when there is no memory
     if (entries_.size() < size) entries_.resize(size);
+    usedCount_ = count;
     Entry* const entries = entries_.data();
     for (unsigned i = 0; i < usedCount_; ++i) {
         const std::size_t symbol = used_[i];

@@ -30,20 +30,20 @@ public:
     };
 
     // Those that a table chooses from. Probing more lengths takes longer, but so does a symbol outside the window.
-    static constexpr std::array<Window, 14> Windows = {{{1, 6},
-                                                        {2, 6},
-                                                        {3, 6},
-                                                        {4, 6},
-                                                        {5, 6},
-                                                        {7, 6},
-                                                        {1, 8},
-                                                        {2, 8},
-                                                        {3, 8},
-                                                        {4, 8},
-                                                        {1, 10},
-                                                        {2, 10},
-                                                        {3, 10},
-                                                        {5, 10}}};
+    static constexpr auto Windows = std::to_array<Window>({{1, 6},
+                                                           {2, 6},
+                                                           {3, 6},
+                                                           {4, 6},
+                                                           {5, 6},
+                                                           {7, 6},
+                                                           {1, 8},
+                                                           {2, 8},
+                                                           {3, 8},
+                                                           {4, 8},
+                                                           {1, 10},
+                                                           {2, 10},
+                                                           {3, 10},
+                                                           {5, 10}});
 
     // Code lengths of symbol 0, 1, ... and what each symbol means. False, and no codes, when the lengths promise more
     // codes than there are; a code with gaps is accepted.

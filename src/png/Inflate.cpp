@@ -148,9 +148,10 @@ void Inflater::UseFixedTables() {
         }
         std::array<std::uint8_t, DistanceSymbols> distanceLengths;
         distanceLengths.fill(5);
-        fixed_.emplace();
-        fixed_->Literals.BuildTable(lengths, LiteralMeanings);
-        fixed_->Distances.BuildTable(distanceLengths, DistanceMeanings);
+        Tables built; // kept when both are whole only
+        built.Literals.BuildTable(lengths, LiteralMeanings);
+        built.Distances.BuildTable(distanceLengths, DistanceMeanings);
+        fixed_ = std::move(built);
     }
     tables_ = &*fixed_;
 }

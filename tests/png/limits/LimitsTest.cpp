@@ -160,4 +160,23 @@ TEST_CASE("whichever allocation fails, error 7 comes back and nothing leaks") {
     }
 }
 
+TEST_CASE("a reader that ran out of memory reads the same picture well afterwards") {
+    for (const Bytes& png : TenPictures()) {
+        const Bytes expected = ToRgba(DecodePng(png, Everything));
+        int raised = 7;
+        for (long number = 0; raised != 0; ++number) {
+            PngReader reader;
+            const auto decode = [&] {
+                MemorySource source(png);
+                return reader.Read(source) ? reader.Decode(Everything) : DibImage();
+            };
+            allocations::FailAt(number);
+            raised = NumberRaisedBy([&] { decode(); });
+            allocations::FailNone();
+            CHECK(ToRgba(decode()) == expected);
+            if (number > 1000) FAIL("the decoder never gets through");
+        }
+    }
+}
+
 } // namespace vantik
