@@ -30,14 +30,23 @@ double Median(std::vector<double>& values) {
     return values[values.size() / 2];
 }
 
-void Print(const Row& row) {
+void Print(const Row& row, std::size_t columns) {
     std::printf("| %s | %d |", std::string(row.What).c_str(), row.Tabs);
     for (const double time : row.Microseconds) std::printf(" %.1f |", time);
+    for (std::size_t i = row.Microseconds.size(); i < columns; ++i) std::printf(" |");
     std::printf("\n");
     std::fflush(stdout);
 }
 
 } // namespace
+
+Table::Table(std::vector<std::string_view> columns) : columns_(columns.size()) {
+    std::printf("| microseconds | tabs |");
+    for (const auto column : columns) std::printf(" %s |", std::string(column).c_str());
+    std::printf("\n|---|---|");
+    for (std::size_t i = 0; i < columns_; ++i) std::printf("---|");
+    std::printf("\n");
+}
 
 void Table::Measure(std::string_view what, int tabs, const Subjects& subjects, int rounds, int callsPerRound,
                     const Call& call) {
@@ -68,7 +77,7 @@ void Table::MeasureThereAndBack(std::string_view there, std::string_view back, i
 void Table::Add(std::string_view what, int tabs, std::vector<std::vector<double>> times) {
     Row row{what, tabs, {}};
     for (auto& values : times) row.Microseconds.push_back(Median(values));
-    Print(row);
+    Print(row, columns_);
     rows_.push_back(std::move(row));
 }
 

@@ -22,6 +22,9 @@ struct Row {
 
 class Table {
 public:
+    // Prints the head. Rows with fewer subjects leave the last columns empty.
+    explicit Table(std::vector<std::string_view> columns);
+
     // In every round each subject takes all of its calls in turn; before them, untimed, it gets ready.
     void Measure(std::string_view what, int tabs, const Subjects& subjects, int rounds, int callsPerRound,
                  const Call& call);
@@ -36,6 +39,7 @@ public:
 private:
     void Add(std::string_view what, int tabs, std::vector<std::vector<double>> times);
 
+    std::size_t columns_;
     std::vector<Row> rows_;
 };
 

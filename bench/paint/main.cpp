@@ -8,6 +8,7 @@
 #include "Measure.h"
 #include "PlatformTab.h"
 #include "Targets.h"
+#include "WithTabs.h"
 
 namespace vantik::bench {
 
@@ -37,14 +38,25 @@ void MeasureAt(int tabs, Table& table) {
     };
     table.MeasureThereAndBack(rows::Insert, rows::Remove, tabs, subjects, 5, insert, remove);
     for (const auto& subject : subjects) insert(*subject, 0);
-    table.Measure(rows::FullRepaint, tabs, subjects, 15, 10, [](Subject& s, int) { s.RepaintFully(); });
-    table.Measure(rows::Bars, tabs, subjects, 15, 10, [](Subject& s, int) { s.RepaintBars(); });
+    table.Measure(rows::FullRepaint, tabs, subjects, 61, 5, [](Subject& s, int) { s.RepaintFully(); });
+    table.Measure(rows::Bars, tabs, subjects, 61, 5, [](Subject& s, int) { s.RepaintBars(); });
     table.Measure(rows::PointerOntoBar, tabs, subjects, 15, 20,
                   [](Subject& s, int i) { s.MovePointer(30 + i % 4 * BarWidth, 11); });
     table.Measure(rows::PointerWithinBar, tabs, subjects, 15, 200,
                   [](Subject& s, int i) { s.MovePointer(30 + i % 5, 11); });
     table.Measure(rows::PointerOverPage, tabs, subjects, 15, 200,
                   [](Subject& s, int i) { s.MovePointer(200 + i % 5, 200); });
+}
+
+void MeasureHiddenTabs(Table& table) {
+    const auto shared =
+        std::make_shared<SharedSubject>(SharedSubject{MakeFrameTab(Side::Top, Host::ListsControls), 1});
+    Subjects subjects;
+    subjects.push_back(std::make_unique<WithTabs>(shared, FewTabsCount));
+    subjects.push_back(std::make_unique<WithTabs>(shared, ManyTabsCount));
+    table.Measure(rows::FullRepaintOfOne, FewTabsCount, subjects, 31, 10,
+                  [](Subject& s, int) { s.RepaintFully(); });
+    table.Measure(rows::BarsOfOne, FewTabsCount, subjects, 31, 10, [](Subject& s, int) { s.RepaintBars(); });
 }
 
 std::vector<int> Sizes(int count, char** arguments) {
@@ -60,12 +72,13 @@ std::vector<int> Sizes(int count, char** arguments) {
 int main(int count, char** arguments) {
     using namespace vantik::bench;
     try {
-        std::printf("| microseconds | tabs | top | left | top, plain host | SysTabControl32 |\n");
-        std::printf("|---|---|---|---|---|---|\n");
-        Table table;
+        Table table({"top", "left", "top, plain host", "SysTabControl32"});
         for (const int tabs : Sizes(count, arguments)) MeasureAt(tabs, table);
         std::printf("\n");
-        PrintTargets(table);
+        Table hidden({"top", "top, 10,000 tabs"});
+        MeasureHiddenTabs(hidden);
+        std::printf("\n");
+        PrintTargets(table, hidden);
         return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "paint_bench: %s\n", error.what());
