@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -111,6 +112,10 @@ void Report(const PictureSet& set, const Times& times) {
 
 int main(int count, char** arguments) {
     using namespace vantik::bench;
+    if (count > 2 || (count == 2 && !std::filesystem::is_directory(arguments[1]))) {
+        std::fputs("usage: png_bench [FOLDER]\n", stderr);
+        return 2;
+    }
     const auto sets = count > 1 ? SetsFromFolder(arguments[1]) : GeneratedSets();
     for (const PictureSet& set : sets) Report(set, Measure(set, RoundsFor(set)));
 }

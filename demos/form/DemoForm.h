@@ -44,6 +44,7 @@ private:
     OptionPanel::Setting<std::wstring> TextSetting(const wchar_t* property);
     void Arrange();
     void ArrangeLater();
+    std::int16_t CaptionShift(bool lying);
     void ArrangeCaptions();
     void Note(const std::wstring& line);
     void OnEvent(EventCall& event);

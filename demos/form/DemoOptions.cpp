@@ -13,10 +13,12 @@ constexpr std::int16_t ManyTabs = 40;
 constexpr std::int16_t TabToDisable = 2;
 constexpr int TopSide = 2;
 constexpr int BottomSide = 3;
+constexpr int AlignLeft = 0, AlignMiddle = 1, AlignRight = 2;
 
 // Pixels that set icons and captions nicely into the bars of the built-in skin.
 constexpr std::int16_t IconShift = 2;
-constexpr std::int16_t CaptionShift = 6;
+constexpr std::int16_t BehindIcon = 20;
+constexpr std::int16_t AwayFromIcon = 6;
 constexpr std::int16_t CaptionDrop = 4;
 
 constexpr const wchar_t* Icons[] = {L"Sun", L"HandNo"};
@@ -40,11 +42,18 @@ void DemoForm::MakeOptions() {
 
 // A setting that is a property of the control.
 OptionPanel::Setting<int> DemoForm::NumberSetting(const wchar_t* property) {
-    return {[=, this](int number) { Set(property, number); }, [=, this] { return Number(property); }};
+    return {[=, this](int number) {
+                Set(property, number);
+                ArrangeCaptions();
+            },
+            [=, this] { return Number(property); }};
 }
 
 OptionPanel::Setting<bool> DemoForm::FlagSetting(const wchar_t* property) {
-    return {[=, this](bool flag) { Set(property, flag); },
+    return {[=, this](bool flag) {
+                Set(property, flag);
+                ArrangeCaptions();
+            },
             [=, this] { return Get(Control(), property).Flag(); }};
 }
 
@@ -110,12 +119,20 @@ void DemoForm::ShowIcons(bool show) {
     ArrangeCaptions();
 }
 
-// Icons stand a little behind the leading edge of their bars; captions in the middle, or, where there are icons, a
-// little away from them.
+// Captions in the middle keep a little away from the icon where no close button at the other end balances it; those at
+// the icon's end, which is the upper one on standing bars, begin or end behind it.
+std::int16_t DemoForm::CaptionShift(bool lying) {
+    if (!icons_) return 0;
+    const int position = Number(L"CaptionPos");
+    if (position == AlignMiddle) return Get(Control(), L"DelButton").Flag() ? std::int16_t{0} : AwayFromIcon;
+    return position == (lying ? AlignLeft : AlignRight) ? BehindIcon : std::int16_t{0};
+}
+
+// Icons stand a little behind the leading edge of their bars.
 void DemoForm::ArrangeCaptions() {
     const int side = Number(L"TabPos");
     const bool lying = side == TopSide || side == BottomSide;
-    const std::int16_t shift = icons_ ? CaptionShift : 0;
+    const std::int16_t shift = CaptionShift(lying);
     Set(L"IcoXjust", lying ? IconShift : std::int16_t{0});
     Set(L"IcoYjust", lying ? std::int16_t{0} : IconShift);
     Set(L"CaptionXjust", lying ? shift : std::int16_t{0});
