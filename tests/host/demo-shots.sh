@@ -3,19 +3,8 @@
 # Prints "N passed, N failed" at the end.
 set -uo pipefail
 
-Passed=0
-Failed=0
-
-check() {
-    local what=$1
-    shift
-    if "$@"; then
-        Passed=$((Passed + 1))
-    else
-        Failed=$((Failed + 1))
-        printf 'FAILED: %s\n' "$what"
-    fi
-}
+# shellcheck source=tests/scripts/check.sh
+source "$ROOT/tests/scripts/check.sh"
 
 demo() { wine "$BUILD/demos/form/demo.exe" "$@" >output.txt 2>&1; }
 
@@ -76,5 +65,4 @@ demo --shot
 check "a folder must be named" test $? = 2
 demo --picture shots
 check "an unknown option is refused" test $? = 2
-printf '%d passed, %d failed\n' "$Passed" "$Failed"
-((Failed == 0))
+sum_up

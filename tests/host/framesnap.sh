@@ -2,8 +2,9 @@
 # What the command line of framesnap does, one check a line. Prints "N passed, N failed" at the end.
 set -uo pipefail
 
-Passed=0
-Failed=0
+# shellcheck source=tests/scripts/check.sh
+source "$ROOT/tests/scripts/check.sh"
+
 Output=
 Errors=
 Status=0
@@ -14,17 +15,7 @@ snap() {
     Errors=$(tr -d '\r' <errors.txt)
 }
 
-# check WHAT COMMAND... — the command decides.
-check() {
-    local what=$1
-    shift
-    if "$@"; then
-        Passed=$((Passed + 1))
-    else
-        Failed=$((Failed + 1))
-        printf 'FAILED: %s\n  exit %s\n  output: %s\n  errors: %s\n' "$what" "$Status" "$Output" "$Errors"
-    fi
-}
+explain() { printf '  exit %s\n  output: %s\n  errors: %s\n' "$Status" "$Output" "$Errors"; }
 
 refused() { [[ $Status == 2 && -z $Output && $Errors == "framesnap: $1"* && ! -e never.png ]]; }
 failed() { [[ $Status == 1 && $Errors == "framesnap: "*"$1"* ]]; }
@@ -190,5 +181,4 @@ members
 events
 pictures
 persistence
-printf '%d passed, %d failed\n' "$Passed" "$Failed"
-((Failed == 0))
+sum_up

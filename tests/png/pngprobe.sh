@@ -2,8 +2,9 @@
 # What the command line of pngprobe does, one check a line. Prints "N passed, N failed" at the end.
 set -uo pipefail
 
-Passed=0
-Failed=0
+# shellcheck source=tests/scripts/check.sh
+source "$ROOT/tests/scripts/check.sh"
+
 Output=
 Errors=
 Status=0
@@ -17,17 +18,8 @@ probe() {
     Errors=$(tr -d '\r' <errors.txt)
 }
 
-# check WHAT COMMAND... — the command decides.
-check() {
-    local what=$1
-    shift
-    if "$@"; then
-        Passed=$((Passed + 1))
-    else
-        Failed=$((Failed + 1))
-        printf 'FAILED: %s\n  exit %s\n  output: %s\n  errors: %s\n  written: %s\n' \
-            "$what" "$Status" "$Output" "$Errors" "$(hex out.raw)"
-    fi
+explain() {
+    printf '  exit %s\n  output: %s\n  errors: %s\n  written: %s\n' "$Status" "$Output" "$Errors" "$(hex out.raw)"
 }
 
 hex() { od -An -v -tx1 "$1" 2>/dev/null | tr -d ' \n'; }
@@ -161,4 +153,4 @@ descriptions
 pictures
 failures
 refusals
-printf '%s passed, %s failed\n' "$Passed" "$Failed"
+sum_up

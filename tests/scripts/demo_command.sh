@@ -2,24 +2,16 @@
 # ./demo --shot as a user calls it, after everything is built: both builds, and quickly when there is nothing to do.
 set -euo pipefail
 
-Passed=0 Failed=0
+# shellcheck source=tests/scripts/check.sh
+source "$ROOT/tests/scripts/check.sh"
 
-check() {
-    if "${@:2}" >>output 2>&1; then
-        ((Passed += 1))
-    else
-        ((Failed += 1))
-        printf 'FAILED: %s\n' "$1"
-        cat output
-    fi
-}
-
+explain() { cat output; }
+quietly() { "$@" >>output 2>&1; }
 has_pictures() { compgen -G "$1/*.png" >/dev/null && identify "$1"/*.png; }
 
-check 'the 32-bit demo takes its pictures' "$ROOT/demo" --shot 'two words'
-check 'they are PNG files' has_pictures 'two words'
-check 'the 64-bit demo takes its pictures' "$ROOT/demo" --64 --shot wide
-check 'they are PNG files' has_pictures wide
-check 'a second call takes less than 15 seconds' timeout 15 "$ROOT/demo" --shot 'two words'
-printf '%s passed, %s failed\n' "$Passed" "$Failed"
-((Failed == 0))
+check 'the 32-bit demo takes its pictures' quietly "$ROOT/demo" --shot 'two words'
+check 'they are PNG files' quietly has_pictures 'two words'
+check 'the 64-bit demo takes its pictures' quietly "$ROOT/demo" --64 --shot wide
+check 'they are PNG files' quietly has_pictures wide
+check 'a second call takes less than 15 seconds' quietly timeout 15 "$ROOT/demo" --shot 'two words'
+sum_up
