@@ -84,7 +84,8 @@ void VantikFrameTab::RemoveTab(std::int16_t index) {
     state_.Properties.TabCount = last;
     // One past the last tab, on purpose; it happens only while tab 0 is disabled and could not be made active above.
     if (ActiveTab() > last - 1) state_.Properties.ActiveTab = last;
-    children_.ShowTabControls(ActiveTab());
+    if (ActiveTab() >= 0)
+        children_.ShowTabControls(ActiveTab()); // none is active while tab 0 is disabled, say
     RepaintAll();
 }
 

@@ -63,9 +63,11 @@ std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
     }
 }
 
+// What waits is painted first: what that invalidates still belongs to this message.
 void ControlMessages::Paint(HWND window) {
+    Surface& surface = control_.PaintedSurface();
     const PaintScope paint(window);
-    control_.PaintedSurface().CopyPart(paint.DC(), paint.Area());
+    surface.CopyPart(paint.DC(), paint.Area());
 }
 
 void ControlMessages::Print(HDC target) {

@@ -42,17 +42,10 @@ void MergedRepaint::RepaintFrame() {
 void MergedRepaint::WaitFor(Waiting what) {
     if (waiting_ == what) return;
     waiting_ = what;
-    const LayoutCache& layout = control_.Layout;
     if (what == Waiting::All)
-        Invalidate(layout.ControlRect);
-    else if (control_.Properties.TabCount > 0) // without tabs the strip is restored, but not shown again
-        Invalidate(layout.BarStripRect);
-}
-
-void MergedRepaint::Invalidate(const LayoutRect& area) {
-    const HWND window = host_.hWnd();
-    const RECT rect = {area.Left, area.Top, area.Right, area.Bottom};
-    if (window) InvalidateRect(window, &rect, TRUE);
+        driver_.InvalidateAll();
+    else
+        driver_.InvalidateBars();
 }
 
 void MergedRepaint::CarryOut() {

@@ -10,15 +10,13 @@
 
 #include <cstdint>
 
-#include "platform/UserControl.h"
 #include "render/RepaintDriver.h"
 
 namespace vantik {
 
 class MergedRepaint {
 public:
-    MergedRepaint(UserControl& host, const ControlState& control, RepaintDriver& driver) noexcept
-        : host_(host), control_(control), driver_(driver) {}
+    explicit MergedRepaint(RepaintDriver& driver) noexcept : driver_(driver) {}
 
     void RepaintAll();
     void RedrawBars();
@@ -38,10 +36,7 @@ private:
     enum class Waiting : std::uint8_t { Nothing, Bars, All };
 
     void WaitFor(Waiting what);
-    void Invalidate(const LayoutRect& area);
 
-    UserControl& host_;
-    const ControlState& control_;
     RepaintDriver& driver_;
     Waiting waiting_ = Waiting::Nothing;
 };

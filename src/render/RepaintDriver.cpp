@@ -23,13 +23,18 @@ void RepaintDriver::RepaintAll() {
     host_.Cls();
     layout.IsHorizontal = IsHorizontal();
     const GeometryInput input = Input();
-    PaintBackground(LayoutRect::FromEdges(0, 0, input.ControlWidthPx, input.ControlHeightPx));
+    const auto whole = LayoutRect::FromEdges(0, 0, input.ControlWidthPx, input.ControlHeightPx);
+    Invalidate(whole);
+    frame_.PaintBackground(whole);
     layout = ComputeVisibleBars(input, layout);
     layout = ComputeLayout(input, layout);
     PaintForeground();
 }
 
-void RepaintDriver::RedrawBars() { PaintBars(); }
+void RepaintDriver::RedrawBars() {
+    PaintBars();
+    InvalidateBars();
+}
 
 void RepaintDriver::PrepareAll() {
     LayoutCache layout = control_.Layout;
@@ -52,13 +57,8 @@ void RepaintDriver::PrepareBars() const {
 
 void RepaintDriver::PaintAll() {
     host_.Cls();
-    PaintBackground(control_.Layout.ControlRect);
+    frame_.PaintBackground(control_.Layout.ControlRect);
     PaintForeground();
-}
-
-void RepaintDriver::PaintBackground(const LayoutRect& whole) {
-    Invalidate(whole);
-    frame_.PaintBackground(whole);
 }
 
 void RepaintDriver::PaintForeground() {
@@ -70,9 +70,7 @@ void RepaintDriver::PaintForeground() {
 
 void RepaintDriver::PaintBars() {
     frame_.PaintUnderlay(control_.Layout.BarStripRect);
-    if (control_.Properties.TabCount < 1) return;
     DrawBars();
-    Invalidate(control_.Layout.BarStripRect);
 }
 
 // Over the clean underlay. Drawing a decoration may run code of the host, so the state is read anew for each bar.
@@ -100,7 +98,14 @@ void RepaintDriver::RepaintFrame() {
     frame_.PaintFrame();
     frame_.PaintCornerPieces();
     decorations_.DrawNavButtons();
-    Invalidate(control_.Layout.ControlRect);
+    InvalidateAll();
+}
+
+void RepaintDriver::InvalidateAll() { Invalidate(control_.Layout.ControlRect); }
+
+// Without tabs the strip is restored, but not shown again.
+void RepaintDriver::InvalidateBars() {
+    if (control_.Properties.TabCount > 0) Invalidate(control_.Layout.BarStripRect);
 }
 
 void RepaintDriver::Invalidate(const LayoutRect& area) {

@@ -46,10 +46,13 @@ public:
     void PrepareBars() const;
     void PaintBars();
 
+    // Tell the window what a repaint changes. Whoever puts painting off does so when the repaint begins to wait.
+    void InvalidateAll();
+    void InvalidateBars();
+
 private:
     GeometryInput Input();
     Boolean IsHorizontal() const noexcept;
-    void PaintBackground(const LayoutRect& whole);
     void PaintForeground();
     void DrawBars();
     void Invalidate(const LayoutRect& area);

@@ -219,6 +219,18 @@ TEST_CASE("a list of 32767 tabs takes no further tab: the count overflows after 
     CHECK(f.Control.GetTabCaption(32766) == u"Tab32765");
 }
 
+// It ended in an error behind the list and before the repaint.
+TEST_CASE("RemoveTab works while no tab is active and tab 0 is disabled") {
+    ControlFixture f(4);
+    f.AddChild(u"ofTab0", 120);
+    f.Control.SetBarEnable(0, False); // the active one
+    f.Control.RemoveTab(1);
+    CHECK(f.Captions() == "(Tab0) Tab2 Tab3");
+    CHECK(f.Control.ActiveTab() == -1);
+    CHECK(f.Lefts() == "120");
+    CHECK(f.Control.State().Layout.VisibleBarCount == 3); // laid out anew
+}
+
 TEST_CASE("a spare record always stands past the last tab") {
     ControlFixture f(1);
     for (int i = 0; i < 3; ++i) f.Insert(0);
