@@ -61,6 +61,13 @@ public:
 
     void GetReady() override { ReleaseCapture(); }
 
+    void PaintWindow() override {
+        const RECT strip =
+            side_ == Side::Left ? RECT{0, 0, StripThickness, Height} : RECT{0, 0, Width, StripThickness};
+        InvalidateRect(form_.ControlWindow(), &strip, TRUE);
+        Show();
+    }
+
     void RepaintFully() override {
         Must(tabs_->put_TabBarPosXJust(0)); // every assignment repaints, also of the same value
         Show();

@@ -52,6 +52,8 @@ public:
         Show();
     }
 
+    void PaintWindow() override { RepaintBars(); } // it keeps no picture of itself
+
     void RepaintBars() override {
         RECT bars = {0, 0, Width, 26};
         InvalidateRect(tab_, &bars, TRUE);

@@ -11,6 +11,7 @@ inline constexpr std::string_view Insert = "insert all";
 inline constexpr std::string_view Remove = "remove all";
 inline constexpr std::string_view FullRepaint = "full repaint";
 inline constexpr std::string_view Bars = "bars only";
+inline constexpr std::string_view WindowAlone = "the window alone";
 inline constexpr std::string_view PointerOntoBar = "pointer onto another bar";
 inline constexpr std::string_view PointerWithinBar = "pointer within a bar";
 inline constexpr std::string_view PointerOverPage = "pointer over the page";

@@ -31,6 +31,7 @@ public:
     void Remove(int tabs) override { shared_->Control->Remove(tabs); }
     void Show() override { shared_->Control->Show(); }
     void RepaintFully() override { shared_->Control->RepaintFully(); }
+    void PaintWindow() override { shared_->Control->PaintWindow(); }
     void RepaintBars() override { shared_->Control->RepaintBars(); }
     void MovePointer(int x, int y) override { shared_->Control->MovePointer(x, y); }
 

@@ -40,6 +40,7 @@ void MeasureAt(int tabs, Table& table) {
     for (const auto& subject : subjects) insert(*subject, 0);
     table.Measure(rows::FullRepaint, tabs, subjects, 61, 5, [](Subject& s, int) { s.RepaintFully(); });
     table.Measure(rows::Bars, tabs, subjects, 61, 5, [](Subject& s, int) { s.RepaintBars(); });
+    table.Measure(rows::WindowAlone, tabs, subjects, 61, 5, [](Subject& s, int) { s.PaintWindow(); });
     table.Measure(rows::PointerOntoBar, tabs, subjects, 15, 20,
                   [](Subject& s, int i) { s.MovePointer(30 + i % 4 * BarWidth, 11); });
     table.Measure(rows::PointerWithinBar, tabs, subjects, 15, 200,
