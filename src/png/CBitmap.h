@@ -1,34 +1,27 @@
 // Device-dependent bitmaps built from decoded pictures.
-//
-// The module keeps one handle, the bitmap built most recently. Building another one replaces the handle and deletes
-// nothing: a bitmap belongs to whoever takes the handle. Each thread has its own, since controls on two threads must not
-// take each other's bitmaps.
 #pragma once
 
-#include "platform/mDeclares.h"
+#include "gfx/Handles.h"
 #include "png/DibImage.h"
 
 namespace vantik {
 
 namespace CBitmap {
 
-// Each for pictures of its depth. The new handle; null when the bitmap cannot be created.
-HBITMAP BuildDIB1(const DibImage& image) noexcept;
-HBITMAP BuildDIB4(const DibImage& image) noexcept;
-HBITMAP BuildDIB8(const DibImage& image) noexcept;
-HBITMAP BuildDIB24or32(const DibImage& image) noexcept;
+// Whether the rows of a picture give in this context just what a bitmap made of them would: a memory context of 32 bits
+// with no scaling, mirroring or matching of colours in between.
+bool TakesRowsAsTheyAre(HDC target) noexcept;
 
-// Draws the picture without a bitmap, where that gives the same as copying a bitmap of it; false, and nothing drawn, where
-// it does not. Selecting a bitmap costs some systems more than all the rest of drawing an icon.
+// Each for pictures of its depth. In the format of a context that takes rows as they are, or of the screen when that is
+// null; empty when the bitmap cannot be had.
+OwnedBitmap BuildDIB1(const DibImage& image, HDC rowTaker) noexcept;
+OwnedBitmap BuildDIB4(const DibImage& image, HDC rowTaker) noexcept;
+OwnedBitmap BuildDIB8(const DibImage& image, HDC rowTaker) noexcept;
+OwnedBitmap BuildDIB24or32(const DibImage& image, HDC rowTaker) noexcept;
+
+// Draws the picture without a bitmap on a context that takes its rows. Selecting a bitmap costs some systems more than
+// all the rest of drawing an icon.
 bool DrawRows(const DibImage& image, HDC target, std::int32_t x, std::int32_t y) noexcept;
-
-HBITMAP Handle() noexcept;
-
-// Hands the bitmap over to the caller, who deletes it.
-HBITMAP TakeHandle() noexcept;
-
-// Deletes the bitmap that nobody took.
-void DropHandle() noexcept;
 
 } // namespace CBitmap
 

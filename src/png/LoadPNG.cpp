@@ -1,7 +1,6 @@
 #include "png/LoadPNG.h"
 
 #include "base/RunTimeError.h"
-#include "gfx/Handles.h"
 #include "png/CBitmap.h"
 #include "png/Composite.h"
 #include "png/DeviceBackground.h"
@@ -11,12 +10,12 @@ namespace vantik {
 
 namespace {
 
-HBITMAP BuildBitmap(const DibImage& image) noexcept {
+OwnedBitmap BuildBitmap(const DibImage& image, HDC rowTaker) noexcept {
     switch (image.BitCount) {
-    case 1: return CBitmap::BuildDIB1(image);
-    case 4: return CBitmap::BuildDIB4(image);
-    case 8: return CBitmap::BuildDIB8(image);
-    default: return CBitmap::BuildDIB24or32(image);
+    case 1: return CBitmap::BuildDIB1(image, rowTaker);
+    case 4: return CBitmap::BuildDIB4(image, rowTaker);
+    case 8: return CBitmap::BuildDIB8(image, rowTaker);
+    default: return CBitmap::BuildDIB24or32(image, rowTaker);
     }
 }
 
@@ -65,13 +64,19 @@ void LoadPNG::DecodeImage() {
         DeviceBackground background(backgroundDC_, backgroundX_, backgroundY_);
         Composite(image, style_, &background);
     }
-    const HBITMAP bitmap = BuildBitmap(image);
-    if (bitmap && !CBitmap::DrawRows(image, picBox_, destinationX_, destinationY_)) BlitToPicBox(bitmap);
+    Draw(image);
 }
 
-void LoadPNG::BlitToPicBox(HBITMAP bitmap) const noexcept {
+void LoadPNG::Draw(const DibImage& image) noexcept {
+    const bool takesRows = CBitmap::TakesRowsAsTheyAre(picBox_);
+    bitmap_ = BuildBitmap(image, takesRows ? picBox_ : nullptr);
+    if (!bitmap_) return;
+    if (!takesRows || !CBitmap::DrawRows(image, picBox_, destinationX_, destinationY_)) BlitToPicBox();
+}
+
+void LoadPNG::BlitToPicBox() const noexcept {
     const MemoryDC memory(CreateCompatibleDC(picBox_));
-    const Selection selected = Select(memory.Get(), bitmap);
+    const Selection selected = Select(memory.Get(), bitmap_.Get());
     BitBlt(picBox_, destinationX_, destinationY_, width(), height(), memory.Get(), 0, 0, SRCCOPY);
 }
 

@@ -6,9 +6,10 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
+#include "gfx/Handles.h"
 #include "model/Enumerations.h"
-#include "platform/mDeclares.h"
 #include "png/ByteSource.h"
 #include "png/PngReader.h"
 
@@ -60,6 +61,9 @@ public:
 
     void SetDstXY(std::int32_t X, std::int32_t Y) noexcept;
 
+    // The bitmap that was drawn last; empty when nothing was, and when it was taken already.
+    OwnedBitmap TakeBitmap() noexcept { return std::move(bitmap_); }
+
 private:
     const PngContents& Contents() const noexcept { return reader_.Contents(); }
     const ImageHeader& Header() const noexcept { return Contents().Header; }
@@ -67,7 +71,8 @@ private:
 
     void Open(ByteSource& source);
     void DecodeImage();
-    void BlitToPicBox(HBITMAP bitmap) const noexcept;
+    void Draw(const DibImage& image) noexcept;
+    void BlitToPicBox() const noexcept;
 
     PngReader reader_;
     Boolean appliesAlpha_ = False;
@@ -84,6 +89,7 @@ private:
     std::int32_t destinationY_ = 0;
     std::uint8_t style_ = 0;
     std::int16_t direct_ = 0;
+    OwnedBitmap bitmap_;
 };
 
 } // namespace vantik

@@ -1,13 +1,11 @@
 #include "render/PngIconDrawing.h"
 
-#include "png/CBitmap.h"
 #include "png/LoadPNG.h"
 
 namespace vantik {
 
-HBITMAP DrawPngFile(const std::u16string& path, HDC targetDC, HBITMAP targetBitmap, std::int32_t x,
-                    std::int32_t y, std::uint8_t style, std::int16_t direct, HDC picBox) {
-    CBitmap::DropHandle();
+OwnedBitmap DrawPngFile(const std::u16string& path, HDC targetDC, HBITMAP targetBitmap, std::int32_t x,
+                        std::int32_t y, std::uint8_t style, std::int16_t direct, HDC picBox) {
     LoadPNG png;
     png.Direct(direct);
     png.Style(style);
@@ -19,9 +17,7 @@ HBITMAP DrawPngFile(const std::u16string& path, HDC targetDC, HBITMAP targetBitm
     png.SetAlpha(True);
     png.SetTrans(True);
     png.OpenPNG(path);
-    return CBitmap::Handle();
+    return png.TakeBitmap();
 }
-
-HBITMAP TakeDrawnBitmap() noexcept { return CBitmap::TakeHandle(); }
 
 } // namespace vantik

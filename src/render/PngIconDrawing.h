@@ -4,22 +4,18 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/mDeclares.h"
+#include "gfx/Handles.h"
 #include "render/PngSizeReading.h"
 
 namespace vantik {
 
 // Decodes the file and composes it onto `picBox` at (x, y), over a copy of what `targetDC` shows at that point; `style`
 // is the decoder's colour treatment (0 to 2 grey from blue, green or red; 3 own colours; 4 at 80 percent value).
-// Returns the bitmap that was drawn, null when nothing was. It stays the bridge's: whoever wants to keep it calls
-// TakeDrawnBitmap, else the next call deletes it. Refreshing the window is the caller's.
+// Returns the bitmap that was drawn, empty when nothing was. Refreshing the window is the caller's.
 //
 // A file that is no sound PNG draws nothing; a file that cannot be opened (FileNotFound, PathNotFound, PathFileAccess),
 // broken image data (SubscriptOutOfRange) and images beyond memory (OutOfMemory) raise.
-HBITMAP DrawPngFile(const std::u16string& path, HDC targetDC, HBITMAP targetBitmap, std::int32_t x,
-                    std::int32_t y, std::uint8_t style, std::int16_t direct, HDC picBox);
-
-// Hands the bitmap of the last DrawPngFile of this thread to the caller, who deletes it; null when there is none.
-HBITMAP TakeDrawnBitmap() noexcept;
+OwnedBitmap DrawPngFile(const std::u16string& path, HDC targetDC, HBITMAP targetBitmap, std::int32_t x,
+                        std::int32_t y, std::uint8_t style, std::int16_t direct, HDC picBox);
 
 } // namespace vantik

@@ -37,8 +37,7 @@ OwnedBitmap IconPainter::DrawFile(const std::u16string& path, IconStyle style, s
     const HDC surface = host_.hDC();
     const auto bitmap = static_cast<HBITMAP>(GetCurrentObject(surface, OBJ_BITMAP));
     try {
-        DrawPngFile(path, surface, bitmap, x, y, style, direct, surface);
-        return OwnedBitmap(TakeDrawnBitmap());
+        return DrawPngFile(path, surface, bitmap, x, y, style, direct, surface);
     } catch (const RunTimeError&) {
         return {}; // nothing was drawn
     }

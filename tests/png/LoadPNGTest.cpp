@@ -1,7 +1,6 @@
 #include <doctest/doctest.h>
 
 #include "gfx/cHSV.h"
-#include "png/CBitmap.h"
 #include "png/LoadPNG.h"
 #include "render/PngIconDrawing.h"
 #include "tests/RunTimeErrors.h"
@@ -25,8 +24,6 @@ std::int32_t Open(LoadPNG& png, const Bytes& bytes) {
     return png.OpenPNGfromRes(reinterpret_cast<std::uintptr_t>(bytes.data()),
                               static_cast<std::int32_t>(bytes.size()));
 }
-
-void DropBitmap() { CBitmap::DropHandle(); }
 
 // A picture of colour type 6 in which colour and alpha vary; rows from the top.
 struct AlphaPicture {
@@ -104,7 +101,6 @@ Pixels DrawnOpaque(const Bytes& file, std::int32_t width, std::int32_t height) {
     png.PicBox(surface.DC());
     png.SetDstXY(2, 3);
     Open(png, file);
-    DropBitmap();
     return surface.Read().Cut(2, 3, width, height);
 }
 
@@ -160,7 +156,6 @@ TEST_CASE("the background comes from the position of SetToBkgrnd, not from the d
     PaintPlainly(expected, picture, 20, 25, 3, beneath, 4, 9);
     CHECK(Difference(target.Read(), expected) == "same");
     CHECK(Difference(background.Read(), beneath) == "same");
-    DropBitmap();
 }
 
 TEST_CASE("a context that scales gets a scaled picture") {
@@ -175,7 +170,6 @@ TEST_CASE("a context that scales gets a scaled picture") {
     png.PicBox(target.DC());
     png.SetDstXY(4, 5);
     Open(png, file);
-    DropBitmap();
     Pixels expected = before;
     const std::uint32_t colours[2][2] = {{0xFF0000, 0x00FF00}, {0x0000FF, 0x090807}};
     for (std::int32_t y = 0; y < 4; ++y) {
@@ -195,7 +189,6 @@ TEST_CASE("a context of two colours gets the picture in its two colours") {
     LoadPNG png;
     png.PicBox(memory.Get());
     Open(png, file);
-    DropBitmap();
     std::string drawn;
     for (int x = 0; x < 4; ++x) drawn += GetPixel(memory.Get(), x, 0) == 0xFFFFFF ? 'w' : 'b';
     CHECK(drawn == "wbbb");
@@ -215,7 +208,6 @@ TEST_CASE("without a background context an icon is mixed with black, whatever Se
     Pixels expected = before;
     PaintPlainly(expected, picture, 0, 0, 3, Pixels(Extent, Extent, 0), 0, 0);
     CHECK(Difference(target.Read(), expected) == "same");
-    DropBitmap();
 }
 
 TEST_CASE("an RGB + alpha image without applied alpha is drawn opaque, its colours unchanged") {
@@ -231,7 +223,6 @@ TEST_CASE("an RGB + alpha image without applied alpha is drawn opaque, its colou
         Open(png, file);
         CHECK(Difference(surface.Read().Cut(0, 0, 2, 1), Row({0x0A141E, 0x28323C})) == "same");
         CHECK(png.HaveAlpha() == True);
-        DropBitmap();
     }
 }
 
@@ -290,7 +281,6 @@ TEST_CASE("tRNS is applied when asked for, over what lies beneath") {
     CHECK(png.HaveTransparence() == True);
     const Pixels expected = Row({before.At(0, 0), MixPixel({10, 20, 30, 128}, 3, before.At(1, 0)), 0x010203});
     CHECK(Difference(surface.Read().Cut(0, 0, 3, 1), expected) == "same");
-    DropBitmap();
     CHECK(Difference(DrawnOpaque(file, 3, 1), Row({0xC86432, 0x0A141E, 0x010203})) == "same");
 }
 
@@ -321,7 +311,6 @@ TEST_CASE("what was read is there to be asked for") {
     CHECK(png.zText().empty());
     CHECK(png.ModiTime() == u"07.03.2009 14:05:09");
     CHECK(png.gama() == 0.45455);
-    DropBitmap();
 }
 
 TEST_CASE("bad files draw nothing and leave no bitmap") {
@@ -333,8 +322,7 @@ TEST_CASE("bad files draw nothing and leave no bitmap") {
     for (const Bytes& bytes :
          {Bytes{}, BytesOf("GIF89a no PNG"), withoutImage.All(), withoutWidth.All(), cut.All()}) {
         const TemporaryFile file("load_png_bad.png", bytes);
-        CHECK(DrawPngFile(file.Path(), surface.DC(), surface.Bitmap(), 1, 1, 3, 0, surface.DC()) == nullptr);
-        CHECK(TakeDrawnBitmap() == nullptr);
+        CHECK(!DrawPngFile(file.Path(), surface.DC(), surface.Bitmap(), 1, 1, 3, 0, surface.DC()));
         CHECK(file.Remove());
     }
     CHECK(Difference(surface.Read(), before) == "same");
@@ -372,33 +360,38 @@ TEST_CASE("contexts that are none are no crash") {
     DrawPngFile(file.Path(), nullptr, nullptr, 0, 0, 3, 0, nullptr);
     const HDC noContext = reinterpret_cast<HDC>(std::intptr_t{0x1234567});
     DrawPngFile(file.Path(), noContext, nullptr, 0, 0, 3, 0, noContext);
-    DropBitmap();
 }
 
-TEST_CASE("the bitmap left behind is the picture that was drawn, and belongs to whoever takes it") {
+TEST_CASE("the bitmap left behind is the picture that was drawn") {
     const AlphaPicture picture;
     const TemporaryFile file("load_png_left.png", picture.File());
     TestSurface surface(Patterned(Extent, Extent, 4));
-    const HBITMAP drawn = DrawPngFile(file.Path(), surface.DC(), surface.Bitmap(), 5, 5, 3, 0, surface.DC());
-    const OwnedBitmap taken(TakeDrawnBitmap());
-    REQUIRE(taken.Get() == drawn);
-    CHECK(TakeDrawnBitmap() == nullptr);
+    const OwnedBitmap drawn =
+        DrawPngFile(file.Path(), surface.DC(), surface.Bitmap(), 5, 5, 3, 0, surface.DC());
 
     TestSurface copy(13, 9);
     const MemoryDC memory(CreateCompatibleDC(copy.DC()));
     {
-        const Selection selected = Select(memory.Get(), taken.Get());
+        const Selection selected = Select(memory.Get(), drawn.Get());
         BitBlt(copy.DC(), 0, 0, 13, 9, memory.Get(), 0, 0, SRCCOPY);
     }
     CHECK(Difference(copy.Read(), surface.Read().Cut(5, 5, 13, 9)) == "same");
+}
 
-    // The next drawing does not touch it, but deletes its own when nobody took that.
-    const HBITMAP untaken =
-        DrawPngFile(file.Path(), surface.DC(), surface.Bitmap(), 0, 0, 3, 0, surface.DC());
-    CHECK(GetObjectType(untaken) == OBJ_BITMAP);
-    DrawPngFile(file.Path(), surface.DC(), surface.Bitmap(), 0, 0, 3, 0, surface.DC());
-    CHECK(GetObjectType(taken.Get()) == OBJ_BITMAP);
-    DropBitmap();
+TEST_CASE("the bitmap left behind can be taken once, and the next picture replaces one that nobody took") {
+    const Bytes small = AlphaPicture{.Width = 3, .Height = 2}.File();
+    const Bytes large = AlphaPicture().File();
+    TestSurface surface(Patterned(Extent, Extent, 4));
+    LoadPNG png;
+    png.PicBox(surface.DC());
+    CHECK(!png.TakeBitmap());
+    Open(png, small);
+    Open(png, large);
+    const OwnedBitmap taken = png.TakeBitmap();
+    BITMAP bitmap = {};
+    GetObjectW(taken.Get(), sizeof bitmap, &bitmap);
+    CHECK(bitmap.bmWidth == 13);
+    CHECK(!png.TakeBitmap());
 }
 
 TEST_CASE("device contexts are left as they were found") {
@@ -410,7 +403,6 @@ TEST_CASE("device contexts are left as they were found") {
     DrawPngFile(file.Path(), surface.DC(), surface.Bitmap(), 5, 5, 3, 0, surface.DC());
     CHECK(GetCurrentObject(surface.DC(), OBJ_BITMAP) == selected);
     CHECK(GetTextColor(surface.DC()) == text);
-    DropBitmap();
 }
 
 TEST_CASE("drawing 100,000 icons leaves the GDI object count where it was") {
@@ -418,7 +410,6 @@ TEST_CASE("drawing 100,000 icons leaves the GDI object count where it was") {
     const Bytes png = picture.File();
     TestSurface surface(Patterned(Extent, Extent, 4));
     const auto draw = [&] {
-        CBitmap::DropHandle();
         LoadPNG icon;
         icon.Style(3);
         icon.PicBox(surface.DC());
@@ -426,11 +417,8 @@ TEST_CASE("drawing 100,000 icons leaves the GDI object count where it was") {
         icon.SetAlpha(True);
         Open(icon, png);
     };
-    draw();
-    DropBitmap();
-    const auto before = test::GdiObjectCount();
+    const auto before = test::GdiObjectCount(); // the first icon leaves nothing either
     for (int i = 0; i < 100'000; ++i) draw();
-    DropBitmap();
     CHECK(test::GdiObjectCount() == before);
 }
 
