@@ -44,7 +44,8 @@ void FramePainter::PaintCornerPieces(const LayoutRect& area) {
     }
 }
 
-// A pixel of the picture stands where the same pixel of the container's background stands.
+// A pixel of the picture stands where the same pixel of the container's background stands. One of the key colour shows
+// what lies beneath.
 void FramePainter::PaintPicture(const LayoutRect& area) {
     const SIZE size = BitmapSizeOf(surfaces_.Picture.Get());
     if (size.cx < 1 || size.cy < 1) return;
@@ -56,7 +57,7 @@ void FramePainter::PaintPicture(const LayoutRect& area) {
     const LayoutRect to = Intersection(Intersection(picture, page), area);
     if (IsEmpty(to)) return;
     surfaces_.PictureSurface.Draw(host_.hDC(), offX + to.Left, offY + to.Top, to.Width, to.Height, to.Left,
-                                  to.Top);
+                                  to.Top, true);
 }
 
 void FramePainter::PaintUnderlay(const LayoutRect& area) {

@@ -63,9 +63,11 @@ private:
     void PaintPicture(LONG offX, LONG offY) {
         for (std::int32_t y = page_.Top + R(FTopLine).Height; y < page_.Bottom; ++y)
             for (std::int32_t x = page_.Left + R(FLeftLine).Width; x < page_.Right - R(FBottomLine).Width;
-                 ++x)
-                if (painted_.Picture.Has(x + offX, y + offY))
-                    picture_.Set(x, y, painted_.Picture.At(x + offX, y + offY));
+                 ++x) {
+                if (!painted_.Picture.Has(x + offX, y + offY)) continue;
+                const std::uint32_t pixel = painted_.Picture.At(x + offX, y + offY);
+                if (pixel != Key) picture_.Set(x, y, pixel);
+            }
     }
 
     void PaintCorners() {
@@ -238,6 +240,8 @@ RandomControl::RandomControl(std::uint32_t seed) : Random(seed), Painted(Between
     Painted.MakeSkin(Random());
     if (Chance(30)) {
         Painted.Picture = Patterned(Between(1, 250), Between(1, 250), Random());
+        for (std::uint32_t& value : Painted.Picture.Values)
+            if (Chance(10)) value = Key;
         Painted.Surfaces.Picture = PictureOf(Painted.Picture);
         Painted.Host.LeftTwips = FakeUserControl::TwipsPerPixel * Between(-20, 60);
         Painted.Host.TopTwips = FakeUserControl::TwipsPerPixel * Between(-20, 60);

@@ -206,6 +206,25 @@ TEST_CASE("the picture is aligned with the container and shows only where it has
     CHECK(Difference(row.Read(), row.Expected()) == "same");
 }
 
+TEST_CASE("pixels of the picture that have the key colour stay clear, in every kind of repaint") {
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom}) {
+        CAPTURE(side);
+        Row row;
+        row.State.Properties.TabPos = side;
+        Pixels picture = Patterned(150, 110, 5);
+        for (std::int32_t y = 0; y < picture.Height; ++y)
+            for (std::int32_t x = y % 3; x < picture.Width; x += 3) picture.Set(x, y, 0xFF00FF);
+        ShowPicture(row, picture);
+        row.Driver.RepaintAll();
+        CHECK(row.Read().At(60, 60) == 0x336699); // the background; 60 is a multiple of 3
+        CHECK(row.Read().At(61, 60) == picture.At(61, 60));
+        CHECK(Difference(row.Read(), row.Expected()) == "same");
+        row.Driver.RedrawBars();
+        row.Driver.RedrawBar(1, BarNormal);
+        CHECK(Difference(row.Read(), row.Expected()) == "same");
+    }
+}
+
 TEST_CASE("a smaller picture after a larger one leaves nothing of the larger one") {
     Row row;
     ShowPicture(row, Patterned(150, 110, 5));
