@@ -53,6 +53,7 @@ void VantikFrameTab::zSubclass_Proc(Boolean /*before*/, Boolean& /*handled*/, st
 
 void VantikFrameTab::UserControl_MouseDown(std::int16_t button, std::int16_t /*shift*/, float x, float y) {
     merged_.CarryOut(); // a handler may change the hover state without a repaint
+    const ButtonRects seen = NavButtonRects(state_);
     if (state_.HoverCloseTab < 0 || !state_.Properties.DelButton) {
         if (state_.HoverTab > -1) {
             if (state_.HoverTab == ActiveTab()) return;
@@ -64,14 +65,18 @@ void VantikFrameTab::UserControl_MouseDown(std::int16_t button, std::int16_t /*s
         state_.HoverCloseTab = -1;
         RedrawBars();
     }
-    HitTestButtons(TwipsToPixels(x, host_.TwipsPerPixelX()), TwipsToPixels(y, host_.TwipsPerPixelY()));
+    HitTestButtons(seen, TwipsToPixels(x, host_.TwipsPerPixelX()), TwipsToPixels(y, host_.TwipsPerPixelY()));
 }
 
-void VantikFrameTab::HitTestButtons(std::int32_t x, std::int32_t y) {
+// A press means the button that was seen under the pointer: by now the press itself may have moved the row. The button
+// is drawn where it lies now.
+void VantikFrameTab::HitTestButtons(const ButtonRects& seen, std::int32_t x, std::int32_t y) {
     LayoutCache& layout = state_.Layout;
-    const ButtonRects buttons = NavButtonRects(state_);
     const auto hit = [&](const LayoutRect& rect) { return PointInRect(float(x), float(y), rect); };
-    if (hit(buttons.Previous) &&
+    if (!hit(seen.Previous) && !hit(seen.Next) && !hit(seen.Menu)) return;
+    merged_.CarryOut(); // what waits would paint over the pressed button
+    const ButtonRects buttons = NavButtonRects(state_);
+    if (hit(seen.Previous) &&
         decorations_.DrawPrevButton(buttons.Previous.Left, buttons.Previous.Top, True) &&
         layout.FirstVisibleTab > 0) {
         layout.FirstVisibleTab = Subtract16(layout.FirstVisibleTab, 1);
@@ -80,7 +85,7 @@ void VantikFrameTab::HitTestButtons(std::int32_t x, std::int32_t y) {
         host_.Events().PreTabDown(layout.FirstVisibleTab);
         return;
     }
-    if (hit(buttons.Next) && decorations_.DrawNextButton(buttons.Next.Left, buttons.Next.Top, True) &&
+    if (hit(seen.Next) && decorations_.DrawNextButton(buttons.Next.Left, buttons.Next.Top, True) &&
         TabCount() - (layout.FirstVisibleTab + layout.VisibleBarCount) > 0) {
         layout.FirstVisibleTab = Add16(layout.FirstVisibleTab, 1);
         RedrawBars();
@@ -88,7 +93,7 @@ void VantikFrameTab::HitTestButtons(std::int32_t x, std::int32_t y) {
         host_.Events().NextTabDown(layout.FirstVisibleTab);
         return;
     }
-    if (hit(buttons.Menu)) {
+    if (hit(seen.Menu)) {
         decorations_.DrawMenuButton(buttons.Menu.Left, buttons.Menu.Top, True);
         state_.ButtonPressed = True;
         host_.Events().DownBarDown();

@@ -13,6 +13,7 @@
 #include "control/PropertyBag.h"
 #include "model/ControlState.h"
 #include "platform/UserControl.h"
+#include "render/DecorationGeometry.h"
 #include "render/MergedRepaint.h"
 #include "render/RepaintDriver.h"
 #include "render/Surfaces.h"
@@ -107,7 +108,7 @@ private:
     void SwitchByUser(std::int16_t& index, std::int16_t button);
     void StepForward();
     void StepBack();
-    void HitTestButtons(std::int32_t x, std::int32_t y);
+    void HitTestButtons(const ButtonRects& seen, std::int32_t x, std::int32_t y);
     void HoverCloseButton(std::int16_t tab);
     void EndCloseHover();
 

@@ -48,6 +48,10 @@ struct DrivenControl {
     void Click(const LayoutRect& rect, std::int16_t button = 1) {
         Press((rect.Left + rect.Right) / 2, (rect.Top + rect.Bottom) / 2, button);
     }
+    // A press that no move comes before and no release after.
+    void PressAt(const LayoutRect& rect) {
+        Control.UserControl_MouseDown(1, 0, Twips(rect.Left), Twips(rect.Top));
+    }
     void Key(std::int16_t code) { Control.UserControl_KeyDown(code, 0); }
     void Wheel(std::int16_t distance) {
         SendMessageW(Host.hWnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, distance), 0);

@@ -27,9 +27,7 @@ TEST_CASE("a press on the active tab's bar does nothing, and the buttons are not
     DrivenControl f(3);
     f.MoveTo(f.Bar(0));
     f.Log();
-    const LayoutRect menu = f.Buttons().Menu; // the press acts on the hover state, wherever it lands
-    f.Control.UserControl_MouseDown(1, 0, static_cast<float>(menu.Left * 15),
-                                    static_cast<float>(menu.Top * 15));
+    f.PressAt(f.Buttons().Menu); // the press acts on the hover state, wherever it lands
     CHECK(f.Log() == "");
 }
 
@@ -134,6 +132,48 @@ TEST_CASE("closing the only tab is announced and does nothing") {
     f.Click(f.Close(0));
     CHECK(f.Log() == "TabMove 0; TabClose 0");
     CHECK(f.Fixture.Captions() == "Tab0");
+}
+
+TEST_CASE("a press that closes a tab presses no row button that slides under the pointer") {
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom})
+        for (const std::int32_t place : {TabLeft, TabMiddle, TabRight}) {
+            CAPTURE(side);
+            CAPTURE(place);
+            DrivenControl f(4);
+            f.Control.Let(Property::TabPos, side);
+            f.Control.Let(Property::TabBarPos, place);
+            const std::int32_t last = f.State().Layout.VisibleBarCount - 1;
+            const std::int32_t slot = place == TabRight ? 0 : last; // the bar next to the buttons
+            const LayoutRect close = f.Close(slot);
+            f.Log();
+            f.Click(close);
+            CHECK(f.Control.TabCount() == 3);
+            const std::string tab = std::to_string(slot);
+            CHECK(f.Log() == "TabMove " + tab + "; TabClose " + tab + "; PropertyChanged ActiveTab");
+        }
+}
+
+TEST_CASE("a press tests the row buttons where they were seen, whatever it did before") {
+    DrivenControl f(4);
+    f.MoveTo(f.Close(3)); // the press acts on the hover state, wherever it lands
+    f.PressAt(f.Buttons().Menu);
+    CHECK(f.Log() == "TabMove 3; TabClose 3; PropertyChanged ActiveTab; DownBarDown");
+
+    DrivenControl g(4);
+    g.MoveTo(g.Bar(2));
+    g.PressAt(g.Buttons().Menu);
+    CHECK(g.Log() == "TabMove 2; TabDown 2 1; DownBarDown");
+    CHECK(g.Control.ActiveTab() == 2);
+}
+
+TEST_CASE("a row button that moved is shown pressed where it lies now") {
+    DrivenControl f(4), other(3);
+    f.MoveTo(f.Close(3));
+    f.PressAt(f.Buttons().Menu);
+    other.PressAt(other.Buttons().Menu);
+    f.Control.UserControl_Paint();
+    other.Control.UserControl_Paint();
+    CHECK(Difference(f.Host.Read(), other.Host.Read()) == "same");
 }
 
 TEST_CASE("with close buttons off a press at their place selects the tab") {
