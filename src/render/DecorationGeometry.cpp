@@ -38,36 +38,54 @@ Checked OffsetOfFill(const ControlState& control, std::int32_t fillHeight) {
     }
 }
 
-// Lays buttons out one after the other along the strip.
-class ButtonRow {
-public:
-    ButtonRow(const ControlState& control, Checked start) : control_(control), next_(start) {}
-
-    LayoutRect Place(Extent extent) {
-        const bool horizontal = control_.Layout.IsHorizontal;
-        const LayoutRect& strip = control_.Layout.BarStripRect;
-        const PropertyValues& p = control_.Properties;
-        const Checked along = next_;
-        next_ = next_ + extent.Along(horizontal);
-        return horizontal
-                   ? Inclusive(along + p.NavBtnXjust,
-                               strip.Top + Centred(strip.Height, extent.Height) + p.NavBtnYjust, extent)
-                   : Inclusive(strip.Left + Centred(strip.Width, extent.Width) + p.NavBtnXjust,
-                               along + p.NavBtnYjust, extent);
-    }
-    void Skip(std::int32_t gap) { next_ = next_ + gap; }
-
-private:
-    const ControlState& control_;
-    Checked next_;
+// The strip and the control in one direction of the surface.
+struct Axis {
+    Checked Near, Far;  // the strip's edges
+    Checked End;        // of the control, which begins at 0
+    std::int32_t Shift; // of the buttons, the host's own
 };
 
-Checked StartOfButtons(const ControlState& control, Checked length) {
-    const LayoutRect& strip = control.Layout.BarStripRect;
-    const bool horizontal = control.Layout.IsHorizontal;
-    if (control.Properties.TabBarPos == TabRight)
-        return Checked(horizontal ? strip.Left : strip.Top) - GapBesideStrip - length;
-    return Checked(horizontal ? strip.Right : strip.Bottom) + GapBesideStrip;
+Axis AxisOf(const ControlState& control, bool horizontal) {
+    const LayoutRect &strip = control.Layout.BarStripRect, &all = control.Layout.ControlRect;
+    const PropertyValues& p = control.Properties;
+    return horizontal ? Axis{strip.Left, strip.Right, all.Right, p.NavBtnXjust}
+                      : Axis{strip.Top, strip.Bottom, all.Bottom, p.NavBtnYjust};
+}
+
+// Nothing but the host's own shift takes a button out of the control.
+Checked ShiftedInside(const Axis& axis, std::int32_t position, Checked length) {
+    const std::int32_t last = std::max<std::int32_t>(axis.End - length, 0);
+    return std::clamp<std::int32_t>(Checked(position) + axis.Shift, std::min(0, axis.Shift),
+                                    Checked(last) + std::max(0, axis.Shift));
+}
+
+// Where the buttons begin along the strip, and the gap before the menu button.
+struct ButtonRun {
+    Checked Start;
+    std::int32_t GapBeforeMenu;
+};
+
+// The gaps are as wide as there is room for them between the strip and the control's edge. Where even buttons without
+// gaps have no room on their side they stand on the other one, if that has.
+ButtonRun RunOfButtons(const Axis& axis, bool beforeStrip, Checked length) {
+    const std::int32_t before = axis.Near - length, behind = axis.End - axis.Far - length;
+    if ((beforeStrip ? before : behind) < 0 && (beforeStrip ? behind : before) >= 0)
+        beforeStrip = !beforeStrip;
+    const std::int32_t room = beforeStrip ? Checked(before) + axis.Shift : Checked(behind) - axis.Shift;
+    const std::int32_t beforeMenu = std::clamp(room, 0, GapBeforeMenu);
+    const std::int32_t besideStrip = std::clamp(room - beforeMenu, 0, GapBesideStrip);
+    const Checked whole = length + beforeMenu;
+    const Checked start = beforeStrip ? axis.Near - besideStrip - whole : axis.Far + besideStrip;
+    return {ShiftedInside(axis, start, whole), beforeMenu};
+}
+
+// In the middle of the strip, where the frame's line runs: on the bottom and on the right it is as far from the strip's
+// outer edge as on the other sides.
+Checked PositionAcross(const ControlState& control, const Axis& axis, std::int32_t extent) {
+    const std::int32_t side = control.Properties.TabPos;
+    const Checked margin = Centred(axis.Far - axis.Near, extent);
+    const bool isFar = side == WindowBottom || side == WindowRight;
+    return ShiftedInside(axis, isFar ? axis.Far - margin - extent : axis.Near + margin, extent);
 }
 
 } // namespace
@@ -108,15 +126,17 @@ ButtonRects NavButtonRects(const ControlState& control) {
     const Extent next = ExtentOf(icons.At(icons.RightButtonIcon));
     const Extent menu = ExtentOf(icons.At(icons.MenuBarIcon));
     const Checked length =
-        Checked(previous.Along(horizontal)) + next.Along(horizontal) + GapBeforeMenu + menu.Along(horizontal);
-
-    ButtonRow row(control, StartOfButtons(control, length));
-    ButtonRects rects;
-    rects.Previous = row.Place(previous);
-    rects.Next = row.Place(next);
-    row.Skip(GapBeforeMenu);
-    rects.Menu = row.Place(menu);
-    return rects;
+        Checked(previous.Along(horizontal)) + next.Along(horizontal) + menu.Along(horizontal);
+    const auto [start, gapBeforeMenu] =
+        RunOfButtons(AxisOf(control, horizontal), control.Properties.TabBarPos == TabRight, length);
+    const auto place = [&](Checked along, const Extent& extent) {
+        const Checked across =
+            PositionAcross(control, AxisOf(control, !horizontal), extent.Along(!horizontal));
+        return horizontal ? Inclusive(along, across, extent) : Inclusive(across, along, extent);
+    };
+    const Checked afterPrevious = start + previous.Along(horizontal);
+    const Checked afterNext = afterPrevious + next.Along(horizontal);
+    return {place(start, previous), place(afterPrevious, next), place(afterNext + gapBeforeMenu, menu)};
 }
 
 } // namespace vantik

@@ -24,7 +24,9 @@ PixelPoint TabIconPosition(const ControlState& control, std::int16_t index, std:
 LayoutRect CloseButtonRect(const ControlState& control, std::int32_t slot);
 
 // The buttons beside the strip, as large as their icons: behind its far end, or before its leading end when the bars
-// sit at the far end of their side. Icons are not turned; beside a vertical strip the buttons run downwards.
+// sit at the far end of their side. Icons are not turned; beside a vertical strip the buttons run downwards. They lie
+// inside the control, unless the host shifts them out of it; the gaps beside them shrink to that end. Where that is not
+// enough they reach under the row.
 struct ButtonRects {
     LayoutRect Previous, Next, Menu;
 };

@@ -216,6 +216,33 @@ TEST_CASE("the menu button raises DownBarDown") {
     CHECK(f.State().ButtonPressed == True);
 }
 
+TEST_CASE(
+    "a full row of the built-in skin leaves the row buttons whole and inside the control, on every side") {
+    DrivenControl f(12);
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom})
+        for (const std::int32_t place : {TabLeft, TabMiddle, TabRight})
+            for (std::int32_t length = 140; length < 200; ++length) { // a bar's width of lengths
+                CAPTURE(side);
+                CAPTURE(place);
+                CAPTURE(length);
+                const bool vertical = side == WindowLeft || side == WindowRight;
+                f.Host.Resize(vertical ? 90 : length, vertical ? length : 90);
+                f.Control.Let(Property::TabPos, side);
+                f.Control.Let(Property::TabBarPos, place);
+                f.Control.UserControl_Resize();
+                const LayoutRect& strip = f.State().Layout.BarStripRect;
+                const ButtonRects buttons = f.Buttons();
+                const std::int32_t first = vertical ? buttons.Previous.Top : buttons.Previous.Left;
+                const std::int32_t last = vertical ? buttons.Menu.Bottom : buttons.Menu.Right;
+                REQUIRE(first >= 0);
+                REQUIRE(last < length);
+                if (place == TabRight)
+                    REQUIRE(last < (vertical ? strip.Top : strip.Left));
+                else
+                    REQUIRE(first >= (vertical ? strip.Bottom : strip.Right));
+            }
+}
+
 TEST_CASE("a handler of NextTabDown may put the row elsewhere") {
     DrivenControl f(40);
     f.Host.On.NextTabDown = [](std::int16_t& first) { first = 7; };

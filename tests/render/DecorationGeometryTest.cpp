@@ -19,7 +19,8 @@ std::int16_t AddIcon(ControlState& c, std::int16_t width, std::int16_t height) {
 }
 
 // Three bars of 40 x 22 at (6, 3) on a horizontal, at (3, 6) on a vertical side, the second to fourth of ten tabs. The
-// fills are 18, 19 and 20 high, the leading ends 4, 5 and 6 wide, the trailing ones 9, 7 and 8.
+// fills are 18, 19 and 20 high, the leading ends 4, 5 and 6 wide, the trailing ones 9, 7 and 8. The control is much
+// larger.
 ControlState Row(std::int32_t side) {
     ControlState c;
     c.Properties.TabCount = 10;
@@ -30,6 +31,7 @@ ControlState Row(std::int32_t side) {
     c.Layout.IsHorizontal = side == Windowtop || side == WindowBottom ? True : False;
     c.Layout.BarStripRect =
         c.Layout.IsHorizontal ? LayoutRect::FromEdges(6, 3, 126, 25) : LayoutRect::FromEdges(3, 6, 25, 126);
+    c.Layout.ControlRect = LayoutRect::FromEdges(0, 0, 300, 300);
     constexpr std::int32_t trailing[] = {9, 7, 8};
     for (std::int32_t s = 0; s < 3; ++s) {
         c.SkinRects[FillPic0 + s].Height = 18 + s;
@@ -134,9 +136,91 @@ TEST_CASE("a skin without a close button has none to hit") {
 
 TEST_CASE("previous, next and menu follow the strip's far end, each as large as its icon") {
     CHECK(Buttons(Row(Windowtop)) == "134,7-143,19 144,7-154,20 157,6-168,20");
-    CHECK(Buttons(Row(WindowBottom)) == Buttons(Row(Windowtop)));
     CHECK(Buttons(Row(WindowLeft)) == "9,134-18,146 8,147-18,160 8,163-19,177");
-    CHECK(Buttons(Row(WindowRight)) == Buttons(Row(WindowLeft)));
+}
+
+TEST_CASE(
+    "on the bottom and on the right the buttons are as far from the strip's outer edge as on top and left") {
+    CHECK(Buttons(Row(WindowBottom)) ==
+          "134,8-143,20 144,7-154,20 157,7-168,21"); // 28 - 7 = 21 is 19 flipped
+    CHECK(Buttons(Row(WindowRight)) == "9,134-18,146 9,147-19,160 8,163-19,177");
+}
+
+TEST_CASE("before the buttons would leave the control their gaps shrink, that beside the strip first") {
+    const auto inControlOf = [](std::int32_t extent) {
+        ControlState c = Row(Windowtop);
+        c.Layout.ControlRect = LayoutRect::FromEdges(0, 0, extent, 100);
+        const ButtonRects rects = NavButtonRects(c);
+        return std::to_string(rects.Previous.Left - 126) + " " +
+               std::to_string(rects.Menu.Left - rects.Next.Right - 1) + ", last pixel " +
+               std::to_string(rects.Menu.Right);
+    };
+    CHECK(inControlOf(170) == "8 2, last pixel 168");
+    CHECK(inControlOf(169) == "8 2, last pixel 168");
+    CHECK(inControlOf(168) == "7 2, last pixel 167");
+    CHECK(inControlOf(161) == "0 2, last pixel 160");
+    CHECK(inControlOf(160) == "0 1, last pixel 159");
+    CHECK(inControlOf(159) == "0 0, last pixel 158");
+    CHECK(inControlOf(150) == "-9 0, last pixel 149"); // under the row, for there is no room before it either
+    CHECK(inControlOf(20) == "-126 0, last pixel 32"); // not even the buttons alone fit
+
+    ControlState c = Row(WindowLeft);
+    c.Properties.TabBarPos = TabRight;
+    const auto above = [&](std::int32_t start) {
+        c.Layout.BarStripRect = LayoutRect::FromEdges(3, start, 25, 126);
+        const ButtonRects rects = NavButtonRects(c);
+        return std::to_string(rects.Previous.Top) + " " + std::to_string(rects.Menu.Bottom);
+    };
+    CHECK(above(60) == "8 51"); // 42 pixels of buttons, and the gaps
+    CHECK(above(50) == "0 43");
+    CHECK(above(43) == "0 42");
+}
+
+TEST_CASE("buttons that have no room on their side of the strip stand on the other one") {
+    ControlState c = Row(Windowtop);
+    c.Layout.BarStripRect = LayoutRect::FromEdges(80, 3, 280, 25);
+    c.Properties.TabBarPos = TabCustom; // keeps the place of a row that sat at the far end
+    CHECK(NavButtonRects(c).Previous.Left == 37);
+    CHECK(NavButtonRects(c).Menu.Right == 71);
+    c.Layout.BarStripRect = LayoutRect::FromEdges(20, 3, 220, 25);
+    c.Properties.TabBarPos = TabRight;
+    CHECK(NavButtonRects(c).Previous.Left == 228);
+}
+
+TEST_CASE("buttons as thick as the strip and thicker stay inside the control") {
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom}) {
+        CAPTURE(side);
+        ControlState c = Row(side);
+        c.SkinIcons.Entries[3].Width = c.SkinIcons.Entries[3].Height = 32;
+        c.Layout.ControlRect = LayoutRect::FromEdges(0, 0, 300, 300);
+        LayoutRect& strip = c.Layout.BarStripRect;
+        if (side == WindowBottom) strip = LayoutRect::FromEdges(6, 278, 126, 300);
+        if (side == WindowRight) strip = LayoutRect::FromEdges(278, 6, 300, 126);
+        const LayoutRect menu = NavButtonRects(c).Menu;
+        CHECK(menu.Left >= 0);
+        CHECK(menu.Top >= 0);
+        CHECK(menu.Right < 300);
+        CHECK(menu.Bottom < 300);
+    }
+}
+
+TEST_CASE("a shift that the gaps cannot take up moves the buttons all the way, out of the control too") {
+    ControlState c = Row(Windowtop);
+    c.Layout.ControlRect = LayoutRect::FromEdges(0, 0, 165, 100);
+    const auto shifted = [&](std::int16_t shift) {
+        c.Properties.NavBtnXjust = shift;
+        return NavButtonRects(c).Previous.Left;
+    };
+    CHECK(shifted(0) == 130); // of the gap of 8 there is room for 4
+    CHECK(shifted(3) == 130);
+    CHECK(shifted(4) == 130);
+    CHECK(shifted(10) == 136); // the menu button ends at 168
+    CHECK(shifted(-2) == 130);
+    CHECK(shifted(-10) == 124);
+    CHECK(shifted(-200) == -66);
+    c.Properties.NavBtnXjust = 0;
+    c.Properties.NavBtnYjust = 90;
+    CHECK(NavButtonRects(c).Previous.Top == 97);
 }
 
 TEST_CASE(

@@ -152,6 +152,34 @@ TEST_CASE(
     });
 }
 
+TEST_CASE("in a control that is longer than the reserve the row buttons lie wholly inside, in their order") {
+    ForRandomStates([](SkinnedControl& control, Dice& dice) {
+        ControlState& state = control.State;
+        PropertyValues& p = state.Properties;
+        p.NavBtnXjust = p.NavBtnYjust = 0;
+        p.TabPos = dice.From(WindowLeft, WindowBottom);
+        const bool vertical = p.TabPos == WindowLeft || p.TabPos == WindowRight;
+        const std::int32_t length = dice.From(34, 200); // the reserve is 31
+        control.Host.Resize(vertical ? 150 : length, vertical ? length : 150);
+        control.RepaintAll();
+        const ButtonRects rects = NavButtonRects(state);
+        for (const LayoutRect& rect : {rects.Previous, rects.Next, rects.Menu}) {
+            CAPTURE(rect.Left);
+            CAPTURE(rect.Top);
+            REQUIRE(rect.Left >= 0);
+            REQUIRE(rect.Top >= 0);
+            REQUIRE(rect.Right < (vertical ? 150 : length));
+            REQUIRE(rect.Bottom < (vertical ? length : 150));
+        }
+        REQUIRE((vertical ? rects.Next.Top - rects.Previous.Bottom
+                          : rects.Next.Left - rects.Previous.Right) == 1);
+        const std::int32_t gap =
+            vertical ? rects.Menu.Top - rects.Next.Bottom : rects.Menu.Left - rects.Next.Right;
+        REQUIRE(gap >= 1);
+        REQUIRE(gap <= 3);
+    });
+}
+
 TEST_CASE("every painted pixel of a button hits that button, and releasing it leaves no trace") {
     ForRandomStates([](SkinnedControl& control, Dice&) {
         const Pixels released = control.Shown();

@@ -177,27 +177,66 @@ void SkinnedControl::MixButton(Pixels& onto, std::int16_t role, POINT at, bool g
 void SkinnedControl::MixNavButtons(Pixels& onto) const {
     const LayoutRect& strip = State.Layout.BarStripRect;
     const PropertyValues& p = State.Properties;
-    const bool vertical = IsVertical(State), before = p.TabBarPos == TabRight;
+    const bool vertical = IsVertical(State);
     const std::int16_t roles[] = {State.SkinIcons.LeftButtonIcon, State.SkinIcons.RightButtonIcon,
                                   State.SkinIcons.MenuBarIcon};
     const std::int32_t past = State.Layout.FirstVisibleTab + State.Layout.VisibleBarCount;
     const bool greyed[] = {State.Layout.FirstVisibleTab < 1, p.TabCount - past < 1, false};
     SIZE sizes[3] = {};
-    std::int32_t length = 2;
+    std::int32_t length = 0;
     for (int i = 0; i < 3; ++i) {
         const SkinIcon* icon = State.SkinIcons.At(roles[i]);
         if (icon) sizes[i] = {icon->Width, icon->Height};
         length += vertical ? sizes[i].cy : sizes[i].cx;
     }
-    std::int32_t along = before ? (vertical ? strip.Top : strip.Left) - 8 - length
-                                : (vertical ? strip.Bottom : strip.Right) + 8;
+
+    // Along the strip: shifted, less and less far from the strip until the control's edge is kept.
+    const std::int32_t end = vertical ? SurfaceHeight : SurfaceWidth;
+    const std::int32_t shift = vertical ? p.NavBtnYjust : p.NavBtnXjust;
+    const std::int32_t first = vertical ? strip.Top : strip.Left,
+                       last = vertical ? strip.Bottom : strip.Right;
+    bool before = p.TabBarPos == TabRight;
+    const bool roomBefore = first >= length, roomBehind = end - last >= length;
+    if (roomBefore != roomBehind) before = before ? roomBefore : !roomBehind;
+    std::int32_t beside = 8, beforeMenu = 2, along = 0;
+    for (;;) {
+        const std::int32_t whole = length + beforeMenu;
+        along = shift + (before ? first - beside - whole : last + beside);
+        const bool inside = before ? along >= 0 : along + whole <= end;
+        if (inside || beside + beforeMenu == 0) break;
+        --(beside > 0 ? beside : beforeMenu);
+    }
+    while (along + length + beforeMenu > end + std::max(shift, 0)) --along;
+    while (along < std::min(shift, 0)) ++along;
+
     for (int i = 0; i < 3; ++i) {
-        if (i == 2) along += 2;
-        POINT at = {along, strip.Top + (strip.Height - sizes[i].cy) / 2};
-        if (vertical) at = {strip.Left + (strip.Width - sizes[i].cx) / 2, along};
-        MixButton(onto, roles[i], {at.x + p.NavBtnXjust, at.y + p.NavBtnYjust}, greyed[i]);
+        if (i == 2) along += beforeMenu;
+        MixButton(
+            onto, roles[i],
+            vertical ? POINT{AcrossButton(sizes[i].cx), along} : POINT{along, AcrossButton(sizes[i].cy)},
+            greyed[i]);
         along += vertical ? sizes[i].cy : sizes[i].cx;
     }
+}
+
+// Where a button of this thickness stands across the strip: in its middle, counted from the outer edge, and shifted; no
+// farther out of the control than it is shifted.
+std::int32_t SkinnedControl::AcrossButton(std::int32_t thickness) const {
+    const LayoutRect& strip = State.Layout.BarStripRect;
+    const std::int32_t margin = (22 - thickness) / 2;
+    const std::int32_t end = IsVertical(State) ? SurfaceWidth : SurfaceHeight;
+    std::int32_t at = 0;
+    switch (State.Properties.TabPos) {
+    case Windowtop: at = strip.Top + margin; break;
+    case WindowBottom: at = strip.Bottom - margin - thickness; break;
+    case WindowLeft: at = strip.Left + margin; break;
+    default: at = strip.Right - margin - thickness; break;
+    }
+    const std::int32_t shift =
+        IsVertical(State) ? State.Properties.NavBtnXjust : State.Properties.NavBtnYjust;
+    for (at += shift; at + thickness > end + std::max(shift, 0);) --at;
+    while (at < std::min(shift, 0)) ++at;
+    return at;
 }
 
 } // namespace vantik::test

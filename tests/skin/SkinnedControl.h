@@ -49,6 +49,7 @@ public:
 
 private:
     std::int16_t IconOf(std::int16_t tab) const;
+    std::int32_t AcrossButton(std::int32_t thickness) const;
     void MixButton(Pixels& onto, std::int16_t role, POINT at, bool greyed) const;
 };
 
