@@ -63,21 +63,25 @@ std::size_t FindZero(ByteView data) noexcept {
     return static_cast<std::size_t>(std::find(data.begin(), data.end(), 0) - data.begin());
 }
 
-std::u16string DecodeText(ByteView data) { return Decode(data) + u'\0'; }
+void AppendText(std::u16string& text, ByteView data) {
+    text += Decode(data);
+    text += u'\0';
+}
 
-std::u16string InflateTextChunk(ByteView data, Inflater& inflater) {
+void InflateTextChunk(std::u16string& text, ByteView data, Inflater& inflater) {
     // Behind the keyword: its separator, the compression method and the two bytes of the zlib header.
     constexpr std::size_t HeaderSize = 4;
     const std::size_t keyword = FindZero(data);
+    AppendText(text, data.first(keyword));
     const ByteView rest = data.subspan(std::min(keyword + HeaderSize, data.size()));
     const ByteView compressed = rest.first(FindZero(rest));
 
     const Checked lastIndex = Narrow<std::int32_t>(compressed.size()) - 1;
     std::int32_t expectedSize = 12 * lastIndex;
-    std::int32_t result = 0; // whatever it will be, what was inflated counts
-    std::vector<std::uint8_t> text(compressed.begin(), compressed.end());
-    inflater.Inflate(text, expectedSize, false, result);
-    return DecodeText(data.first(keyword)) + DecodeText(text);
+    inflater.Begin(compressed, expectedSize);
+    inflater.ContinueTo(SIZE_MAX); // whatever the result will be, what was inflated counts
+    AppendText(text, inflater.Output());
+    inflater.End();
 }
 
 std::u16string FormatTime(ByteView data) {

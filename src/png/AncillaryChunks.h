@@ -10,11 +10,12 @@
 namespace vantik {
 
 // tEXt: keyword, separator and text as they stand, followed by a character 0.
-std::u16string DecodeText(ByteView data);
+void AppendText(std::u16string& text, ByteView data);
 
 // zTXt: the keyword, a character 0, what the compressed bytes give, a character 0. The compressed bytes are taken to end
-// before their first byte 0, which shortens most real streams; readers of the text rely on it.
-std::u16string InflateTextChunk(ByteView data, Inflater& inflater);
+// before their first byte 0, which shortens most real streams; readers of the text rely on it. Where inflating raises,
+// the keyword is there already.
+void InflateTextChunk(std::u16string& text, ByteView data, Inflater& inflater);
 
 // The number of bytes before the first 0.
 std::size_t FindZero(ByteView data) noexcept;

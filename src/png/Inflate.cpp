@@ -74,6 +74,7 @@ void Inflater::Begin(ByteView input, std::int32_t& expectedSize, bool deflate64)
     expectedSize = Checked(expectedSize) + AllowedExcess;
     if (expectedSize < 0) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
     limit_ = static_cast<std::size_t>(expectedSize);
+    output_ = {}; // before the new one is there, if an error left it
     output_ = ByteBuffer(limit_ + 1 + Slack);
     position_ = 0;
     bits_ = BitReader(input);

@@ -52,7 +52,7 @@ std::int32_t OpaqueBitCount(const ImageHeader& header) noexcept {
 void ChooseConversion(PicturePlan& plan, const PngContents& png,
                       const ConversionSettings& settings) noexcept {
     const ImageHeader& header = png.Header;
-    if (!IsDefined(header)) {
+    if (header.Interlace > 1 || !IsDefined(header)) {
         plan.IsUnconverted = true;
         plan.BitCount = IsOneOf(header.BitDepth, {1, 4, 8}) ? header.BitDepth : 0;
         return;

@@ -13,7 +13,7 @@ struct ConversionSettings;
 struct PicturePlan {
     std::int32_t BitCount = 0;     // of the bitmap; 0: no bitmap
     bool IsTransparent = false;    // 32 bits to be mixed with a background
-    bool IsUnconverted = false;    // nothing is defined for this colour type and bit depth
+    bool IsUnconverted = false;    // nothing is defined for this kind of picture
     bool UnfiltersInPlace = false; // unfiltered rows already are the bitmap's rows
     bool SwapsRedBlue = false;     // if their channels are swapped beforehand
     std::size_t RowSize = 0;       // of a scanline without its filter byte

@@ -26,6 +26,9 @@ struct SampleImage {
     const std::uint8_t* Row(std::int32_t y) const noexcept {
         return Bytes.data() + static_cast<std::size_t>(y) * RowSize;
     }
+    ByteView All(std::int32_t height) const noexcept {
+        return {Bytes.data(), RowSize * static_cast<std::size_t>(height)};
+    }
 };
 
 class PixelDecoder {
@@ -39,12 +42,7 @@ public:
 
     DibImage Run() {
         BeginInflation();
-        if (plan_.UnfiltersInPlace) {
-            dib_ = NewDib();
-            UnfilterInto({dib_.Row(0), RowStep(dib_)}, plan_.SwapsRedBlue);
-        } else {
-            Convert(ReadSamples());
-        }
+        ReadPicture();
         raw_.Finish();
         inflater_.End();
         if (dib_.BitCount != 0 && dib_.BitCount <= 8) dib_.ColourTable = ChooseColourTable();
@@ -60,6 +58,14 @@ private:
         const bool isDeflated = header_.Compression == 0;
         if (!isDeflated) return inflater_.End();
         inflater_.Begin(data.subspan(ZlibHeaderSize), expected);
+    }
+
+    // An interlace method above 1 has neither layout: what was inflated stays as it is.
+    void ReadPicture() {
+        if (header_.Interlace > 1) return CopyUnconverted(raw_.All());
+        if (!plan_.UnfiltersInPlace) return Convert(ReadSamples());
+        dib_ = NewDib();
+        UnfilterInto({dib_.Row(0), RowStep(dib_)}, plan_.SwapsRedBlue);
     }
 
     static std::ptrdiff_t RowStep(const DibImage& dib) noexcept {
@@ -99,30 +105,24 @@ private:
         }
         SampleImage samples = {
             ByteBuffer(plan_.RowSize * static_cast<std::size_t>(header_.Height) + RowSlack), plan_.RowSize};
-        if (header_.Interlace == 0) {
-            UnfilterInto({samples.Bytes.data(), static_cast<std::ptrdiff_t>(plan_.RowSize)}, false);
-        } else {
-            // Neither layout: what was inflated is taken for the samples as it is.
-            const std::size_t size = plan_.RowSize * static_cast<std::size_t>(header_.Height);
-            std::copy_n(raw_.UpTo(size), size, samples.Bytes.data());
-        }
+        UnfilterInto({samples.Bytes.data(), static_cast<std::ptrdiff_t>(plan_.RowSize)}, false);
         return samples;
     }
 
     void Convert(const SampleImage& samples) {
-        if (plan_.BitCount == 0) return;
+        if (plan_.IsUnconverted) return CopyUnconverted(samples.All(header_.Height));
         dib_ = NewDib();
-        if (plan_.IsUnconverted) return CopyUnconverted(samples);
         const RowConverter converter(png_, plan_.IsTransparent, header_.Interlace == 1);
         for (std::int32_t y = 0; y < header_.Height; ++y) converter.Convert(samples.Row(y), dib_.Row(y));
     }
 
     // Samples that no conversion is defined for are the bitmap's bytes as they follow each other.
-    void CopyUnconverted(const SampleImage& samples) {
+    void CopyUnconverted(ByteView bytes) {
+        if (plan_.BitCount == 0) return;
+        dib_ = NewDib();
         const auto size = static_cast<std::size_t>(plan_.DibSize);
-        const std::size_t available = samples.RowSize * static_cast<std::size_t>(header_.Height);
-        const std::size_t used = std::min(size, available);
-        std::copy_n(samples.Bytes.data(), used, dib_.Pixels.data());
+        const std::size_t used = std::min(size, bytes.size());
+        std::copy_n(bytes.data(), used, dib_.Pixels.data());
         std::memset(dib_.Pixels.data() + used, 0, size - used);
     }
 

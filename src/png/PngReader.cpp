@@ -35,8 +35,8 @@ void PngReader::TakeChunk(std::uint32_t name, ByteView data) {
     case ChunkName("IDAT"): png_.ImageData.insert(png_.ImageData.end(), data.begin(), data.end()); break;
     case ChunkName("bKGD"): ApplyBackgroundChunk(data); break;
     case ChunkName("gAMA"): png_.Gamma = BigEndianLong(data, 0); break;
-    case ChunkName("tEXt"): png_.Text += DecodeText(data); break;
-    case ChunkName("zTXt"): png_.CompressedText += InflateTextChunk(data, inflater_); break;
+    case ChunkName("tEXt"): AppendText(png_.Text, data); break;
+    case ChunkName("zTXt"): InflateTextChunk(png_.CompressedText, data, inflater_); break;
     case ChunkName("tIME"): png_.ModificationTime = FormatTime(data); break;
     case ChunkName("tRNS"):
         png_.HasTransparency = true;
@@ -52,8 +52,10 @@ void PngReader::ApplyBackgroundChunk(ByteView data) {
 }
 
 DibImage PngReader::Decode(const ConversionSettings& settings) {
+    hasAlpha_ = false;
+    DibImage image = WithOutOfMemory([&] { return DecodePixels(png_, settings, inflater_); });
     hasAlpha_ = HasAlphaChannel(png_.Header.ColourType);
-    return WithOutOfMemory([&] { return DecodePixels(png_, settings, inflater_); });
+    return image;
 }
 
 } // namespace vantik

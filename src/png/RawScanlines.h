@@ -22,6 +22,12 @@ public:
         return output.data();
     }
 
+    // Everything that the stream gives, however much that is.
+    ByteView All() {
+        Finish();
+        return inflater_.Output();
+    }
+
     // Inflates what nobody needed: faults of the stream show wherever they are.
     void Finish() { inflater_.ContinueTo(SIZE_MAX); }
 

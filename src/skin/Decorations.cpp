@@ -48,7 +48,7 @@ void Decorations::DrawTabIcon(std::int16_t index, std::uint8_t state) {
     const std::int16_t reference = ResolveIcon(state_.SkinIcons, tab.Ico);
     SkinIcon* icon = state_.SkinIcons.At(reference);
     if (!icon) return;
-    if (icon->Handles[code.Slot] == NoBitmap) icons_.ReadSize(*icon);
+    if (icon->Handles[code.Slot] == NoBitmap && !icons_.ReadSize(*icon)) return;
     const PixelPoint at = TabIconPosition(state_, index, state, {icon->Width, icon->Height});
     const LayoutRect place = RectAt(at.X, at.Y, std::min<std::int32_t>(icon->Width, CachedTabIconExtent),
                                     std::min<std::int32_t>(icon->Height, CachedTabIconExtent));
@@ -75,7 +75,7 @@ void Decorations::DrawCloseButton(std::int16_t index, std::uint8_t& state, std::
     const std::int16_t role = state_.SkinIcons.DeleteButtonIcon;
     SkinIcon* icon = state_.SkinIcons.At(role);
     if (!state_.Properties.DelButton || !icon) return;
-    if (icon->Handles[slot] == NoBitmap) icons_.ReadSize(*icon);
+    if (icon->Handles[slot] == NoBitmap && !icons_.ReadSize(*icon)) return;
     const LayoutRect button = CloseButtonRect(state_, SlotOf(state_, index));
     const LayoutRect place = RectAt(button.Left, button.Top, icon->Width, icon->Height);
     PixelBlock beneath = DrawOnBar(index, role, slot, flag == FlagHovered ? OwnColours : GreyFromBlue, place);

@@ -5,31 +5,45 @@
 
 namespace vantik {
 
-void IconPainter::ReadSize(SkinIcon& icon) {
-    constexpr PngSize nothing = {-1, -1};
-    PngSize size = nothing;
+// Of a size whose height does not fit 16 bits the width is there before that raises.
+IconPainter::Answer IconPainter::ReadLast(const std::u16string& path) {
+    PngSize size = {-1, -1};
+    auto answer = Answer::None;
     try {
-        ReadPngFileSize(icon.FilePath, size);
+        ReadPngFileSize(path, size);
+        if (size.LastPngHeight > 0) answer = Answer::Size;
     } catch (const RunTimeError&) {
-        // A file that is locked or broken tells no size.
+        answer = Answer::Refused;
     }
-    if (size.LastPngWidth == nothing.LastPngWidth) return;
-    icon.Width = size.LastPngWidth;
-    icon.Height = size.LastPngHeight;
-    state_.LastPng = size;
+    if (size.LastPngWidth > 0) state_.LastPng.LastPngWidth = size.LastPngWidth;
+    if (size.LastPngHeight > 0) state_.LastPng.LastPngHeight = size.LastPngHeight;
+    return answer;
 }
 
-void IconPainter::Follow(std::int16_t icon) {
+void IconPainter::TakeLast(SkinIcon& icon) const noexcept {
+    icon.Width = state_.LastPng.LastPngWidth;
+    icon.Height = state_.LastPng.LastPngHeight;
+}
+
+bool IconPainter::ReadSize(SkinIcon& icon) {
+    const Answer answer = ReadLast(icon.FilePath);
+    if (answer == Answer::Size) TakeLast(icon);
+    return answer != Answer::Refused;
+}
+
+bool IconPainter::Follow(std::int16_t icon) {
     SkinIcon& entry = *state_.SkinIcons.At(icon);
     const FileStamp now = StampOf(entry.FilePath);
     const bool isKnown = entry.Handles[0] != NoBitmap && stamps_[icon] == now;
     stamps_[icon] = now;
     if (isKnown) {
         state_.LastPng = {entry.Width, entry.Height};
-    } else {
-        pictures_.Release(icon);
-        ReadSize(entry);
+        return true;
     }
+    pictures_.Release(icon);
+    if (ReadLast(entry.FilePath) == Answer::Refused) return false;
+    TakeLast(entry);
+    return true;
 }
 
 OwnedBitmap IconPainter::DrawFile(const std::u16string& path, IconStyle style, std::int32_t x, std::int32_t y,

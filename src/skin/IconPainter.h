@@ -21,12 +21,13 @@ public:
     IconPainter(UserControl& host, ControlState& state) noexcept
         : host_(host), state_(state), pictures_(state.SkinIcons) {}
 
-    // The size from the icon's file into the icon and LastPng; a file that says nothing leaves the icon's own.
-    void ReadSize(SkinIcon& icon);
+    // The size from the icon's file into the icon and LastPng; a file that says nothing leaves the icon's own. False
+    // when the file is locked or its size is beyond 16 bits: there is nothing to draw.
+    bool ReadSize(SkinIcon& icon);
 
     // For an icon that is to look as its file does now: reads the size, and releases the icon's pictures when the file
-    // has changed since they were drawn.
-    void Follow(std::int16_t icon);
+    // has changed since they were drawn. A file that says nothing gives the icon the size read last, whosever that was.
+    bool Follow(std::int16_t icon);
 
     PixelBlock Read(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
         return pictures_.Read(host_.hDC(), x, y, width, height);
@@ -42,6 +43,10 @@ public:
     void Terminate() noexcept { pictures_.Terminate(); }
 
 private:
+    enum class Answer { None, Size, Refused };
+
+    Answer ReadLast(const std::u16string& path);
+    void TakeLast(SkinIcon& icon) const noexcept;
     OwnedBitmap DrawFile(const std::u16string& path, IconStyle style, std::int32_t x, std::int32_t y,
                          std::int16_t direct);
 

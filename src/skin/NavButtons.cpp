@@ -1,4 +1,5 @@
 // The previous, next and menu buttons beside the row of bars.
+#include <algorithm>
 #include <optional>
 
 #include "base/Checked.h"
@@ -54,17 +55,20 @@ IconStyle Decorations::NextStyle(Boolean pressed) const noexcept {
 IconStyle Decorations::MenuStyle(Boolean pressed) noexcept { return StyleOf(false, pressed); }
 
 // Mixed over the clean underlay, so that drawing it again and again changes nothing. Where a shift takes a button over
-// the strip, the bars stay in front: they are repainted without the buttons.
+// the strip, the bars stay in front: they are repainted without the buttons. What a picture of another size has left goes
+// with its place.
 bool Decorations::DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, IconStyle style) {
     SkinIcon* icon = state_.SkinIcons.At(role);
     if (!icon) return false;
-    icons_.Follow(role);
-    const LayoutRect area = LayoutRect::FromEdges(x, y, Checked(x) + icon->Width, Checked(y) + icon->Height);
+    const std::int16_t oldWidth = icon->Width, oldHeight = icon->Height;
+    const bool isReadable = icons_.Follow(role);
+    const LayoutRect area = LayoutRect::FromEdges(x, y, Checked(x) + std::max(oldWidth, icon->Width),
+                                                  Checked(y) + std::max(oldHeight, icon->Height));
     {
         const BesideStrip clip(host_.hDC(), state_.Layout.BarStripRect, area);
         FramePainter(host_, state_, surfaces_).PaintUnderlay(area);
-        icons_.Draw(role, 0, style, icons_.Read(x, y, icon->Width, icon->Height),
-                    DirectOf(state_.Properties));
+        const PixelBlock beneath = icons_.Read(x, y, icon->Width, icon->Height);
+        if (isReadable) icons_.Draw(role, 0, style, beneath, DirectOf(state_.Properties));
     }
     Invalidate(host_.hWnd(), area);
     if (style == Darkened) state_.ButtonPressed = True;

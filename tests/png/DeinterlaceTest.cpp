@@ -113,9 +113,30 @@ TEST_CASE("tall narrow interlaced images of few bits exceed the room for their s
     CHECK(raised(408) == 9);
 }
 
-TEST_CASE("any other interlace method takes the scanlines as they are, filter bytes and all") {
-    const HeaderFields fields = {.Width = 2, .Height = 2, .ColourType = 0, .Interlace = 2};
-    CHECK(LevelsOf(DecodePng(PictureWith(fields, {1, 10, 20, 1, 30, 40}))) == Bytes{1, 10, 20, 1});
+TEST_CASE(
+    "with any other interlace method nothing is converted: the inflated bytes are the bitmap's as they are") {
+    const auto decode = [](std::uint8_t type, std::uint8_t depth, const Bytes& inflated) {
+        const HeaderFields fields = {
+            .Width = 5, .Height = 2, .BitDepth = depth, .ColourType = type, .Interlace = 2};
+        return DecodePng(PictureWith(fields, inflated));
+    };
+    const Bytes inflated = {1, 10, 20, 30, 40, 50, 60, 70, 80, 90};
+    const DibImage image = decode(0, 8, inflated);
+    REQUIRE(image.BitCount == 8);
+    CHECK(Bytes(image.Row(0), image.Row(0) + 8) == Bytes{1, 10, 20, 30, 40, 50, 60, 70});
+    CHECK(Bytes(image.Row(1), image.Row(1) + 8) == Bytes{80, 90, 0, 0, 0, 0, 0, 0});
+    CHECK(decode(2, 8, inflated).BitCount == 8);
+    CHECK(decode(6, 16, inflated).BitCount == 0);
+    CHECK(decode(3, 2, inflated).BitCount == 0);
+}
+
+TEST_CASE("with any other interlace method too few scanlines raise nothing") {
+    for (const std::uint8_t interlace : Bytes{2, 3, 255}) {
+        const HeaderFields fields = {.Width = 100, .Height = 9, .ColourType = 0, .Interlace = interlace};
+        const DibImage image = DecodePng(PictureWith(fields, {7}));
+        CHECK(image.Row(0)[0] == 7);
+        CHECK(image.Row(0)[1] == 0);
+    }
 }
 
 TEST_CASE("interlaced samples of a width that nobody can split raise") {

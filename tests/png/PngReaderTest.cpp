@@ -198,6 +198,40 @@ TEST_CASE("an error number is never cleared, the flags of tRNS and bKGD are") {
     CHECK(!reader.Contents().HasTransparency);
 }
 
+TEST_CASE("whether there is an alpha channel is known when a picture was converted, not before") {
+    PngReader reader;
+    const auto open = [&](const Bytes& png) {
+        return NumberRaisedBy([&] {
+            MemorySource source(png);
+            if (reader.Read(source)) reader.Decode(Everything);
+        });
+    };
+    const HeaderFields alpha = {.ColourType = 6};
+    const Bytes sound = PngBytes().Header(alpha).StoredImage({0, 1, 2, 3, 4}).End();
+    const Bytes tooShort = PngBytes().Header(alpha).StoredImage({0, 1, 2, 3}).End();
+    BitWriter literals;
+    literals.Block(true, 1);
+    for (int i = 0; i < 300; ++i) literals.Fixed(0);
+    Bytes stream = {0x78, 0x9C};
+    Append(stream, literals.Bytes());
+    const Bytes brokenBehind = PngBytes().Header(alpha).Chunk("IDAT", stream).End();
+    const Bytes withoutImage = PngBytes().Header(alpha).End();
+
+    CHECK(open(withoutImage) == 0);
+    CHECK(!reader.HasAlpha()); // decoding never began
+    CHECK(open(tooShort) == 9);
+    CHECK(!reader.HasAlpha());
+    CHECK(open(sound) == 0);
+    CHECK(reader.HasAlpha());
+    CHECK(open(withoutImage) == 0);
+    CHECK(reader.HasAlpha()); // decoding never began
+    CHECK(open(brokenBehind) == 9);
+    CHECK(!reader.HasAlpha());
+    CHECK(open(sound) == 0);
+    CHECK(open(PlainPicture()) == 0);
+    CHECK(!reader.HasAlpha());
+}
+
 TEST_CASE("image data of an earlier open is not used again") {
     PngReader reader;
     const PngBytes plain = PlainPicture();
@@ -268,7 +302,7 @@ TEST_CASE("a zTXt without separator, stream or anything gives empty texts") {
           TextOf({u"a", u""}));
 }
 
-TEST_CASE("a zTXt with literals beyond 12 times its last index and 100 more raises a subscript error") {
+TEST_CASE("a zTXt with literals beyond 12 times its last index and 100 more raises, its keyword is kept") {
     // Five bytes: x, a copy of 148 that ends at the limit's index 12 x 4 + 100, and a literal behind it.
     BitWriter stream;
     stream.Block(true, 1).Fixed('x').Fixed(281).Number(148 - 131, 5).FixedDistance(0).Fixed('y');
@@ -277,7 +311,11 @@ TEST_CASE("a zTXt with literals beyond 12 times its last index and 100 more rais
     REQUIRE(FindZero(compressed) == 5);
     Bytes data = {'k', 0, 0, 0x78, 0x9C};
     Append(data, compressed);
-    CHECK(NumberRaisedBy([&] { ContentsOf(PngBytes().Chunk("zTXt", data).End()); }) == 9);
+    const PngBytes png = PngBytes().Chunk("zTXt", BytesOf("first")).Chunk("zTXt", data).End();
+    MemorySource source(png.All());
+    PngReader reader;
+    CHECK(NumberRaisedBy([&] { reader.Read(source); }) == 9);
+    CHECK(reader.Contents().CompressedText == TextOf({u"first", u"", u"k"}));
 }
 
 TEST_CASE("a bKGD level beyond the bit depth, or data of another size, gives 0") {

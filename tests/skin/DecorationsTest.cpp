@@ -134,6 +134,27 @@ TEST_CASE("a picture that is missing or broken leaves its bar without it, and th
 }
 
 TEST_CASE(
+    "a tab icon too large for 16 bits is not drawn; of the last size it changes what fits before the fault") {
+    for (const auto& [width, height] : {std::pair{40000u, 5u}, std::pair{5u, 40000u}}) {
+        CAPTURE(width);
+        SkinnedControl control;
+        WithThreeTabs(control).RepaintAll();
+        const std::int16_t huge = control.AddIcon(u"HUGE", FlatIcon(1, 1, {}));
+        control.Folder.Write(u"iconf.png", FlatPng(width, height));
+        control.State.Tabs(0).Ico = u"HUGE";
+        control.State.LastPng = {11, 12};
+        control.Pictures[static_cast<std::size_t>(huge)] = {};
+        control.Decorations.DrawTabIcon(0, 0);
+        CHECK(control.State.LastPng.LastPngWidth == (width == 5 ? 5 : 11));
+        CHECK(control.State.LastPng.LastPngHeight == 12);
+        CHECK(control.State.SkinIcons.At(huge)->Width == -1);
+        CHECK(control.State.SkinIcons.At(huge)->Height == -1);
+        control.RepaintAll();
+        CHECK(Difference(control.Shown(), control.Expected()) == "same");
+    }
+}
+
+TEST_CASE(
     "with DelButton off no close button is drawn and nothing cached, yet State becomes the slot number") {
     SkinnedControl control;
     WithThreeTabs(control).State.Properties.DelButton = False;

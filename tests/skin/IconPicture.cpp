@@ -68,6 +68,13 @@ std::string AsPng(const IconPicture& icon) {
     return {bytes.begin(), bytes.end()};
 }
 
+std::string FlatPng(std::uint32_t width, std::uint32_t height) {
+    const HeaderFields header = {.Width = width, .Height = height, .ColourType = 0};
+    const Bytes rows(std::size_t{height} * (1 + width), 0);
+    const Bytes bytes = PngBytes().Header(header).StoredImage(rows).End();
+    return {bytes.begin(), bytes.end()};
+}
+
 void Mix(Pixels& onto, const IconPicture& icon, std::int32_t x, std::int32_t y, int style,
          const RECT& bounds) {
     for (std::int32_t j = 0; j < icon.Height; ++j)

@@ -28,6 +28,9 @@ IconPicture FlatIcon(std::int32_t width, std::int32_t height, Rgba value);
 
 std::string AsPng(const IconPicture& icon);
 
+// An opaque picture of one grey.
+std::string FlatPng(std::uint32_t width, std::uint32_t height);
+
 // Mixes the icon over the picture at (x, y), inside the bounds only. Style 0: grey from blue, 1: grey from green, 3: own
 // colours, 4: 80 percent value, for grey icons only.
 void Mix(Pixels& onto, const IconPicture& icon, std::int32_t x, std::int32_t y, int style,

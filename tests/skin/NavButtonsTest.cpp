@@ -145,13 +145,48 @@ TEST_CASE("a button shows its file as it is now, unlike the cached decorations o
     CHECK(Difference(control.Shown(), control.Expected()) == "same");
 }
 
-TEST_CASE("a button whose file is gone keeps its size, so the layout stays as it was") {
+TEST_CASE("a smaller picture leaves nothing of the larger one that was there") {
     Scrolled control;
-    const LayoutCache before = control.State.Layout;
-    control.RemoveFile(control.State.SkinIcons.LeftButtonIcon);
-    control.RepaintAll();
-    CHECK(control.State.SkinIcons.At(control.State.SkinIcons.LeftButtonIcon)->Width == 7);
-    CHECK(control.State.Layout.BarStripRect == before.BarStripRect);
+    const LayoutRect at = control.Rects().Menu;
+    const Pixels bare = control.WithoutDecorations();
+    Pixels expected = control.Shown();
+    for (std::int32_t y = at.Top; y <= at.Bottom; ++y)
+        for (std::int32_t x = at.Left; x <= at.Right; ++x) expected.Set(x, y, bare.At(x, y));
+    const IconPicture small = RandomIcon(4, 5, 78);
+    Mix(expected, small, at.Left, at.Top, 3, {0, 0, expected.Width, expected.Height});
+    control.Folder.Write(u"icond.png", AsPng(small));
+    control.Decorations.DrawNavButtons();
+    CHECK(Difference(control.Shown(), expected) == "same");
+}
+
+TEST_CASE("a button whose file is gone or no picture takes the size read last, whosever that was") {
+    for (const char* content : {"", "GIF89a no PNG"}) {
+        Scrolled control;
+        SkinIcon& left = *control.State.SkinIcons.At(control.State.SkinIcons.LeftButtonIcon);
+        control.RemoveFile(control.State.SkinIcons.LeftButtonIcon);
+        if (*content) control.Folder.Write(u"iconb.png", content);
+        control.RepaintAll();
+        CHECK(left.Width == 6); // the menu button's, read last by the repaint before
+        CHECK(left.Height == 9);
+        CHECK(left.Handles[0] == NoBitmap);
+        control.RepaintAll(); // the layout follows
+        control.Pictures[1] = {};
+        CHECK(Difference(control.Shown(), control.Expected()) == "same");
+    }
+}
+
+TEST_CASE("a button whose picture is too large for 16 bits keeps its size and is not drawn") {
+    for (const auto& [width, height] : {std::pair{40000u, 5u}, std::pair{5u, 40000u}}) {
+        CAPTURE(width);
+        Scrolled control;
+        SkinIcon& left = *control.State.SkinIcons.At(control.State.SkinIcons.LeftButtonIcon);
+        control.Folder.Write(u"iconb.png", FlatPng(width, height));
+        control.RepaintAll();
+        CHECK(left.Width == 7);
+        CHECK(left.Height == 6);
+        control.Pictures[1] = {};
+        CHECK(Difference(control.Shown(), control.Expected()) == "same");
+    }
 }
 
 TEST_CASE("a button that is shifted over the strip stays behind the bars") {
