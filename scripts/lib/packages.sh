@@ -4,7 +4,7 @@
 Packages=(
     wine wine64 wine32:i386 xvfb xauth xdotool x11-apps
     g++-mingw-w64-i686 g++-mingw-w64-x86-64 mingw-w64-tools
-    cmake ninja-build g++ clang libclang-rt-14-dev clang-format clang-tidy python3-minimal
+    cmake ninja-build g++ clang libclang-rt-14-dev clang-format clang-tidy python3
     doctest-dev libbenchmark-dev libpng-dev libspng-dev liblodepng-dev libstb-dev zlib1g-dev
     imagemagick librsvg2-bin fonts-liberation fonts-dejavu fonts-wqy-zenhei
 )
