@@ -4,8 +4,9 @@
 
 namespace vantik {
 
-Control::Control(IUnknown& controlling)
+Control::Control(IUnknown& controlling, const Resolution& screen)
     : Controlling(controlling),
+      Size(screen),
       EventSinks(controlling, DIID___VantikFrameTab, IID_IDispatch),
       PropertySinks(controlling, IID_IPropertyNotifySink, IID_IPropertyNotifySink) {}
 

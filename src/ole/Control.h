@@ -17,7 +17,7 @@ namespace vantik {
 
 class Control {
 public:
-    explicit Control(IUnknown& controlling);
+    Control(IUnknown& controlling, const Resolution& screen);
     ~Control();
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;

@@ -33,8 +33,8 @@ void ControlHost::Refresh() {
     }
 }
 
-double ControlHost::TwipsPerPixelX() { return control_.Size.Screen().TwipsPerPixelX(); }
-double ControlHost::TwipsPerPixelY() { return control_.Size.Screen().TwipsPerPixelY(); }
+double ControlHost::TwipsPerPixelX() { return control_.Size.Screen().WholeTwipsPerPixelX(); }
+double ControlHost::TwipsPerPixelY() { return control_.Size.Screen().WholeTwipsPerPixelY(); }
 double ControlHost::Left() { return control_.Activation.Position().x * TwipsPerPixelX(); }
 double ControlHost::Top() { return control_.Activation.Position().y * TwipsPerPixelY(); }
 double ControlHost::Width() { return control_.Size.Pixels().cx * TwipsPerPixelX(); }

@@ -17,12 +17,13 @@ Offer Show(FaceType& face) noexcept {
 
 } // namespace
 
-HRESULT ControlObject::Create(IUnknown* outer, REFIID iid, void** object) {
-    const auto made = ComPtr<ControlObject>::Adopt(new ControlObject(outer));
+HRESULT ControlObject::Create(IUnknown* outer, REFIID iid, void** object, const Resolution& screen) {
+    const auto made = ComPtr<ControlObject>::Adopt(new ControlObject(outer, screen));
     return made->QueryInterface(iid, object);
 }
 
-ControlObject::ControlObject(IUnknown* outer) : control_(outer ? *outer : *this) {}
+ControlObject::ControlObject(IUnknown* outer, const Resolution& screen)
+    : control_(outer ? *outer : *this, screen) {}
 
 STDMETHODIMP_(ULONG) ControlObject::Release() noexcept {
     const ULONG left = --references_;

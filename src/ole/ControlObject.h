@@ -24,14 +24,15 @@ namespace vantik {
 // controlling object, which is the outer one where there is one.
 class ControlObject final : public IUnknown {
 public:
-    static HRESULT Create(IUnknown* outer, REFIID iid, void** object);
+    static HRESULT Create(IUnknown* outer, REFIID iid, void** object,
+                          const Resolution& screen = Resolution::OfScreen());
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;
     STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
     STDMETHODIMP_(ULONG) Release() noexcept override;
 
 private:
-    explicit ControlObject(IUnknown* outer);
+    ControlObject(IUnknown* outer, const Resolution& screen);
     ~ControlObject() = default;
 
     IUnknown* Find(REFIID iid) noexcept;

@@ -1,5 +1,7 @@
 #include "ole/Extent.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "gfx/Handles.h"
@@ -16,6 +18,9 @@ int Scale(LONG value, int numerator, int denominator) noexcept {
 }
 
 } // namespace
+
+// Half to even, as the engine rounds.
+double Resolution::WholeTwips(double perPixel) noexcept { return std::max(std::nearbyint(perPixel), 1.0); }
 
 Resolution Resolution::OfScreen() noexcept {
     const ScreenDC screen = GetScreenDC();

@@ -18,8 +18,8 @@ struct Point {
 };
 
 Point PositionOf(const Message& message, const Resolution& screen) noexcept {
-    return {static_cast<float>(GET_X_LPARAM(message.LParam) * screen.TwipsPerPixelX()),
-            static_cast<float>(GET_Y_LPARAM(message.LParam) * screen.TwipsPerPixelY())};
+    return {static_cast<float>(GET_X_LPARAM(message.LParam) * screen.WholeTwipsPerPixelX()),
+            static_cast<float>(GET_Y_LPARAM(message.LParam) * screen.WholeTwipsPerPixelY())};
 }
 
 std::int16_t HeldButtons(WPARAM keys) noexcept {

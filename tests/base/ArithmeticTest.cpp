@@ -33,6 +33,8 @@ TEST_CASE("twips become pixels by dividing whole numbers") {
     CHECK(TwipsToPixels(298.5, 15) == 19);
     CHECK(TwipsToPixels(-16, 15) == -1);  // truncated, not floored
     CHECK(TwipsToPixels(100, 14.5) == 7); // the factor rounds to 14
+    CHECK(TwipsToPixels(100, 14.6) == 6); // to 15
+    CHECK(TwipsToPixels(100, 7.5) == 12); // to 8
     CHECK(NumberRaisedBy([] { TwipsToPixels(100, 0); }) == 11);
 }
 

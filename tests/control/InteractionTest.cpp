@@ -95,6 +95,25 @@ TEST_CASE("the point at exactly k x BarWidth along the strip belongs to slot k")
     CHECK(f.State().HoverTab == 0);
 }
 
+TEST_CASE("across and down, a position is whole twips divided by a whole factor of its own") {
+    DrivenControl f(3);
+    f.Host.PerPixelX = 7.5; // rounds to 8
+    f.Host.PerPixelY = 6.6; // to 7
+    const LayoutRect strip = f.State().Layout.BarStripRect;
+    const auto x = [](std::int32_t pixels) { return static_cast<float>(pixels) * 8 - 0.4f; };
+    const auto y = [](std::int32_t pixels) { return static_cast<float>(pixels) * 7 - 0.4f; };
+    f.Control.UserControl_MouseMove(0, 0, x(strip.Left + 60), y(strip.Bottom));
+    CHECK(f.State().HoverTab == 1);
+    f.Control.UserControl_MouseMove(0, 0, x(strip.Left + 60), y(strip.Bottom + 1));
+    CHECK(f.State().HoverTab == -1);
+    const LayoutRect menu = f.Buttons().Menu;
+    f.Log();
+    f.Control.UserControl_MouseDown(1, 0, x(menu.Left), y(menu.Bottom + 1));
+    CHECK(f.Log() == "");
+    f.Control.UserControl_MouseDown(1, 0, x(menu.Left), y(menu.Bottom));
+    CHECK(f.Log() == "DownBarDown");
+}
+
 TEST_CASE("a press on a close button raises TabClose and removes the tab") {
     DrivenControl f(3);
     f.MoveTo(f.Close(1));

@@ -35,6 +35,15 @@ TEST_CASE("A window's left edge is told and set in twips") {
     CHECK(child.Left() == -750);
 }
 
+TEST_CASE("Twips are kept as the whole number that is nearest") {
+    const WindowWithChild test;
+    ChildWindow child(test.Child, Screen);
+    child.Left(465.75);
+    CHECK(child.Left() == 466);
+    child.Left(-465.75);
+    CHECK(child.Left() == -466);
+}
+
 TEST_CASE("Distances that are no whole pixels do not add up") {
     const WindowWithChild test;
     ChildWindow child(test.Child, Screen);

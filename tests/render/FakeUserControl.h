@@ -39,8 +39,8 @@ public:
     double Top() override { return TopTwips; }
     double Width() override { return WidthTwips; }
     double Height() override { return HeightTwips; }
-    double TwipsPerPixelX() override { return TwipsPerPixel; }
-    double TwipsPerPixelY() override { return TwipsPerPixel; }
+    double TwipsPerPixelX() override { return PerPixelX; }
+    double TwipsPerPixelY() override { return PerPixelY; }
     ComPtr<IFontDisp> AmbientFont() override { return Font; }
     Boolean AmbientUserMode() override { return UserMode; }
     void PropertyChanged(Property property) override; // logged by its key
@@ -51,6 +51,7 @@ public:
 
     // What the host says.
     double LeftTwips = 0, TopTwips = 0, WidthTwips = 0, HeightTwips = 0;
+    double PerPixelX = TwipsPerPixel, PerPixelY = TwipsPerPixel;
     std::uint32_t BackColour = 0xC8C8C8; // 0xRRGGBB
     Boolean UserMode = True;
     ComPtr<IFontDisp> Font;

@@ -37,6 +37,16 @@ TEST_CASE("with no tabs a full repaint paints background, frame and corners and 
     CHECK(row.State.Layout.VisibleBarCount == 0);
 }
 
+TEST_CASE("across and down, the size in pixels is whole twips divided by a whole factor of its own") {
+    Row row;
+    row.Host.PerPixelX = 7.5; // rounds to 8
+    row.Host.PerPixelY = 6.6; // to 7
+    row.Host.WidthTwips = 160 * 8 - 0.5;
+    row.Host.HeightTwips = 120 * 7 - 0.4;
+    row.Driver.RepaintAll();
+    CHECK(row.State.Layout.ControlRect == LayoutRect::FromEdges(0, 0, 160, 120));
+}
+
 TEST_CASE("a full repaint clears, paints each bar with its decorations in order and the buttons last") {
     Row row;
     row.State.Properties.ActiveTab = 1;
