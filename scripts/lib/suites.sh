@@ -9,6 +9,7 @@
 #   seconds = 120                time limit of one run (60)
 #   alone   = yes                nothing else runs meanwhile: for what measures time
 #   locale  = zh_CN.UTF-8        the locale, and by it the ANSI code page (C.UTF-8, code page 1252)
+#   scale   = 168                the dots per inch of the screen that programs see (96)
 #
 # Each run has an empty folder of its own as its current one, no input, no display, and a private WINEPREFIX. A script
 # finds the checkout in ROOT and the build tree in BUILD, and calls "wine" plainly.
@@ -22,7 +23,8 @@ Lanes=()
 # read_suite NAME — fills Suite; fails on what it does not know.
 read_suite() {
     local file=$SuiteFolder/$1.suite key value
-    Suite=([name]=$1 [builds]='' [needs]='' [program]='' [filter]='' [script]='' [seconds]=60 [alone]=no [locale]=C.UTF-8)
+    Suite=([name]=$1 [builds]='' [needs]='' [program]='' [filter]='' [script]='' [seconds]=60 [alone]=no [locale]=C.UTF-8
+        [scale]=96)
     while read -r key value || [[ -n $key ]]; do
         [[ -n $key && $key != \#* ]] || continue
         [[ -v Suite[$key] && $key != name && $value == '= '* ]] || return 1
@@ -98,9 +100,17 @@ obstacle() {
     [[ -z ${Suite[program]} || -f $program ]] || printf 'not run: %s is missing\n' "${program#"$Root"/}"
 }
 
+# prefix_of_suite PRESET — the name of the Wine prefix that the suite runs in.
+prefix_of_suite() {
+    local name=$1-${Suite[locale]}
+    [[ ${Suite[scale]} == 96 ]] || name+=-${Suite[scale]}
+    printf '%s\n' "$name"
+}
+
 suite_environment() {
-    local preset=$1 prefix=$1-${Suite[locale]} folder=$RunFolder/${Suite[name]}.$1
-    if uses_wine "$preset"; then need_prefix "$prefix"; fi
+    local preset=$1 prefix folder=$RunFolder/${Suite[name]}.$1
+    prefix=$(prefix_of_suite "$preset")
+    if uses_wine "$preset"; then need_prefix "$prefix" "${Suite[scale]}"; fi
     wine_environment "$prefix"
     export ROOT=$Root BUILD=$BuildFolder/$preset LC_ALL=${Suite[locale]}
     rm -rf "$folder" && mkdir -p "$folder" && cd "$folder"
@@ -180,7 +190,7 @@ run_suite() {
         (suite_environment "$2" && run_command) >"$log" 2>&1 </dev/null || status=$?
         judge "$status" "$log"
         Seconds=$(awk "BEGIN { printf \"%.1f\", $EPOCHREALTIME - $start }")
-        if ((Failed)) && uses_wine "$2"; then stop_wine "$2-${Suite[locale]}"; fi
+        if ((Failed)) && uses_wine "$2"; then stop_wine "$(prefix_of_suite "$2")"; fi
     fi
     report "$1" "$2" "$log"
 }

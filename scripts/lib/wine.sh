@@ -65,14 +65,31 @@ show_on_display() (
     registry delete 'HKCU\Software\Wine\Drivers' /v Graphics
 )
 
-# need_prefix NAME [display] — "display" gives its programs the user's screen, otherwise they have none.
+# Programs see a screen of so many dots per inch.
+set_scale() (
+    wine_environment "$1"
+    registry add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$2" &&
+        registry add 'HKCC\Software\Fonts' /v LogPixels /t REG_DWORD /d "$2"
+)
+
+# set_up_screen NAME SCREEN
+set_up_screen() {
+    local remedy="see the log; removing build/wine starts afresh"
+    case $2 in
+    96) return ;; # as it was made
+    display) step "Giving Wine the display" wine-display "$remedy" show_on_display "$1" ;;
+    *) step "Scaling a Wine prefix to $2 dots per inch" "wine-scale-$1" "$remedy" set_scale "$1" "$2" ;;
+    esac
+    stop_wine "$1"
+}
+
+# need_prefix NAME [SCREEN] — "display" gives its programs the user's screen; otherwise they have none, and see one of
+# so many dots per inch (96).
 need_prefix() {
+    local screen=${2:-96}
     need_base_prefix
-    prefix_is_ready "$1" "${2:-none}" && return
+    prefix_is_ready "$1" "$screen" && return
     clone_base_prefix "$1"
-    if [[ ${2:-} == display ]]; then
-        step "Giving Wine the display" wine-display "see the log; removing build/wine starts afresh" show_on_display "$1"
-        stop_wine "$1"
-    fi
-    printf '%s\n' "${2:-none}" >"$WineFolder/$1/ready"
+    set_up_screen "$1" "$screen"
+    printf '%s\n' "$screen" >"$WineFolder/$1/ready"
 }

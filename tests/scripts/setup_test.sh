@@ -111,6 +111,26 @@ test_a_new_version_of_wine_gets_a_new_prefix() {
     expect_equal "$(calls_of bin/wineboot | wc -l)" 2
 }
 
+test_a_prefix_is_scaled_when_it_is_made() {
+    wine_tools
+    need_prefix plain
+    need_prefix plain 96
+    expect_equal "$(calls_of bin/wine | grep -c LogPixels)" 0
+    need_prefix large 168
+    need_prefix large 168
+    expect_equal "$(calls_of bin/wine | grep -o 'LogPixels.*')" \
+        "$(printf 'LogPixels /t REG_DWORD /d 168 /f\nLogPixels /t REG_DWORD /d 168 /f')"
+}
+
+test_a_prefix_of_another_scale_is_made_again() {
+    wine_tools
+    need_prefix one 168
+    touch build/wine/one/old
+    need_prefix one 192
+    [[ ! -e build/wine/one/old ]]
+    expect_contains "$(calls_of bin/wine)" 'LogPixels /t REG_DWORD /d 192'
+}
+
 test_clones_have_a_registry_of_their_own() {
     wine_tools
     need_prefix one

@@ -175,6 +175,19 @@ test_every_run_has_an_empty_folder_no_display_and_no_input() {
     expect_run '2 passed, 0 failed'
 }
 
+test_a_scaled_suite_has_a_prefix_of_its_own() {
+    load_libraries
+    need_prefix() { echo "$*" >>"$BuildFolder/prefixes"; }
+    stop_wine() { :; }
+    mkdir -p "$BuildFolder/win32" && touch "$BuildFolder/win32/fake.exe"
+    stand_in bin/wine "$(summary_line 1 1 0 0)"
+    suite large 'builds = win32' 'program = fake' 'scale = 168'
+    suite plain 'builds = win32' 'program = fake'
+    expect_run '2 passed, 0 failed'
+    expect_equal "$(<"$BuildFolder/prefixes")" \
+        "$(printf 'win32-C.UTF-8-168 168\nwin32-C.UTF-8 96')"
+}
+
 test_a_suite_alone_runs_when_nothing_else_does() {
     load_libraries
     program '[[ ! -e ../../alone ]] || exit 9' 'sleep 1' 'touch ../../done' "$(summary_line 1 1 0 0)"
