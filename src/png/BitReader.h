@@ -71,7 +71,7 @@ public:
     // The state in registers, for a loop that must not touch memory between symbols.
     struct Registers {
         const std::uint8_t* Next;
-        const std::uint8_t* Safe; // up to here Refill may be called twice without asking
+        const std::uint8_t* Safe; // before here Refill may be called twice without asking
         std::uint64_t Bits;
         unsigned Count;
 
@@ -100,7 +100,7 @@ public:
         }
     };
 
-    Registers Load() const noexcept { return {next_, end_ - Margin, bits_, count_}; }
+    Registers Load() const noexcept { return {next_, SafeEnd(), bits_, count_}; }
     void Store(const Registers& registers) noexcept {
         next_ = registers.Next;
         bits_ = registers.Bits;
@@ -112,6 +112,11 @@ private:
         Registers registers = Load();
         registers.Refill();
         Store(registers);
+    }
+
+    // Short input is near its end all over.
+    const std::uint8_t* SafeEnd() const noexcept {
+        return end_ - begin_ >= Margin ? end_ - (Margin - 1) : begin_;
     }
 
     void NeedNearEnd(unsigned wanted) noexcept {

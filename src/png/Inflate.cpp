@@ -212,7 +212,7 @@ void Inflater::ReadCodeLengths(std::uint8_t* lengths, unsigned count) {
     LengthWriter writer(lengths, count);
     BitReader::Registers bits = bits_.Load();
     const HuffmanTable::Entry* const entries = codeLengths_.Entries();
-    while (!writer.IsFull() && bits.Next <= bits.Safe) {
+    while (!writer.IsFull() && bits.Next < bits.Safe) {
         bits.Refill();
         for (int i = 0; i < 4 && !writer.IsFull(); ++i) {
             const HuffmanTable::Entry entry = codeLengths_.FindWithin<1, 7>(entries, bits.Bits);
@@ -313,7 +313,7 @@ void Inflater::DecodeFast(std::size_t produced) {
         position_ = static_cast<std::size_t>(out - start);
     };
 
-    while (out < stop && bits.Next <= bits.Safe) {
+    while (out < stop && bits.Next < bits.Safe) {
         bits.Refill();
         HuffmanTable::Entry entry = tables.Literals.FindWithin<Start, Size>(literals, bits.Bits);
         bits.DropCode(entry);

@@ -2,6 +2,7 @@
 
 #include <numeric>
 
+#include "png/BitReader.h"
 #include "png/Inflate.h"
 #include "tests/RunTimeErrors.h"
 #include "tests/png/BitWriter.h"
@@ -138,6 +139,17 @@ TEST_CASE("input that ends inside a block ends with -1 and keeps what was decode
         CHECK(inflated.Data.size() == symbols);
     }
     CheckEnd({}, -1, {});
+}
+
+TEST_CASE("a reader of few bytes points to nothing before them") {
+    const std::vector<std::uint8_t> memory(3 * BitReader::Margin);
+    const std::uint8_t* const begin = memory.data() + BitReader::Margin;
+    for (std::ptrdiff_t size = 0; size <= 2 * BitReader::Margin; ++size) {
+        const BitReader reader({begin, static_cast<std::size_t>(size)});
+        const BitReader::Registers bits = reader.Load();
+        CHECK(bits.Safe >= begin);
+        CHECK((bits.Next < bits.Safe) == reader.IsFarFromEnd());
+    }
 }
 
 TEST_CASE("a block type of 3 ends at once with -1") {
