@@ -100,8 +100,6 @@ private:
     void AfterLet(Property property);
     void ResizeTabList(std::int16_t newCount, std::int16_t oldCount);
     std::u16string NextDefaultCaption();
-    void RenumberForInsertion(std::int16_t afterIndex);
-    void RenumberForRemoval(std::int16_t index);
     void RedrawBar(std::int16_t index);
 
     void SwitchTo(std::int16_t index);

@@ -6,7 +6,7 @@ namespace vantik {
 
 OleControlFace::OleControlFace(Control& control) noexcept : Face(control.Controlling), control_(control) {}
 
-// Captions have no mnemonics: an ampersand in one is drawn as it is.
+// Captions have no mnemonics: the letter that an ampersand underlines in a bar on the top or bottom answers to no key.
 STDMETHODIMP OleControlFace::GetControlInfo(CONTROLINFO* info) noexcept {
     if (!info) return E_POINTER;
     info->hAccel = nullptr;
