@@ -76,11 +76,15 @@ void VantikFrameTab::RemoveTab(std::int16_t index) {
     const ChildVisibility::OneOperation once(children_);
     ActiveTab(0);
     children_.CloseGapOf(index);
-    if (TabCount() < 2) return; // moving children runs host code, which may have removed tabs itself
+    if (TabCount() < 2 || !state_.HasTab(index))
+        return; // moving children runs host code, which may remove tabs
     const std::int16_t last = Subtract16(TabCount(), 1);
-    if (index < last) state_.Tabs.Move(index, last);
+    if (index < last) {
+        state_.Tabs.Move(index, last);
+        state_.Tabs(last) =
+            state_.Tabs(last - 1); // those behind moved up, and the last one stays behind as the spare
+    }
     state_.Tabs.Resize(last);
-    state_.Tabs(last) = state_.Tabs(last - 1); // the spare record is like that of the last tab
     state_.Properties.TabCount = last;
     // One past the last tab, on purpose; it happens only while tab 0 is disabled and could not be made active above.
     if (ActiveTab() > last - 1) state_.Properties.ActiveTab = last;

@@ -136,6 +136,22 @@ TEST_CASE("RemoveTab leaves a spare record that is like the last tab's") {
     CHECK(f.Control.State().Tabs(f.Control.TabCount()).Caption.empty());
 }
 
+TEST_CASE("removing the last tab leaves its own record behind as the spare one") {
+    for (const Boolean enabled : {True, False}) {
+        ControlFixture f(3);
+        f.Control.ActiveTab(0);
+        f.Control.SetBarEnable(2, enabled);
+        f.AddChild(u"child", 300);
+        f.Control.RemoveTab(2);
+        CHECK(f.Control.State().Tabs(2).Caption == u"Tab2");
+        // A handler may send the switch to the place behind the last tab; children move for an enabled record only.
+        f.Host.On.TabDown = [](std::int16_t& index, std::int16_t&) { index = 2; };
+        f.Control.UserControl_KeyDown(39, 0);
+        CHECK(f.Control.ActiveTab() == 2);
+        CHECK(f.Lefts() == (enabled ? "20300" : "300"));
+    }
+}
+
 TEST_CASE("ActiveTab ignores a disabled target and indexes out of range") {
     ControlFixture f(3);
     f.Control.ActiveTab(1);
