@@ -52,7 +52,6 @@ void VantikFrameTab::zSubclass_Proc(Boolean /*before*/, Boolean& /*handled*/, st
 }
 
 void VantikFrameTab::UserControl_MouseDown(std::int16_t button, std::int16_t /*shift*/, float x, float y) {
-    merged_.CarryOut(); // a handler may change the hover state without a repaint
     const ButtonRects seen = NavButtonRects(state_);
     if (state_.HoverCloseTab < 0 || !state_.Properties.DelButton) {
         if (state_.HoverTab > -1) {
@@ -81,7 +80,6 @@ void VantikFrameTab::HitTestButtons(const ButtonRects& seen, std::int32_t x, std
         layout.FirstVisibleTab > 0) {
         layout.FirstVisibleTab = Subtract16(layout.FirstVisibleTab, 1);
         RedrawBars();
-        merged_.CarryOut(); // the handler may change the first tab without a repaint
         host_.Events().PreTabDown(layout.FirstVisibleTab);
         return;
     }
@@ -89,7 +87,6 @@ void VantikFrameTab::HitTestButtons(const ButtonRects& seen, std::int32_t x, std
         TabCount() - (layout.FirstVisibleTab + layout.VisibleBarCount) > 0) {
         layout.FirstVisibleTab = Add16(layout.FirstVisibleTab, 1);
         RedrawBars();
-        merged_.CarryOut();
         host_.Events().NextTabDown(layout.FirstVisibleTab);
         return;
     }
@@ -112,7 +109,6 @@ void VantikFrameTab::UserControl_MouseMove(std::int16_t /*button*/, std::int16_t
 
     const std::int32_t slot = BarSlotAt(px - float(strip.Left), py - float(strip.Top), state_);
     const auto tab = Narrow<std::int16_t>(state_.Layout.FirstVisibleTab + slot);
-    if (tab != state_.HoverTab) merged_.CarryOut(); // a move repaints no bar
     if (!PointInRect(px, py, CloseButtonRect(state_, slot)))
         EndCloseHover();
     else if (state_.HoverCloseTab == -1)
@@ -139,7 +135,6 @@ void VantikFrameTab::EndCloseHover() {
 }
 
 void VantikFrameTab::EndHover() {
-    if (state_.HoverTab != -1) merged_.CarryOut();
     EndCloseHover();
     state_.HoverTab = -1;
 }

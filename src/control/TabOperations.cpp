@@ -95,6 +95,7 @@ void VantikFrameTab::RemoveTab(std::int16_t index) {
 
 void VantikFrameTab::SetBarIco(std::int16_t index, const std::u16string& key) {
     if (!state_.HasTab(index)) return;
+    merged_.CarryOutOtherRow();
     state_.Tabs(index).Ico = UpperCase(key);
     RedrawBar(index);
 }
@@ -110,6 +111,7 @@ void VantikFrameTab::SetBarCaption(std::int16_t index, const std::u16string& cap
 void VantikFrameTab::SetBarEnable(std::int16_t index, Boolean enable) {
     if (!state_.HasTab(index)) return;
     if (index == ActiveTab()) children_.SetShownVisible(enable);
+    merged_.CarryOutOtherRow();
     state_.Tabs(index).Enable = enable;
     if (index == ActiveTab()) {
         state_.Properties.ActiveTab = -1;

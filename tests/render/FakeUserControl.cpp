@@ -76,6 +76,11 @@ void FakeUserControl::Resize(std::int32_t width, std::int32_t height) {
         SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+HDC FakeUserControl::hDC() {
+    if (OnCall) OnCall();
+    return surface_->DC();
+}
+
 void FakeUserControl::Cls() {
     Log("Cls");
     surface_->Clear(BackColour);
@@ -84,10 +89,12 @@ void FakeUserControl::Cls() {
 void FakeUserControl::Refresh() { Log("Refresh"); }
 
 void FakeUserControl::PropertyChanged(Property property) {
+    if (OnCall) OnCall();
     Log("PropertyChanged " + AsciiOf(InfoOf(property).Key));
 }
 
 std::vector<std::unique_ptr<ChildControl>> FakeUserControl::ChildControls() {
+    if (OnCall) OnCall();
     std::vector<std::unique_ptr<ChildControl>> children;
     for (std::size_t i = 0; i < Children.size(); ++i) children.push_back(std::make_unique<ChildOf>(*this, i));
     return children;
@@ -99,31 +106,37 @@ void FakeUserControl::MsgBox(const std::u16string& text) {
 }
 
 void FakeUserControl::DownBarDown() {
+    if (OnCall) OnCall();
     Log("DownBarDown");
     if (On.DownBarDown) On.DownBarDown();
 }
 
 void FakeUserControl::PreTabDown(std::int16_t& firstPos) {
+    if (OnCall) OnCall();
     Log(Entry("PreTabDown", firstPos));
     if (On.PreTabDown) On.PreTabDown(firstPos);
 }
 
 void FakeUserControl::NextTabDown(std::int16_t& firstPos) {
+    if (OnCall) OnCall();
     Log(Entry("NextTabDown", firstPos));
     if (On.NextTabDown) On.NextTabDown(firstPos);
 }
 
 void FakeUserControl::TabMove(std::int16_t& index) {
+    if (OnCall) OnCall();
     Log(Entry("TabMove", index));
     if (On.TabMove) On.TabMove(index);
 }
 
 void FakeUserControl::TabDown(std::int16_t& index, std::int16_t& button) {
+    if (OnCall) OnCall();
     Log(Entry("TabDown", index, button));
     if (On.TabDown) On.TabDown(index, button);
 }
 
 void FakeUserControl::TabClose(std::int16_t& index) {
+    if (OnCall) OnCall();
     Log(Entry("TabClose", index));
     if (On.TabClose) On.TabClose(index);
 }

@@ -31,7 +31,7 @@ public:
     FakeUserControl(const FakeUserControl&) = delete;
     FakeUserControl& operator=(const FakeUserControl&) = delete;
 
-    HDC hDC() override { return surface_->DC(); }
+    HDC hDC() override;
     void Cls() override; // the surface becomes BackColour
     void Refresh() override;
     HWND hWnd() override { return window_; }
@@ -57,6 +57,9 @@ public:
     ComPtr<IFontDisp> Font;
     std::u16string Folder = u"C:\\nowhere";
     std::vector<FakeChild> Children;
+
+    // Called whenever the control is about to draw, to tell something or to move children.
+    std::function<void()> OnCall;
 
     // Called inside the events, after they were logged, with what the control passed.
     struct {
