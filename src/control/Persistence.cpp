@@ -1,4 +1,5 @@
 // Loading and saving through the host's property bag, and the first placement of a control.
+#include <algorithm>
 #include <variant>
 
 #include "control/VantikFrameTab.h"
@@ -23,21 +24,22 @@ void VisitField(Property property, Visitor visit) {
         InfoOf(property).Field);
 }
 
-// There is no list of fewer than no tabs; the control stays one without any.
-void RejectNegativeCount(std::int16_t& count) {
-    if (count >= 0) return;
-    count = 0;
-    Raise(RunTimeErrorNumber::SubscriptOutOfRange);
-}
-
 } // namespace
 
-void VantikFrameTab::UserControl_InitProperties() {
+// Host code runs between the steps of a first placement and of a load: the count and the list agree all the while.
+void VantikFrameTab::StartFromDefaults() {
+    state_.Tabs = Tabs();
     state_.Properties = Defaults;
     state_.PreviousTabCount = 0;
     state_.HoverTab = -1;
     state_.HoverCloseTab = -1;
     state_.Layout.FirstVisibleTab = 0;
+    state_.ReplacedSkinPath.reset();
+}
+
+void VantikFrameTab::UserControl_InitProperties() {
+    merged_.CarryOut(); // no repaint follows
+    StartFromDefaults();
     state_.SkinIcons.Entries.clear();
     state_.SkinIcons.DeleteButtonIcon = -1;
     state_.SkinIcons.LeftButtonIcon = -1;
@@ -46,29 +48,52 @@ void VantikFrameTab::UserControl_InitProperties() {
     surfaces_.Font = host_.AmbientFont();
 }
 
-// No setter runs: no side effect, no change mark. ActiveTab moves no children, as their saved positions match it.
+// No setter runs: no side effect, no change mark. ActiveTab moves no children, as their saved positions match it. Where a
+// value cannot be read those before it stand, TabCount with its list.
 void VantikFrameTab::UserControl_ReadProperties(PropertyReader& bag) {
-    state_.PreviousTabCount = 0;
-    state_.NewTabNumber = 0;
-    state_.Tabs = Tabs();
-    state_.Properties = Defaults;
+    merged_.CarryOut(); // no repaint follows when it fails
+    StartFromDefaults();
+    std::int16_t tabs = 0;
+    try {
+        ReadFields(bag, tabs);
+        surfaces_.CaptionFont = StartingCaptionFont();
+        MeasureCaptionHeight();
+    } catch (...) {
+        MakeTabs(std::max<std::int16_t>(tabs, 0));
+        throw;
+    }
+    MakeTabs(tabs);
+    wasShown_ = true; // also when it fails: the error went to the loader
+    LoadSkin(host_, state_, surfaces_);
+    RepaintAll();
+    InstallHookAtRunTime();
+}
+
+// But for the number of tabs, which becomes true together with their list.
+void VantikFrameTab::ReadFields(PropertyReader& bag, std::int16_t& tabs) {
     surfaces_.Picture = nullptr;
     surfaces_.Font = host_.AmbientFont();
     for (std::size_t row = 0; row < PropertyCount; ++row) {
         const Property property = At(row);
         if (property == Property::Picture) bag.Read(InfoOf(property), surfaces_.Picture);
         if (property == Property::Font) bag.Read(InfoOf(property), surfaces_.Font);
-        VisitField(property,
-                   [&](const PropertyInfo& info, auto field) { bag.Read(info, state_.Properties.*field); });
+        if (property == Property::TabCount)
+            bag.Read(InfoOf(property), tabs);
+        else
+            VisitField(property, [&](const PropertyInfo& info, auto field) {
+                bag.Read(info, state_.Properties.*field);
+            });
     }
-    RejectNegativeCount(state_.Properties.TabCount);
-    surfaces_.CaptionFont = StartingCaptionFont();
-    MeasureCaptionHeight();
-    ResizeTabList(state_.Properties.TabCount, state_.PreviousTabCount);
-    wasShown_ = true; // also when it fails: the error went to the loader
-    LoadSkin(host_, state_, surfaces_);
-    RepaintAll();
-    InstallHookAtRunTime();
+}
+
+// In place of those that host code may have made while the values were read. SubscriptOutOfRange below 0.
+void VantikFrameTab::MakeTabs(std::int16_t count) {
+    state_.Properties.TabCount = 0;
+    state_.Tabs = Tabs();
+    state_.NewTabNumber = 0;
+    state_.PreviousTabCount = 0;
+    state_.Layout = {};
+    ResizeTabList(count);
 }
 
 void VantikFrameTab::UserControl_WriteProperties(PropertyWriter& bag) const {
@@ -77,10 +102,17 @@ void VantikFrameTab::UserControl_WriteProperties(PropertyWriter& bag) const {
         if (property == Property::Picture) bag.Write(InfoOf(property), surfaces_.Picture.Get());
         if (property == Property::Font)
             bag.Write(InfoOf(property), surfaces_.Font.Get(), host_.AmbientFont().Get());
-        VisitField(property, [&](const PropertyInfo& info, auto field) {
-            bag.Write(info, state_.Properties.*field, Defaults.*field);
-        });
+        if (property == Property::SkinPath)
+            bag.Write(InfoOf(property), SavedSkinPath(), Defaults.SkinPath);
+        else
+            VisitField(property, [&](const PropertyInfo& info, auto field) {
+                bag.Write(info, state_.Properties.*field, Defaults.*field);
+            });
     }
+}
+
+const std::u16string& VantikFrameTab::SavedSkinPath() const {
+    return state_.ReplacedSkinPath ? *state_.ReplacedSkinPath : state_.Properties.SkinPath;
 }
 
 void VantikFrameTab::InstallHookAtRunTime() {

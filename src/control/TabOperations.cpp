@@ -17,14 +17,15 @@ void VantikFrameTab::TabCount(std::int16_t count) {
     state_.PreviousTabCount = TabCount();
     state_.Properties.TabCount = count;
     host_.PropertyChanged(Property::TabCount);
-    ResizeTabList(count, state_.PreviousTabCount);
+    ResizeTabList(TabCount()); // which may be another one after code of the host
     RepaintAll();
 }
 
 // The children of dropped tabs stay where they are.
-void VantikFrameTab::ResizeTabList(std::int16_t newCount, std::int16_t oldCount) {
-    if (newCount == oldCount) return;
+void VantikFrameTab::ResizeTabList(std::int16_t newCount) {
+    const std::int16_t oldCount = state_.Tabs.UpperBound();
     state_.Tabs.Resize(newCount);
+    state_.Properties.TabCount = newCount;
     if (newCount < oldCount && ActiveTab() > newCount - 1)
         state_.Properties.ActiveTab = Subtract16(newCount, 1);
     for (std::int16_t i = oldCount; i < newCount; ++i)
@@ -45,6 +46,8 @@ void VantikFrameTab::ActiveTab(std::int16_t index) {
 
 void VantikFrameTab::SwitchTo(std::int16_t index) {
     children_.ShowTabControls(index);
+    if (index > state_.Tabs.UpperBound())
+        Raise(RunTimeErrorNumber::SubscriptOutOfRange); // by code of the host
     state_.Properties.ActiveTab = index;
     RedrawBars();
 }
@@ -58,12 +61,12 @@ void VantikFrameTab::InsertTab(std::int16_t afterIndex, std::u16string& caption)
     const ChildVisibility::OneOperation once(children_);
     ActiveTab(0); // the rule that tells a child's tab holds while tab 0 is active
     children_.MakeRoomAfter(afterIndex);
-    if (newIndex <= TabCount()) { // as always, unless moving children ran host code that removed tabs
-        state_.Tabs.Move(TabCount(), newIndex); // the spare record becomes the last tab's
-        state_.Tabs(newIndex) = state_.Tabs(afterIndex);
-    }
-    state_.Properties.TabCount = Add16(TabCount(), 1);
-    state_.Tabs.Resize(TabCount()); // one spare record past the last tab, as always
+    if (!state_.HasTab(afterIndex)) return; // moving children runs code of the host, which may remove tabs
+    state_.Tabs.Move(TabCount(), newIndex); // the spare record becomes the last tab's
+    state_.Tabs(newIndex) = state_.Tabs(afterIndex);
+    const std::int16_t count = Add16(TabCount(), 1);
+    state_.Tabs.Resize(count); // one spare record past the last tab, as always
+    state_.Properties.TabCount = count;
     state_.Tabs(newIndex) = {.Caption = caption, .Ico = NoSuchTab, .Enable = True};
     ActiveTab(newIndex);
     freeze.Release();

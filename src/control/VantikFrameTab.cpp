@@ -62,6 +62,7 @@ void VantikFrameTab::SkinFile(const std::u16string& name) {
 void VantikFrameTab::SkinPath(const std::u16string& folder) {
     if (!SkinFolderExists(host_, folder)) return host_.MsgBox(NoSuchSkinFolder);
     state_.Properties.SkinPath = folder;
+    state_.ReplacedSkinPath.reset();
     host_.PropertyChanged(Property::SkinPath);
 }
 

@@ -98,7 +98,11 @@ public:
 
 private:
     void AfterLet(Property property);
-    void ResizeTabList(std::int16_t newCount, std::int16_t oldCount);
+    void StartFromDefaults();
+    void ReadFields(PropertyReader& bag, std::int16_t& tabs);
+    void MakeTabs(std::int16_t count);
+    const std::u16string& SavedSkinPath() const;
+    void ResizeTabList(std::int16_t newCount);
     std::u16string NextDefaultCaption();
     void RedrawBar(std::int16_t index);
 

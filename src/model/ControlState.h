@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "model/LayoutRect.h"
@@ -27,6 +28,8 @@ struct ControlState {
     vantik::SkinRects SkinRects;
     vantik::SkinIcons SkinIcons;
     std::u16string SkinBitmapPath; // empty until a definition names a bitmap
+    // The SkinPath that the host set last, while the built-in skin's folder stands in its place. This one is saved.
+    std::optional<std::u16string> ReplacedSkinPath;
 
     PngSize LastPng;          // size of the PNG file read most recently
     std::u16string StateCode; // the decoration code built most recently

@@ -14,8 +14,23 @@ void Document::InitNew() {
 // Ready even where the values could only be read in part: what was read stands, and the loader knows of the error.
 void Document::Load(PropertyReader& reader) {
     ready_ = true;
-    control_.Engine.UserControl_ReadProperties(reader);
+    try {
+        control_.Engine.UserControl_ReadProperties(reader);
+    } catch (...) {
+        ShowWhatWasRead();
+        throw;
+    }
     MarkClean();
+    control_.ShowChanges();
+}
+
+// What stands on the screen is what the pointer hits, also for a host that goes on with what it got.
+void Document::ShowWhatWasRead() noexcept {
+    try {
+        control_.Engine.RepaintAll();
+    } catch (...) {
+        // The loader is told of the error that came first.
+    }
     control_.ShowChanges();
 }
 

@@ -27,6 +27,8 @@ public:
     void MarkClean() noexcept;
 
 private:
+    void ShowWhatWasRead() noexcept;
+
     Control& control_;
     bool ready_ = false, dirty_ = false;
     ComPtr<IFontDisp> cleanFont_; // as it was when the values were those that were saved

@@ -26,11 +26,13 @@ std::string ReadBytes(const std::u16string& path) {
 }
 
 // The folder of the definition, after the built-in skin took the place of a missing one.
-SkinFolder FindDefinition(UserControl& host, PropertyValues& properties) {
+SkinFolder FindDefinition(UserControl& host, ControlState& state) {
+    PropertyValues& properties = state.Properties;
     const std::u16string hostFolder = host.HostFolder();
     const SkinFolder configured(hostFolder, properties.SkinPath);
     if (FileExists(configured.PathOf(properties.SkinFile))) return configured;
     ExtractDefaultSkin(hostFolder);
+    if (!state.ReplacedSkinPath) state.ReplacedSkinPath = properties.SkinPath;
     properties.SkinPath = u"Temp";
     return {hostFolder, properties.SkinPath};
 }
@@ -46,7 +48,7 @@ ComPtr<IPictureDisp> LoadPicture(const std::u16string& path) {
 } // namespace
 
 void LoadSkin(UserControl& host, ControlState& state, Surfaces& surfaces) {
-    const SkinFolder folder = FindDefinition(host, state.Properties);
+    const SkinFolder folder = FindDefinition(host, state);
     SkinParser(state, folder).Parse(DecodeAnsi(ReadBytes(folder.PathOf(state.Properties.SkinFile))));
     if (state.SkinBitmapPath.empty()) return;
     surfaces.SkinDC.CreateFromPicture(LoadPicture(state.SkinBitmapPath).Get());

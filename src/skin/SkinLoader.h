@@ -8,8 +8,8 @@
 namespace vantik {
 
 // Reads the definition at SkinPath and SkinFile into the state and its bitmap into SkinDC. Where there is no such
-// definition, the built-in skin is written out beside the host, SkinPath becomes "Temp" (not marked changed) and the
-// definition is read there, under the same name.
+// definition, the built-in skin is written out beside the host, SkinPath becomes "Temp" (neither marked changed nor
+// saved) and the definition is read there, under the same name.
 //
 // Icons are appended behind those of earlier loads; rectangles and the bitmap's name that the definition does not
 // mention stay. Raises file errors, what SkinParser raises, and InvalidPicture; what was stored up to there stays.

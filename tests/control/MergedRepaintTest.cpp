@@ -54,7 +54,7 @@ private:
 
 // The host looks whenever it is called, so that nothing waits for long.
 void LookAlways(DrivenControl& control) {
-    control.Host.OnCall = [&control] { control.Control.UserControl_Paint(); };
+    control.Host.OnDraw = control.Host.OnCall = [&control] { control.Control.UserControl_Paint(); };
 }
 
 } // namespace

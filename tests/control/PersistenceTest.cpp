@@ -1,6 +1,8 @@
 #include <doctest/doctest.h>
 
+#include <functional>
 #include <map>
+#include <utility>
 #include <variant>
 
 #include "platform/Files.h"
@@ -22,6 +24,7 @@ public:
     std::map<std::u16string, Value> Values;
     std::string Keys; // in the order of reading or writing
     std::u16string FailingKey;
+    std::function<void(const std::u16string&)> OnRead; // what the host does when it is asked for a key
 
     void Read(const PropertyInfo& info, std::int16_t& value) override { Fetch(info, value); }
     void Read(const PropertyInfo& info, std::int32_t& value) override { Fetch(info, value); }
@@ -51,6 +54,7 @@ private:
     template <class T>
     void Fetch(const PropertyInfo& info, T& value) {
         Note(info);
+        if (OnRead) OnRead(info.Key);
         if (info.Key == FailingKey) Raise(RunTimeErrorNumber::TypeMismatch);
         const auto found = Values.find(info.Key);
         if (found != Values.end()) value = std::get<T>(found->second);
@@ -82,6 +86,46 @@ struct LoadedControl : ControlFixture {
     }
     void Load() { Control.UserControl_ReadProperties(Bag); }
 };
+
+// The count and the list agree, every tab has its caption, and nothing that a host may do next raises.
+void CheckThatEveryMemberWorks(ControlFixture& f) {
+    VantikFrameTab& control = f.Control;
+    REQUIRE(control.State().Tabs.UpperBound() == control.TabCount());
+    REQUIRE(control.State().Layout.VisibleBarCount <= control.TabCount());
+    const auto each = [&](auto operation) {
+        for (std::int16_t i = 0; i < control.TabCount(); ++i) operation(i);
+    };
+    const auto members = [&] {
+        control.UserControl_Paint();
+        control.RedrawBars();
+        each([&](std::int16_t i) { CHECK_FALSE(control.GetTabCaption(i).empty()); });
+        each([&](std::int16_t i) { CHECK(control.GetTabEnable(i) == True); });
+        each([&](std::int16_t i) { control.SetBarCaption(i, u"x", True); });
+        each([&](std::int16_t i) { control.SetBarIco(i, u"sun"); });
+        each([&](std::int16_t i) { control.SetBarEnable(i, True); });
+        each([&](std::int16_t i) { control.ActiveTab(i); });
+        control.Let<std::int16_t>(Property::BarWidth, 60);
+        control.Let<std::int16_t>(Property::TabToTab, 1);
+        f.Insert(0);
+        f.Insert(static_cast<std::int16_t>(control.TabCount() - 1));
+        control.RemoveTab(0);
+        control.TabCount(6);
+        control.UserControl_KeyDown(39, 0);
+        control.UserControl_MouseMove(0, 0, 300, 75);
+        control.UserControl_MouseDown(1, 0, 300, 75);
+        control.UserControl_Paint();
+    };
+    CHECK(NumberRaisedBy(members) == 0);
+    CHECK(control.State().Tabs.UpperBound() == control.TabCount());
+}
+
+// The keys in their order.
+std::vector<std::u16string> AllKeys() {
+    std::vector<std::u16string> keys;
+    for (std::size_t row = 0; row < PropertyCount; ++row)
+        keys.emplace_back(InfoOf(static_cast<Property>(row)).Key);
+    return keys;
+}
 
 } // namespace
 
@@ -152,6 +196,103 @@ TEST_CASE("a property that cannot be read raises the error to the loader") {
     CHECK(NumberRaisedBy([&] { f.Load(); }) == 13);
 }
 
+TEST_CASE("after a load that fails at any key list and count agree, and every member works") {
+    for (const auto& key : AllKeys())
+        for (const std::int16_t before : {std::int16_t(0), std::int16_t(8)}) {
+            CAPTURE(std::string(key.begin(), key.end()));
+            CAPTURE(before);
+            LoadedControl f;
+            if (before) f.Control.TabCount(before);
+            f.Bag.Values = {{u"TabCount", std::int16_t(3)}, {u"ActiveTab", std::int16_t(1)}};
+            f.Bag.FailingKey = key;
+            CHECK(NumberRaisedBy([&] { f.Load(); }) == 13);
+            CHECK(f.Control.TabCount() == (key == u"TabCount" ? 0 : 3)); // what was read before stands
+            CHECK(f.Control.Get<std::u16string>(Property::SkinPath) == u"Skin\\");
+            CheckThatEveryMemberWorks(f);
+        }
+}
+
+TEST_CASE("a host that calls back while it is asked for a key finds a whole control") {
+    const std::function<void(LoadedControl&)> deeds[] = {
+        [](LoadedControl& f) {
+            for (std::int16_t i = 0; i < f.Control.TabCount(); ++i) f.Control.GetTabCaption(i);
+            f.Control.RepaintAll();
+            f.Control.UserControl_Paint();
+        },
+        [](LoadedControl& f) { f.Control.TabCount(7); },
+        [](LoadedControl& f) {
+            f.Control.TabCount(2);
+            f.Insert(0);
+            f.Control.RemoveTab(0);
+        },
+        [](LoadedControl& f) {
+            LoadedControl other; // its bag, and another number of tabs
+            other.Bag.Values = {{u"TabCount", std::int16_t(9)}};
+            f.Control.UserControl_ReadProperties(other.Bag);
+        },
+    };
+    for (const auto& key : AllKeys())
+        for (const auto& deed : deeds)
+            for (const bool fails : {false, true}) {
+                CAPTURE(std::string(key.begin(), key.end()));
+                CAPTURE(&deed - deeds);
+                LoadedControl f;
+                f.Bag.Values = {{u"TabCount", std::int16_t(3)}, {u"ActiveTab", std::int16_t(1)}};
+                bool done = false;
+                f.Bag.OnRead = [&](const std::u16string& asked) {
+                    if (asked != key || std::exchange(done, true)) return;
+                    deed(f);
+                    REQUIRE(f.Control.State().Tabs.UpperBound() == f.Control.TabCount());
+                };
+                if (fails) f.Bag.FailingKey = u"SkinFile";
+                CHECK(NumberRaisedBy([&] { f.Load(); }) == (fails ? 13 : 0));
+                CHECK(f.Captions() == "Tab0 Tab1 Tab2");
+                CheckThatEveryMemberWorks(f);
+            }
+}
+
+// While an operation runs, code of the host may run whenever the control tells something or moves a child.
+TEST_CASE("a load from inside any operation of the same control leaves list and count in accord") {
+    const std::function<void(LoadedControl&)> operations[] = {
+        [](LoadedControl& f) { f.Control.TabCount(9); },
+        [](LoadedControl& f) { f.Control.TabCount(2); },
+        [](LoadedControl& f) { f.Control.ActiveTab(4); },
+        [](LoadedControl& f) { f.Insert(4); },
+        [](LoadedControl& f) { f.Control.RemoveTab(4); },
+        [](LoadedControl& f) { f.Control.SetBarEnable(0, True); },
+        [](LoadedControl& f) { f.Control.UserControl_KeyDown(39, 0); },
+        [](LoadedControl& f) { f.Control.UserControl_MouseMove(0, 0, 800, 75); },
+        [](LoadedControl& f) {
+            f.Control.UserControl_MouseMove(0, 0, 800, 75);
+            f.Control.UserControl_MouseDown(1, 0, 800, 75);
+        },
+    };
+    for (const auto& operation : operations)
+        for (const std::int16_t loaded : {std::int16_t(1), std::int16_t(3), std::int16_t(8)})
+            for (const bool fails : {false, true})
+                for (int call = 1, calls = call; call <= calls; ++call) {
+                    CAPTURE(&operation - operations);
+                    CAPTURE(loaded);
+                    CAPTURE(call);
+                    LoadedControl f, saved;
+                    f.Control.TabCount(6);
+                    f.Control.Let<std::int16_t>(Property::BarWidth, 60);
+                    f.Control.ActiveTab(0);
+                    f.AddChild(u"child", 300);
+                    saved.Bag.Values = {{u"TabCount", loaded}, {u"ActiveTab", std::int16_t(0)}};
+                    if (fails) saved.Bag.FailingKey = u"SkinFile";
+                    calls = 0;
+                    f.Host.OnCall = [&] {
+                        if (++calls != call) return;
+                        NumberRaisedBy([&] { f.Control.UserControl_ReadProperties(saved.Bag); });
+                    };
+                    const int error = NumberRaisedBy([&] { operation(f); });
+                    CHECK((error == 0 || error == 9)); // 9: there is no such tab any more
+                    f.Host.OnCall = nullptr;
+                    CheckThatEveryMemberWorks(f);
+                }
+}
+
 TEST_CASE("a saved count below zero raises an error and leaves a control that still answers") {
     LoadedControl f;
     f.Bag.Values = {{u"TabCount", std::int16_t(-5)}};
@@ -191,6 +332,40 @@ TEST_CASE("deleting the skin folder and loading again writes the built-in skin b
     CHECK(f.Control.State().SkinRects[BRect].Height == 22);
     CHECK(f.Folder.Files(u"Temp") ==
           "bar0.png bar1.png delete1.png handno.png menubar.png skin.ini skin2.bmp sun.png");
+}
+
+TEST_CASE("the folder of the built-in skin is not saved in the place of the one that the host set") {
+    LoadedControl f;
+    const auto savedFolder = [&f] {
+        f.Bag.Values.clear();
+        f.Control.UserControl_WriteProperties(f.Bag);
+        const auto found = f.Bag.Values.find(u"SkinPath");
+        return found == f.Bag.Values.end() ? u"Skin\\" : std::get<std::u16string>(found->second);
+    };
+    f.Load();
+    CHECK(f.Control.Get<std::u16string>(Property::SkinPath) == u"Temp");
+    CHECK(savedFolder() == u"Skin\\");
+
+    f.Bag.Values = {{u"SkinPath", std::u16string(u"Lost")}};
+    f.Load();
+    f.Host.OnCall = [&] { f.Folder.Remove(u"Temp"); }; // and so the built-in skin is written a second time
+    f.Control.SkinFile(u"skin.ini");
+    f.Host.OnCall = nullptr;
+    CHECK(f.Control.Get<std::u16string>(Property::SkinPath) == u"Temp");
+    CHECK(savedFolder() == u"Lost");
+
+    f.Folder.MakeFolder(u"Temp");
+    f.Control.SkinPath(u"Temp"); // by the host: now it is meant
+    CHECK(savedFolder() == u"Temp");
+    f.Folder.MakeFolder(u"Mine");
+    f.Control.SkinPath(u"Mine");
+    CHECK(savedFolder() == u"Mine");
+
+    f.Bag.Values.clear();
+    f.Load(); // by default again, and again there is no such folder
+    CHECK(savedFolder() == u"Skin\\");
+    f.Control.UserControl_InitProperties();
+    CHECK(savedFolder() == u"Skin\\");
 }
 
 TEST_CASE("the hook is installed at run time only, and on the window that appears after the load") {

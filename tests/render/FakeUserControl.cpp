@@ -77,7 +77,7 @@ void FakeUserControl::Resize(std::int32_t width, std::int32_t height) {
 }
 
 HDC FakeUserControl::hDC() {
-    if (OnCall) OnCall();
+    if (OnDraw) OnDraw();
     return surface_->DC();
 }
 

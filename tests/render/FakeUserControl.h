@@ -58,8 +58,8 @@ public:
     std::u16string Folder = u"C:\\nowhere";
     std::vector<FakeChild> Children;
 
-    // Called whenever the control is about to draw, to tell something or to move children.
-    std::function<void()> OnCall;
+    // Called whenever the control is about to draw, and whenever it is about to tell something or to move children.
+    std::function<void()> OnDraw, OnCall;
 
     // Called inside the events, after they were logged, with what the control passed.
     struct {
