@@ -109,9 +109,11 @@ HRESULT DispatchCall::Invoke(IDispatch& object, DISPPARAMS& parameters, VARIANT*
                              UINT* wrongArgument) {
     HRESULT outcome = Assign(parameters, wrongArgument);
     if (SUCCEEDED(outcome)) outcome = Convert(wrongArgument);
+    if (FAILED(outcome)) return outcome;
     Variant answer;
-    if (SUCCEEDED(outcome)) outcome = Call(object, answer, exception);
-    if (SUCCEEDED(outcome)) outcome = WriteBack(wrongArgument);
+    outcome = Call(object, answer, exception);
+    const HRESULT written = WriteBack(wrongArgument); // what a function changed that failed later, too
+    if (SUCCEEDED(outcome)) outcome = written;
     if (FAILED(outcome)) return outcome;
     if (answer.vt == VT_UI4) answer.vt = VT_I4; // script clients know no unsigned numbers
     if (result) *result = answer.Detach();

@@ -14,6 +14,12 @@ bool IsEmptyPicture(IPictureDisp* value) {
            type == PICTYPE_UNINITIALIZED;
 }
 
+// A saved flag that is a number comes as it stands, whatever the number; a text such as "True" as what it means.
+VARTYPE ReadTypeOf(PropertyType type, const VARIANT& saved) noexcept {
+    if (type == PropertyType::Flag && saved.vt != VT_BSTR) return VT_I2;
+    return VariantTypeOf(type);
+}
+
 } // namespace
 
 VARTYPE VariantTypeOf(PropertyType type) noexcept {
@@ -32,7 +38,7 @@ VARTYPE VariantTypeOf(PropertyType type) noexcept {
 
 bool VariantReader::FetchAs(const PropertyInfo& info, Variant& value) {
     if (!Fetch(info, value) || value.vt == VT_EMPTY) return false;
-    const HRESULT converted = value.ChangeType(VariantTypeOf(info.Type));
+    const HRESULT converted = value.ChangeType(ReadTypeOf(info.Type, value));
     if (FAILED(converted)) Failed(info, converted);
     Check(converted);
     return true;

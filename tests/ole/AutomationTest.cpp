@@ -108,6 +108,35 @@ TEST_CASE("InsertTab writes the caption that it chose into the caller's variable
     CHECK(TabCountOf(*control.Tab.Get()) == 2);
 }
 
+TEST_CASE("InsertTab writes its caption back also when a later step raises, however it is passed") {
+    LooseControl control;
+    control.Tab->put_TabCount(1);
+    CHECK(control.Tab->put_BarWidth(0) == HRESULT(0x800A000B)); // and so will every repaint from now on
+    SUBCASE("early bound") {
+        Bstr caption(L"");
+        CHECK(control.Tab->InsertTab(0, caption.Put()) == HRESULT(0x800A000B));
+        CHECK(caption.Text() == L"Tab1");
+    }
+    SUBCASE("a reference to text") {
+        Bstr caption(L"");
+        CHECK_THROWS_AS(Call(control.Dispatch(), L"InsertTab", {std::int16_t{0}, caption.Put()}),
+                        AutomationError);
+        CHECK(caption.Text() == L"Tab1");
+    }
+    SUBCASE("a reference to a variant") {
+        Variant caption(L"");
+        VARIANT reference = {};
+        reference.vt = VT_BYREF | VT_VARIANT;
+        reference.pvarVal = const_cast<VARIANT*>(&caption.Get());
+        VARIANT index = {};
+        index.vt = VT_I4;
+        CHECK(InvokeRaw(control.Dispatch(), L"InsertTab", DISPATCH_METHOD, {reference, index}, nullptr) ==
+              DISP_E_EXCEPTION);
+        CHECK(caption.Text() == L"Tab1");
+    }
+    CHECK(CaptionOf(*control.Tab.Get(), 1) == L"Tab1");
+}
+
 TEST_CASE("A caption that the caller gave is kept, and its variable left alone") {
     LooseControl control;
     control.Tab->put_TabCount(1);
@@ -153,6 +182,16 @@ TEST_CASE("Flags are the host language's True and False whatever number a caller
     VARIANT_BOOL enabled = 0;
     control.Tab->GetTabEnable(&index, &enabled);
     CHECK(enabled == VARIANT_TRUE);
+
+    VARIANT odd = {};
+    odd.vt = VT_BOOL;
+    odd.boolVal = 5;
+    for (const Variant& value : {Variant(odd), Variant(std::int32_t{70000}), Variant(L"True")}) {
+        Put(control.Dispatch(), L"TabBorder", false);
+        Put(control.Dispatch(), L"TabBorder", value);
+        CHECK(control.Tab->get_TabBorder(&border) == S_OK);
+        CHECK(border == VARIANT_TRUE);
+    }
 }
 
 TEST_CASE("Every property gives back what was assigned to it") {

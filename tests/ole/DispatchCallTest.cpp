@@ -282,13 +282,16 @@ TEST_CASE("An object is asked for the parameter's interface, and nothing else wi
           DISP_E_MEMBERNOTFOUND); // there is only a put by reference
 }
 
-TEST_CASE("A failing function reports its run-time error, and nothing is written back") {
+TEST_CASE("A failing function reports its run-time error, and what it changed by then is written back") {
     Caller caller;
     long number = 1;
     CHECK(caller.Call(Fail, {Reference(VT_I4, number)}) == DISP_E_EXCEPTION);
     CHECK(caller.Exception.scode == HRESULT(0x800A0006));
     CHECK(FromBstr(caller.Exception.bstrDescription) == u"Overflow");
-    CHECK(number == 1);
+    CHECK(number == 2);
+    BYTE small = 255; // takes no 256, which does not hide the function's own error
+    CHECK(caller.Call(Fail, {Reference(VT_UI1, small)}) == DISP_E_EXCEPTION);
+    CHECK(small == 255);
 }
 
 } // namespace vantik

@@ -1,6 +1,8 @@
 // Saving and loading by every route that a host may take.
 #include <doctest/doctest.h>
 
+#include <functional>
+
 #include "host/TextPropertyBag.h"
 #include "ole/Canvas.h"
 #include "ole/LooseControl.h"
@@ -300,31 +302,68 @@ TEST_CASE("No bytes of a stream can bring the control down") {
     }
 }
 
-TEST_CASE("A newer version's unknown properties are passed over, missing ones have their defaults") {
-    LooseControl control;
-    std::vector<std::byte> bytes;
-    const auto number = [&](auto value) {
+namespace {
+
+// A control's saved bytes, written record by record.
+class SavedBytes {
+public:
+    void Add(std::u16string_view key, std::uint16_t type, const std::vector<std::uint16_t>& value) {
+        Number(records_, static_cast<std::uint16_t>(key.size()));
+        for (const char16_t letter : key) Number(records_, letter);
+        Number(records_, type);
+        Number(records_, static_cast<std::uint32_t>(value.size() * 2));
+        for (const auto word : value) Number(records_, word);
+    }
+    ComPtr<IStream> Stream(std::uint16_t version = 1) const {
+        std::vector<std::byte> bytes;
+        Number(bytes, std::uint32_t{0x54465456});
+        Number(bytes, version);
+        Number(bytes, std::uint16_t{0});
+        Number(bytes, static_cast<std::uint32_t>(records_.size()));
+        bytes.insert(bytes.end(), records_.begin(), records_.end());
+        return StreamOf(bytes);
+    }
+
+private:
+    template <class Value>
+    static void Number(std::vector<std::byte>& bytes, Value value) {
         const auto* raw = reinterpret_cast<const std::byte*>(&value);
         bytes.insert(bytes.end(), raw, raw + sizeof value);
-    };
-    const auto record = [&](std::u16string_view key, std::uint16_t type, std::vector<std::uint16_t> value) {
-        number(static_cast<std::uint16_t>(key.size()));
-        for (const char16_t letter : key) number(letter);
-        number(type);
-        number(static_cast<std::uint32_t>(value.size() * 2));
-        for (const auto word : value) number(word);
-    };
-    record(u"Glow", 4711, {1, 2, 3});
-    record(u"BarWidth", VT_I2, {99});
-    const auto records = std::exchange(bytes, {});
-    number(std::uint32_t{0x54465456});
-    number(std::uint16_t{2}); // a version to come
-    number(std::uint16_t{0});
-    number(static_cast<std::uint32_t>(records.size()));
-    bytes.insert(bytes.end(), records.begin(), records.end());
-    CHECK(control.As<IPersistStreamInit>()->Load(StreamOf(bytes).Get()) == S_OK);
+    }
+
+    std::vector<std::byte> records_;
+};
+
+} // namespace
+
+TEST_CASE("A newer version's unknown properties are passed over, missing ones have their defaults") {
+    LooseControl control;
+    SavedBytes saved;
+    saved.Add(u"Glow", 4711, {1, 2, 3});
+    saved.Add(u"BarWidth", VT_I2, {99});
+    CHECK(control.As<IPersistStreamInit>()->Load(saved.Stream(2).Get()) == S_OK); // a version to come
     CHECK(Get(control.Dispatch(), L"BarWidth").Number() == 99);
     CHECK(Get(control.Dispatch(), L"DefaultCaption").Text() == L"Tab");
+}
+
+TEST_CASE("A flag that was saved as another number than True's comes back as it stands") {
+    for (const auto& [type, number] : {std::pair(VT_BOOL, 5), std::pair(VT_I2, 5), std::pair(VT_I2, -1)}) {
+        CAPTURE(type);
+        CAPTURE(number);
+        LooseControl control;
+        SavedBytes saved;
+        saved.Add(u"TabBorder", static_cast<std::uint16_t>(type), {static_cast<std::uint16_t>(number)});
+        REQUIRE(control.As<IPersistStreamInit>()->Load(saved.Stream().Get()) == S_OK);
+        VARIANT_BOOL border = 0;
+        CHECK(control.Tab->get_TabBorder(&border) == S_OK);
+        CHECK(border == number);
+        const auto again = NewStream();
+        REQUIRE(control.As<IPersistStreamInit>()->Save(again.Get(), TRUE) == S_OK);
+        Rewind(*again.Get());
+        REQUIRE(control.As<IPersistStreamInit>()->Load(again.Get()) == S_OK);
+        CHECK(control.Tab->get_TabBorder(&border) == S_OK);
+        CHECK(border == number);
+    }
 }
 
 namespace {
@@ -358,6 +397,118 @@ public:
 };
 
 } // namespace
+
+namespace {
+
+constexpr const wchar_t* AllKeys[] = {
+    L"TabCount",       L"ActiveTab",      L"Picture",      L"TabBarPos",      L"TabPos",      L"BarWidth",
+    L"TabBarPosXJust", L"TabBarPosYJust", L"TabOffSet",    L"DefaultCaption", L"Font",        L"CaptionPos",
+    L"CaptionColor0",  L"CaptionColor1",  L"CaptionXjust", L"CaptionYjust",   L"IcoXjust",    L"IcoYjust",
+    L"DelButton",      L"DelBtnXJust",    L"DelBtnYJust",  L"NavBtnYjust",    L"NavBtnXjust", L"FixOcxList",
+    L"TabToTab",       L"TabBorder",      L"FrameDist",    L"SkinFile",       L"SkinPath"};
+
+// Three tabs, and something that happens when one key is read.
+class WatchedBag final : public ComObject<IPropertyBag> {
+public:
+    WatchedBag(std::wstring_view key, std::function<HRESULT()> during)
+        : key_(key), during_(std::move(during)) {}
+    STDMETHODIMP Read(LPCOLESTR name, VARIANT* value, IErrorLog*) noexcept override {
+        if (name == key_) {
+            const HRESULT result = during_();
+            if (FAILED(result)) return result;
+        }
+        if (std::wstring_view(name) != L"TabCount") return E_INVALIDARG;
+        value->vt = VT_I2;
+        value->iVal = 3;
+        return S_OK;
+    }
+    STDMETHODIMP Write(LPCOLESTR, VARIANT*) noexcept override { return E_NOTIMPL; }
+
+private:
+    std::wstring_view key_;
+    std::function<HRESULT()> during_;
+};
+
+// What a host may do with a control after a load, whatever came of that. Every member throws where it fails.
+void CheckThatEveryMemberWorks(LooseControl& control) {
+    IDispatch& tab = control.Dispatch();
+    const auto count = [&] { return static_cast<std::int16_t>(Get(tab, L"TabCount").Number()); };
+    try {
+        StateOf(control);
+        for (std::int16_t i = 0; i < count(); ++i) {
+            CHECK(!Call(tab, L"GetTabCaption", {i}).Text().empty());
+            CHECK(Call(tab, L"GetTabEnable", {i}).Flag());
+            Call(tab, L"GetTabIco", {i});
+            Call(tab, L"SetBarCaption", {i, L"caption", true});
+            Call(tab, L"SetBarIco", {i, L"sun"});
+            Call(tab, L"SetBarEnable", {i, true});
+            Put(tab, L"ActiveTab", i);
+        }
+        Change(control);
+        Call(tab, L"InsertTab", {std::int16_t{1}});
+        Call(tab, L"RemoveTab", {std::int16_t{2}});
+        CHECK(count() == 4);
+        const Canvas canvas(300, 200);
+        Draw(control.Object(), canvas.DC(), {0, 0, 300, 200});
+    } catch (const AutomationError& error) {
+        FAIL(error.what());
+    }
+}
+
+} // namespace
+
+TEST_CASE("After a load that fails at any key, by any route, every member works") {
+    for (const wchar_t* key : AllKeys) {
+        CAPTURE(ToUtf8(key));
+        SavedBytes saved;
+        if (key != AllKeys[0]) saved.Add(u"TabCount", VT_I2, {3});
+        saved.Add(FromWide(key), 0x7777, {1});
+        for (const std::int16_t before : {std::int16_t{0}, std::int16_t{8}}) {
+            LooseControl byBag, byStream, byStorage;
+            for (LooseControl* control : {&byBag, &byStream, &byStorage})
+                if (before) Put(control->Dispatch(), L"TabCount", before);
+            const auto bag = MakeCom<WatchedBag>(key, [] { return STG_E_READFAULT; });
+            CHECK(byBag.As<IPersistPropertyBag>()->Load(bag.Get(), nullptr) == STG_E_READFAULT);
+            CHECK(FAILED(byStream.As<IPersistStreamInit>()->Load(saved.Stream().Get())));
+            const auto storage = NewStorage();
+            ComPtr<IStream> inside;
+            REQUIRE(storage->CreateStream(L"VantikFrameTab", STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE,
+                                          0, 0, inside.Put()) == S_OK);
+            const auto bytes = BytesOf(*saved.Stream().Get());
+            inside->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
+            inside.Reset();
+            CHECK(FAILED(byStorage.As<IPersistStorage>()->Load(storage.Get())));
+            for (LooseControl* control : {&byBag, &byStream, &byStorage}) CheckThatEveryMemberWorks(*control);
+        }
+    }
+}
+
+TEST_CASE("A bag that calls back into the control while it is read finds and leaves a whole one") {
+    for (const wchar_t* key : AllKeys) {
+        CAPTURE(ToUtf8(key));
+        LooseControl control;
+        const auto other = MakeCom<WatchedBag>(L"", [] { return S_OK; });
+        const auto bag = MakeCom<WatchedBag>(key, [&] {
+            CheckThatEveryMemberWorks(control);
+            return control.As<IPersistPropertyBag>()->Load(other.Get(), nullptr);
+        });
+        CHECK(control.As<IPersistPropertyBag>()->Load(bag.Get(), nullptr) == S_OK);
+        CHECK(Get(control.Dispatch(), L"TabCount").Number() == 3);
+        CHECK(Call(control.Dispatch(), L"GetTabCaption", {std::int16_t{2}}).Text().ends_with(L"2"));
+        CheckThatEveryMemberWorks(control);
+    }
+}
+
+TEST_CASE("The folder of the built-in skin is told, but the one that the host set is saved") {
+    LooseControl control;
+    const auto bag = MakeCom<TextPropertyBag>();
+    bag->Parse("SkinPath = \"Lost\"\n");
+    REQUIRE(control.As<IPersistPropertyBag>()->Load(bag.Get(), nullptr) == S_OK);
+    CHECK(Get(control.Dispatch(), L"SkinPath").Text() == L"Temp");
+    const auto saved = MakeCom<TextPropertyBag>();
+    REQUIRE(control.As<IPersistPropertyBag>()->Save(saved.Get(), TRUE, FALSE) == S_OK);
+    CHECK(saved->Text() == bag->Text());
+}
 
 TEST_CASE("A bag's error goes to the loader, and the log names the property") {
     LooseControl control;

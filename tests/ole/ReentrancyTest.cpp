@@ -1,6 +1,7 @@
 // What a form's code may do from inside each of the six events, down to ending the control.
 #include <doctest/doctest.h>
 
+#include "host/ComObject.h"
 #include "host/ControlOnForm.h"
 #include "host/Input.h"
 
@@ -58,9 +59,34 @@ void DoInside(ControlOnForm& test, const Cause& cause, Deed deed) {
     test.DuringEvent = nullptr;
 }
 
+// Three saved tabs, and one key that may not be readable.
+class ThreeTabs final : public ComObject<IPropertyBag> {
+public:
+    explicit ThreeTabs(std::wstring_view failingKey) : failingKey_(failingKey) {}
+    STDMETHODIMP Read(LPCOLESTR name, VARIANT* value, IErrorLog*) noexcept override {
+        if (name == failingKey_) return STG_E_READFAULT;
+        const bool isWidth = std::wstring_view(name) == L"BarWidth";
+        if (!isWidth && std::wstring_view(name) != L"TabCount") return E_INVALIDARG;
+        value->vt = VT_I2;
+        value->iVal = isWidth ? 60 : 3;
+        return S_OK;
+    }
+    STDMETHODIMP Write(LPCOLESTR, VARIANT*) noexcept override { return E_NOTIMPL; }
+
+private:
+    std::wstring_view failingKey_;
+};
+
+HRESULT LoadThreeTabs(ControlOnForm& test, std::wstring_view failingKey = {}) {
+    const auto persist = QueryFor<IPersistPropertyBag>(test.Form().ControlObject());
+    return persist->Load(MakeCom<ThreeTabs>(failingKey).Get(), nullptr);
+}
+
 void CheckUsable(ControlOnForm& test) {
     const int tabs = test.Number(L"TabCount");
     CHECK(tabs >= 1);
+    for (int i = 0; i < tabs; ++i)
+        CHECK(!Call(test.Control(), L"GetTabCaption", {static_cast<std::int16_t>(i)}).Text().empty());
     Put(test.Control(), L"ActiveTab", std::int16_t{0});
     CHECK(test.Number(L"ActiveTab") == 0);
     Call(test.Control(), L"InsertTab", {std::int16_t{0}});
@@ -88,6 +114,9 @@ TEST_CASE("From inside each event the form may call back into the control") {
         {"reading TabCount", [](ControlOnForm& t) { CHECK(t.Number(L"TabCount") == Tabs); }},
         {"setting TabCount", [](ControlOnForm& t) { Put(t.Control(), L"TabCount", std::int16_t{1}); }},
         {"SkinFile", [](ControlOnForm& t) { Put(t.Control(), L"SkinFile", L"skin.ini"); }},
+        {"a load", [](ControlOnForm& t) { CHECK(LoadThreeTabs(t) == S_OK); }},
+        {"a load that fails",
+         [](ControlOnForm& t) { CHECK(LoadThreeTabs(t, L"FrameDist") == STG_E_READFAULT); }},
         {"painting", [](ControlOnForm& t) { UpdateWindow(t.Form().ControlWindow()); }},
     };
     ControlOnForm test;
