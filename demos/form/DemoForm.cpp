@@ -73,8 +73,15 @@ void DemoForm::Note(const std::wstring& line) {
     if (events_) events_->Add(line);
 }
 
+// The user's way to a disabled tab ends where it began: opened, its page would be empty and all others displaced.
+void DemoForm::RefuseDisabledTab(EventCall& event) {
+    std::int16_t& index = event.Argument(0);
+    if (!IsEnabled(index)) index = ActiveTab();
+}
+
 void DemoForm::OnEvent(EventCall& event) {
     Note(event.Text());
+    if (event.Name() == L"TabDown") RefuseDisabledTab(event);
     if (event.Name() == L"DownBarDown") ShowTabMenu();
     if (event.Name() == L"TabClose") ArrangeLater();
 }

@@ -47,6 +47,7 @@ private:
     std::int16_t CaptionShift(bool lying);
     void ArrangeCaptions();
     void Note(const std::wstring& line);
+    void RefuseDisabledTab(EventCall& event);
     void OnEvent(EventCall& event);
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam);

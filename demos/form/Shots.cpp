@@ -66,6 +66,27 @@ public:
         }
     }
 
+    // The third tab is disabled by now: the user reaches it by no way, and the pages stay where they were.
+    void TakeRefusal() {
+        constexpr std::int16_t before = 1, beyond = 3;
+        constexpr POINT onDisabledBar = {230, 11}, onPage = {300, 300};
+        Reset(2);
+        PressKey(demo_.Form(), VK_UP); // does nothing but take the focus
+        Put(demo_.Control(), L"ActiveTab", beyond);
+        Take(L"disabled-beyond-before");
+        Put(demo_.Control(), L"ActiveTab", before);
+        Take(L"disabled-before");
+        PressKey(demo_.Form(), VK_RIGHT);
+        TurnWheel(demo_.Form(), 1);
+        PressButton(demo_.Form(), onDisabledBar);
+        ReleaseButton(demo_.Form(), onDisabledBar);
+        MovePointer(demo_.Form(), onPage);
+        Take(L"disabled-after");
+        Put(demo_.Control(), L"ActiveTab", beyond);
+        Take(L"disabled-beyond-after");
+        Put(demo_.Control(), L"ActiveTab", std::int16_t{0});
+    }
+
     void TakeManyTabs() {
         demo_.UseSkin(0);
         demo_.SetTabCount(40);
@@ -87,6 +108,7 @@ void TakeShots(DemoForm& demo, const std::wstring& folder) {
     Photographer photographer(demo, folder);
     photographer.TakeArrangements();
     photographer.TakeLooks();
+    photographer.TakeRefusal();
     photographer.TakeManyTabs();
 }
 

@@ -124,6 +124,62 @@ TEST_CASE("a press on a close button raises TabClose and removes the tab") {
     CHECK(f.State().HoverCloseTab == -1);
 }
 
+TEST_CASE("a close button is lit while the pointer is on it, in the look of code 11, and plain after that") {
+    const std::function<void(DrivenControl&)> leaves[] = {
+        [](DrivenControl& f) { f.Move(200, 200); },     // the strip
+        [](DrivenControl& f) { f.MoveTo(f.Bar(1)); },   // the button
+        [](DrivenControl& f) { f.MoveTo(f.Bar(2)); },   // the bar
+        [](DrivenControl& f) { f.Control.EndHover(); }, // the control
+    };
+    for (const auto& leave : leaves) {
+        DrivenControl f(3);
+        f.Control.UserControl_Paint();
+        const Pixels plain = f.Host.Read();
+        f.MoveTo(f.Close(1));
+        CHECK(f.State().StateCode == u"11");
+        CHECK(f.State().HoverCloseTab == 1);
+        const Pixels lit = f.Host.Read();
+        CHECK(Difference(lit, plain) != "same");
+        leave(f);
+        CHECK(f.State().HoverCloseTab == -1);
+        CHECK(Difference(f.Host.Read(), plain) == "same");
+    }
+}
+
+TEST_CASE("from one close button straight onto another the first stays the one that is lit and pressed") {
+    DrivenControl f(4);
+    f.Control.UserControl_Paint();
+    f.MoveTo(f.Close(1));
+    const Pixels lit = f.Host.Read();
+    f.MoveTo(f.Close(2));
+    CHECK(f.State().HoverCloseTab == 1);
+    CHECK(Difference(f.Host.Read(), lit) == "same");
+    f.Log();
+    f.Click(f.Close(2));
+    CHECK(f.Log() == "TabClose 1; PropertyChanged ActiveTab");
+    CHECK(f.Fixture.Captions() == "Tab0 Tab2 Tab3");
+}
+
+TEST_CASE("a press that switches or closes tests the buttons beside the row, too") {
+    const auto pressMenu = [](DrivenControl& f) { // without a move: the press acts on the hover state
+        const LayoutRect menu = f.Buttons().Menu;
+        f.Control.UserControl_MouseDown(1, 0, static_cast<float>((menu.Left + 1) * 15),
+                                        static_cast<float>((menu.Top + 1) * 15));
+    };
+    DrivenControl f(40); // the row is full before and after
+    f.MoveTo(f.Bar(2));
+    f.Log();
+    pressMenu(f);
+    CHECK(f.Log() == "TabDown 2 1; DownBarDown");
+    CHECK(f.Control.ActiveTab() == 2);
+    f.MoveTo(f.Close(1));
+    f.Log();
+    pressMenu(f);
+    CHECK(f.Log() == "TabClose 1; PropertyChanged ActiveTab; DownBarDown");
+    CHECK(f.Control.TabCount() == 39);
+    CHECK(f.State().ButtonPressed == True);
+}
+
 TEST_CASE("a TabClose handler that changes the index removes that tab instead") {
     DrivenControl f(3);
     f.Host.On.TabClose = [](std::int16_t& index) { index = 2; };
@@ -213,6 +269,23 @@ TEST_CASE("the next button scrolls the row on by one and the previous one back")
     CHECK(f.Log() == "NextTabDown 1; NextTabDown 2; PreTabDown 1");
     CHECK(f.State().Layout.FirstVisibleTab == 1);
     CHECK(f.Control.ActiveTab() == 0);
+}
+
+TEST_CASE("a handler of NextTabDown or PreTabDown that looks sees the row where it was scrolled to") {
+    DrivenControl f(40);
+    const auto row = [&f] {
+        f.Control.UserControl_Paint();
+        const LayoutRect& strip = f.State().Layout.BarStripRect;
+        return f.Host.Read().Cut(strip.Left, strip.Top, strip.Width, strip.Height);
+    };
+    Pixels seen;
+    f.Host.On.NextTabDown = f.Host.On.PreTabDown = [&](std::int16_t&) { seen = row(); };
+    const Pixels start = row();
+    f.Click(f.Buttons().Next);
+    CHECK(Difference(seen, start) != "same");
+    CHECK(Difference(seen, row()) == "same");
+    f.Click(f.Buttons().Previous);
+    CHECK(Difference(seen, start) == "same");
 }
 
 TEST_CASE("the previous button drawn greyed neither scrolls nor raises PreTabDown") {

@@ -7,7 +7,7 @@
 
 #include "platform/Files.h"
 #include "tests/RunTimeErrors.h"
-#include "tests/control/ControlFixture.h"
+#include "tests/control/DrivenControl.h"
 #include "tests/skin/TemporaryFolder.h"
 
 using namespace vantik;
@@ -143,6 +143,33 @@ TEST_CASE("a control with default values writes nothing but its picture object")
     f.Control.UserControl_WriteProperties(f.Bag);
     f.Bag.Values.erase(u"Picture");
     CHECK(f.Bag.Values.empty());
+}
+
+TEST_CASE("a first placement begins from nothing, whatever the control was before") {
+    DrivenControl f(40);
+    f.Control.TabCount(30);
+    f.Click(f.Buttons().Next);
+    f.Control.ActiveTab(3);
+    f.MoveTo(f.Close(2));
+    const ControlState& state = f.State();
+    REQUIRE(state.PreviousTabCount == 40);
+    REQUIRE(state.Layout.FirstVisibleTab == 1);
+    REQUIRE(state.HoverTab == 3);
+    REQUIRE(state.HoverCloseTab == 3);
+    REQUIRE(state.SkinIcons.SkinIconCount() > 0);
+    f.Control.UserControl_InitProperties();
+    CHECK(f.Control.TabCount() == 0);
+    CHECK(f.Control.ActiveTab() == -1);
+    CHECK(state.Tabs.UpperBound() == 0);
+    CHECK(state.PreviousTabCount == 0);
+    CHECK(state.Layout.FirstVisibleTab == 0);
+    CHECK(state.HoverTab == -1);
+    CHECK(state.HoverCloseTab == -1);
+    CHECK(state.SkinIcons.SkinIconCount() == 0);
+    CHECK(state.SkinIcons.DeleteButtonIcon == -1);
+    CHECK(state.SkinIcons.LeftButtonIcon == -1);
+    CHECK(state.SkinIcons.RightButtonIcon == -1);
+    CHECK(f.Control.Get<std::int16_t>(Property::BarWidth) == 20);
 }
 
 TEST_CASE("every value survives saving and loading") {

@@ -1,7 +1,7 @@
 #include <doctest/doctest.h>
 
 #include "tests/RunTimeErrors.h"
-#include "tests/control/ControlFixture.h"
+#include "tests/control/DrivenControl.h"
 
 using namespace vantik;
 using namespace vantik::test;
@@ -26,6 +26,20 @@ TEST_CASE("TabCount ignores values below 1 and its own value") {
     f.Control.TabCount(2);
     CHECK(f.Control.TabCount() == 2);
     CHECK(f.Host.TakeLog().find("PropertyChanged") == std::string::npos);
+}
+
+TEST_CASE("TabCount is marked changed before the list is resized") {
+    ControlFixture f(2);
+    int marks = 0;
+    f.Host.OnCall = [&] {
+        if (marks++) return;
+        CHECK(f.Control.TabCount() == 4);
+        CHECK(f.Control.State().PreviousTabCount == 2);
+        CHECK(f.Control.State().Tabs.UpperBound() == 2);
+    };
+    f.Control.TabCount(4);
+    CHECK(marks > 0);
+    CHECK(f.Control.State().Tabs.UpperBound() == 4);
 }
 
 TEST_CASE("raising TabCount adds enabled tabs with an empty icon and lowering it pulls ActiveTab back") {
@@ -181,6 +195,19 @@ TEST_CASE("SetBarEnable on the active tab leaves no tab active, whether it disab
     CHECK(f.Captions() == "Tab0 (Tab1)");
 }
 
+TEST_CASE("SetBarEnable on the hovered tab ends its hovering") {
+    DrivenControl f(3), never(3);
+    f.MoveTo(f.Bar(1));
+    f.Control.SetBarEnable(1, True);
+    CHECK(f.State().HoverTab == -1);
+    f.Control.UserControl_Paint();
+    never.Control.UserControl_Paint();
+    CHECK(Difference(f.Host.Read(), never.Host.Read()) == "same"); // not in the hover look
+    f.Log();
+    f.MoveTo(f.Bar(1));
+    CHECK(f.Log() == "TabMove 1"); // the bar is new to the pointer
+}
+
 TEST_CASE("SetBarEnable on the active tab shows or hides what stands in view, fixed children included") {
     ControlFixture f(2);
     f.Control.ActiveTab(0);
@@ -245,6 +272,32 @@ TEST_CASE("RemoveTab works while no tab is active and tab 0 is disabled") {
     CHECK(f.Control.ActiveTab() == -1);
     CHECK(f.Lefts() == "120");
     CHECK(f.Control.State().Layout.VisibleBarCount == 3); // laid out anew
+}
+
+// Only one window can be frozen at a time: while another one cannot be, the control's is.
+TEST_CASE("the window is frozen while tabs are inserted and removed, and again free at every end") {
+    const auto mayFreeze = [](HWND window) {
+        const bool may = LockWindowUpdate(window);
+        if (may) LockWindowUpdate(nullptr);
+        return may;
+    };
+    constexpr void (*operations[])(ControlFixture&) = {[](ControlFixture& f) { f.Insert(1); },
+                                                       [](ControlFixture& f) { f.Control.RemoveTab(1); }};
+    for (const auto operation : operations)
+        for (const bool fails : {false, true}) {
+            ControlFixture f(3, 440, true), other(0, 100, true);
+            FakeChild& child = f.AddChild(u"child", 300);
+            child.HasLeft = !fails;
+            int calls = 0;
+            f.Host.OnCall = [&] {
+                ++calls;
+                CHECK_FALSE(mayFreeze(other.Host.hWnd()));
+            };
+            CHECK(NumberRaisedBy([&] { operation(f); }) == (fails ? 438 : 0));
+            CHECK(calls > 0);
+            f.Host.OnCall = nullptr;
+            CHECK(mayFreeze(other.Host.hWnd()));
+        }
 }
 
 TEST_CASE("a spare record always stands past the last tab") {

@@ -61,6 +61,11 @@ for side in top bottom left right; do
 done
 check "the sides differ" differ shots/top-start-shared.png shots/bottom-start-shared.png
 
+check "the user's ways to a disabled tab end where they began" same_control shots/disabled-before.png \
+    shots/disabled-after.png
+check "and displace no page" same_control shots/disabled-beyond-before.png shots/disabled-beyond-after.png
+check "which differs from the one before" differ shots/disabled-before.png shots/disabled-beyond-before.png
+
 demo --shot
 check "a folder must be named" test $? = 2
 demo --picture shots

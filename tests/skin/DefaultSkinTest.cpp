@@ -59,6 +59,22 @@ TEST_CASE("a file in the way of the folder or of a file is an access error") {
     CHECK(host.Files(u"Temp") == "skin.ini skin2.bmp sun.png"); // those before it were written
 }
 
+TEST_CASE("the files are written in their order: where one fails, those before it are there") {
+    const std::u16string inOrder[] = {u"sun.png",  u"skin.ini", u"skin2.bmp",   u"menubar.png",
+                                      u"bar0.png", u"bar1.png", u"delete1.png", u"handno.png"};
+    for (const auto& blocked : inOrder) {
+        CAPTURE(std::string(blocked.begin(), blocked.end()));
+        const TemporaryFolder host;
+        host.MakeFolder(u"Temp\\" + blocked);
+        CHECK(NumberRaisedBy([&] { ExtractDefaultSkin(host.Path()); }) == 75);
+        bool isBefore = true;
+        for (const auto& name : inOrder) {
+            if (name == blocked) isBefore = false;
+            CHECK(host.Read(u"Temp\\" + name).empty() == !isBefore);
+        }
+    }
+}
+
 TEST_CASE("a file that somebody else has open is permission denied") {
     const TemporaryFolder host;
     host.MakeFolder(u"Temp");
