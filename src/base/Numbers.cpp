@@ -1,10 +1,12 @@
 #include "base/Numbers.h"
 
 #include <charconv>
+#include <limits>
 #include <string>
 #include <type_traits>
 
 #include "base/Checked.h"
+#include "base/ErrorText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
 
@@ -56,10 +58,22 @@ double FromDecimal(const std::string& text) {
 }
 
 template <class Signed>
-Signed ToInteger(std::u16string_view text) {
+Signed Convert(std::u16string_view text) {
     const std::string ascii = AsciiOf(TrimSpaces(text));
     if (IsHexadecimal(ascii)) return FromBitPattern<Signed>(ascii.substr(2));
     return Narrow<Signed>(RoundHalfToEven(FromDecimal(ascii)));
+}
+
+template <class Signed>
+Signed ToInteger(std::u16string_view text) {
+    using Limits = std::numeric_limits<Signed>;
+    return Explaining([&] { return Convert<Signed>(text); },
+                      [&](const RunTimeError& error) {
+                          if (error.Number() == RunTimeErrorNumber::TypeMismatch)
+                              return ErrorText(Quoted{text}, u" is not a number");
+                          return ErrorText(Quoted{text}, u" is no number from ", Limits::min(), u" to ",
+                                           Limits::max());
+                      });
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <exception>
+#include <string>
+#include <utility>
 
 namespace vantik {
 
@@ -30,14 +32,26 @@ const char16_t* DescriptionOf(RunTimeErrorNumber number) noexcept;
 
 class RunTimeError : public std::exception {
 public:
-    explicit RunTimeError(RunTimeErrorNumber number) noexcept : number_(number) {}
+    // The text says what went wrong and where, as far as whoever raises the error knows it.
+    explicit RunTimeError(RunTimeErrorNumber number, std::u16string text = {}) noexcept
+        : number_(number), text_(std::move(text)) {}
 
     RunTimeErrorNumber Number() const noexcept { return number_; }
-    const char16_t* Description() const noexcept { return DescriptionOf(number_); }
+
+    // The number's own text where there is no other.
+    const char16_t* Description() const noexcept {
+        return text_.empty() ? DescriptionOf(number_) : text_.c_str();
+    }
     const char* what() const noexcept override { return "run-time error"; }
+
+    // For those who know more than whoever raised it. An empty text - there was no memory for it - changes nothing.
+    void Explain(std::u16string text) noexcept {
+        if (!text.empty()) text_ = std::move(text);
+    }
 
 private:
     RunTimeErrorNumber number_;
+    std::u16string text_;
 };
 
 [[noreturn]] inline void Raise(RunTimeErrorNumber number) { throw RunTimeError(number); }

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "base/Checked.h"
+#include "base/ErrorText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
 
@@ -33,7 +34,7 @@ std::vector<std::unique_ptr<ChildControl>> ChildVisibility::Children() {
 // A child at exactly 0 counts for tab 1: the rule asks for positions greater than 0.
 std::int32_t ChildVisibility::TabOf(double left) const {
     const std::int32_t offset = state_.Properties.TabOffSet;
-    if (offset == 0) Raise(RunTimeErrorNumber::DivisionByZero);
+    if (offset == 0) Raise(RunTimeErrorNumber::DivisionByZero, u"TabOffSet is 0: no child's tab can be told");
     const std::int64_t distance = std::llabs(RoundHalfToEven(left));
     const auto tabs = Narrow<std::int32_t>(distance / offset);
     return Checked(tabs) + (left > 0 ? 0 : 1);
@@ -42,12 +43,22 @@ std::int32_t ChildVisibility::TabOf(double left) const {
 void ChildVisibility::ShowTabControls(std::int16_t newIndex) {
     if (!state_.Tabs(newIndex).Enable) return;
     const PropertyValues& properties = state_.Properties;
-    const std::int32_t delta = Checked(properties.TabOffSet) * Subtract16(newIndex, properties.ActiveTab);
+    const std::int32_t delta = DistanceTo(newIndex);
     auto children = Children();
     for (const auto& child : children) Move(*child, delta);
     const auto fixed = TrimSpaces(properties.FixOcxList);
     if (!fixed.empty()) fixedControlNames_ = SplitAtCommas(fixed);
     MoveFixedBack(delta, children);
+}
+
+std::int32_t ChildVisibility::DistanceTo(std::int16_t index) const {
+    const PropertyValues& p = state_.Properties;
+    return Explaining([&] { return Checked(p.TabOffSet) * Subtract16(index, p.ActiveTab); },
+                      [&](const RunTimeError& error) {
+                          return ErrorText(u"No way for the children from tab ", p.ActiveTab, u" to tab ",
+                                           index, u" with TabOffSet = ", p.TabOffSet, u": ",
+                                           error.Description());
+                      });
 }
 
 void ChildVisibility::MoveFixedBack(std::int32_t delta,

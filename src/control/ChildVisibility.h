@@ -50,6 +50,7 @@ public:
 private:
     std::vector<std::unique_ptr<ChildControl>> Children();
     std::int32_t TabOf(double left) const;
+    std::int32_t DistanceTo(std::int16_t index) const;
     void MoveFixedBack(std::int32_t delta, std::vector<std::unique_ptr<ChildControl>>& children);
 
     UserControl& host_;

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <variant>
 
+#include "base/ErrorText.h"
 #include "control/VantikFrameTab.h"
 #include "platform/PictureLoading.h"
 #include "skin/SkinLoader.h"
@@ -93,6 +94,7 @@ void VantikFrameTab::MakeTabs(std::int16_t count) {
     state_.NewTabNumber = 0;
     state_.PreviousTabCount = 0;
     state_.Layout = {};
+    if (count < 0) Raise(RunTimeErrorNumber::SubscriptOutOfRange, u"The saved TabCount is ", count);
     ResizeTabList(count);
 }
 

@@ -1,5 +1,6 @@
 // The list of tabs: counting, inserting, removing, captions, icons, enabled flags.
 #include "base/Checked.h"
+#include "base/ErrorText.h"
 #include "base/Text.h"
 #include "control/PaintingFreeze.h"
 #include "control/VantikFrameTab.h"
@@ -64,6 +65,8 @@ void VantikFrameTab::InsertTab(std::int16_t afterIndex, std::u16string& caption)
     if (!state_.HasTab(afterIndex)) return; // moving children runs code of the host, which may remove tabs
     state_.Tabs.Move(TabCount(), newIndex); // the spare record becomes the last tab's
     state_.Tabs(newIndex) = state_.Tabs(afterIndex);
+    if (TabCount() == INT16_MAX)
+        Raise(RunTimeErrorNumber::Overflow, u"There are ", TabCount(), u" tabs, as many as can be");
     const std::int16_t count = Add16(TabCount(), 1);
     state_.Tabs.Resize(count); // one spare record past the last tab, as always
     state_.Properties.TabCount = count;

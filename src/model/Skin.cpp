@@ -1,11 +1,13 @@
 #include "model/Skin.h"
 
-#include "base/Checked.h"
+#include "base/ErrorText.h"
 
 namespace vantik {
 
 const SkinRect& SkinRects::operator[](std::int32_t index) const {
-    if (index < 0 || index >= Count) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
+    if (index < 0 || index >= Count)
+        Raise(RunTimeErrorNumber::SubscriptOutOfRange, u"there is no rectangle ", index, u", only 0 to ",
+              Count - 1);
     return rects_[static_cast<std::size_t>(index)];
 }
 
@@ -14,7 +16,9 @@ SkinRect& SkinRects::operator[](std::int32_t index) {
 }
 
 SkinIcon& SkinIcons::Append() {
-    Narrow<std::int16_t>(Entries.size() + 1);
+    constexpr std::size_t most = INT16_MAX;
+    if (Entries.size() == most)
+        Raise(RunTimeErrorNumber::Overflow, u"there are more than ", INT16_MAX, u" icons");
     return Entries.emplace_back();
 }
 

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <utility>
 
-#include "base/RunTimeError.h"
+#include "base/ErrorText.h"
 #include "png/FilePath.h"
 
 namespace vantik {
@@ -18,6 +18,10 @@ constexpr std::size_t BufferSize = 64 * 1024;
 RunTimeErrorNumber OpenErrorOf(ReadableFile::Obstacle obstacle, const std::u16string& path) noexcept {
     if (obstacle == ReadableFile::Obstacle::NoAccess) return RunTimeErrorNumber::PathFileAccess;
     return FolderOfPathExists(path) ? RunTimeErrorNumber::FileNotFound : RunTimeErrorNumber::PathNotFound;
+}
+
+[[noreturn]] void RaiseOpenError(RunTimeErrorNumber number, const std::u16string& path) {
+    Raise(number, PathText{path}, u": ", DescriptionOf(number));
 }
 
 } // namespace
@@ -42,7 +46,7 @@ FileSource::FileSource(ReadableFile file) : file_(std::move(file)), buffer_(Firs
 FileSource::FileSource(const std::u16string& path) {
     auto obstacle = ReadableFile::Obstacle::None;
     ReadableFile file = ReadableFile::Open(path, obstacle);
-    if (!file) Raise(OpenErrorOf(obstacle, path));
+    if (!file) RaiseOpenError(OpenErrorOf(obstacle, path), path);
     *this = FileSource(std::move(file));
 }
 
@@ -51,7 +55,7 @@ std::optional<FileSource> FileSource::OpenIfThere(const std::u16string& path) {
     ReadableFile file = ReadableFile::Open(path, obstacle);
     if (file) return FileSource(std::move(file));
     if (obstacle == ReadableFile::Obstacle::NotThere || IsFolder(path)) return std::nullopt;
-    Raise(RunTimeErrorNumber::PathFileAccess);
+    RaiseOpenError(RunTimeErrorNumber::PathFileAccess, path);
 }
 
 void FileSource::FillBuffer() {

@@ -1,6 +1,7 @@
 #include "render/BarGeometry.h"
 
 #include "base/Checked.h"
+#include "base/ErrorText.h"
 #include "base/Rounding.h"
 
 namespace vantik {
@@ -66,6 +67,11 @@ bool IsPlain(const LayoutRect& strip) noexcept {
            IsWithin(strip.Width, PlainStrip) && IsWithin(strip.Height, PlainStrip);
 }
 
+void CheckExtent(std::int32_t pixels) {
+    if (!std::in_range<std::int16_t>(pixels))
+        Raise(RunTimeErrorNumber::Overflow, u"A piece of a bar cannot have ", pixels, u" pixels");
+}
+
 bool HaveBarsRecords(const ControlState& control) noexcept {
     const LayoutCache& layout = control.Layout;
     return layout.FirstVisibleTab >= 0 &&
@@ -100,8 +106,8 @@ void CheckBar(const ControlState& control, std::int16_t index, std::uint8_t stat
     for (const BarPiece& piece : PiecesOf(control, index, state)) {
         static_cast<void>(PartRect(control, slot, piece.U, piece.V, piece.Length, piece.Thickness));
         if (control.Properties.TabPos == Windowtop) continue;
-        Narrow<std::int16_t>(piece.Length);
-        Narrow<std::int16_t>(piece.Thickness);
+        CheckExtent(piece.Length);
+        CheckExtent(piece.Thickness);
     }
 }
 
@@ -156,7 +162,7 @@ bool PointInRect(float x, float y, const LayoutRect& rect) noexcept {
 
 std::int32_t BarSlotAt(float x, float y, const ControlState& control) {
     const std::int32_t along = RoundHalfToEven(control.Layout.IsHorizontal ? x : y);
-    if (control.Properties.BarWidth == 0) Raise(RunTimeErrorNumber::DivisionByZero);
+    if (control.Properties.BarWidth == 0) Raise(RunTimeErrorNumber::DivisionByZero, u"BarWidth is 0");
     // In 64 bits, since -2^31 / -1 does not fit 32.
     return Narrow<std::int32_t>(std::int64_t{along} / control.Properties.BarWidth);
 }

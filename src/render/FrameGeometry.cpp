@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Checked.h"
+#include "base/ErrorText.h"
 
 namespace vantik {
 
@@ -13,7 +14,9 @@ FramePart PartAt(const SkinRect& source, Checked x, Checked y, Checked width, Ch
 }
 
 FramePart EdgeAt(const SkinRect& source, Checked x, Checked y, Checked width, Checked height) {
-    for (const std::int32_t value : {x, y, width, height}) Narrow<std::int16_t>(value);
+    for (const std::int32_t value : {x, y, width, height})
+        if (!std::in_range<std::int16_t>(value))
+            Raise(RunTimeErrorNumber::Overflow, u"The page's frame cannot reach to ", value, u" pixels");
     return PartAt(source, x, y, width, height);
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "base/Checked.h"
+#include "base/ErrorText.h"
 #include "base/Rounding.h"
 
 namespace vantik {
@@ -157,9 +158,17 @@ private:
     LayoutCache layout_;
 };
 
-} // namespace
+template <class Step>
+LayoutCache Computing(const GeometryInput& input, Step step) {
+    return Explaining(step, [&](const RunTimeError& error) {
+        const PropertyValues& p = input.Properties;
+        return ErrorText(u"No layout for BarWidth = ", p.BarWidth, u", TabCount = ", p.TabCount, u" on ",
+                         input.ControlWidthPx, u" x ", input.ControlHeightPx, u" pixels: ",
+                         error.Description());
+    });
+}
 
-LayoutCache ComputeVisibleBars(const GeometryInput& input, LayoutCache layout) {
+LayoutCache VisibleBars(const GeometryInput& input, LayoutCache layout) {
     const std::int16_t tabCount = input.Properties.TabCount;
     std::int16_t count =
         BarsThatFit(SpaceForBars(input, layout.IsHorizontal != False), input.Properties.BarWidth);
@@ -169,8 +178,14 @@ LayoutCache ComputeVisibleBars(const GeometryInput& input, LayoutCache layout) {
     return layout;
 }
 
+} // namespace
+
+LayoutCache ComputeVisibleBars(const GeometryInput& input, LayoutCache layout) {
+    return Computing(input, [&] { return VisibleBars(input, layout); });
+}
+
 LayoutCache ComputeLayout(const GeometryInput& input, LayoutCache layout) {
-    return Layout(input, layout).Compute();
+    return Computing(input, [&] { return Layout(input, layout).Compute(); });
 }
 
 } // namespace vantik

@@ -12,7 +12,8 @@ namespace vantik {
 // saved) and the definition is read there, under the same name.
 //
 // Icons are appended behind those of earlier loads; rectangles and the bitmap's name that the definition does not
-// mention stay. Raises file errors, what SkinParser raises, and InvalidPicture; what was stored up to there stays.
+// mention stay. Raises file errors, what SkinParser raises, and InvalidPicture; what was stored up to there stays. What
+// an error says names the file, and in the definition the line.
 void LoadSkin(UserControl& host, ControlState& state, Surfaces& surfaces);
 
 } // namespace vantik

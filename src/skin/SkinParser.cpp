@@ -1,8 +1,9 @@
 #include "skin/SkinParser.h"
 
-#include <array>
+#include <functional>
 
 #include "base/Checked.h"
+#include "base/ErrorText.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 
@@ -31,10 +32,12 @@ std::u16string SectionName(std::u16string_view line) {
 // Splits the pieces off one by one, each converted before the next is looked for.
 class Coordinates {
 public:
-    explicit Coordinates(std::u16string_view list) : rest_(list), hasMore_(!list.empty()) {}
+    explicit Coordinates(std::u16string_view list) : list_(list), rest_(list), hasMore_(!list.empty()) {}
 
     std::int32_t Next() {
-        if (!hasMore_) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
+        if (!hasMore_)
+            Raise(RunTimeErrorNumber::SubscriptOutOfRange, Quoted{list_},
+                  u" is too short: left, right, top and bottom are expected");
         const std::size_t comma = rest_.find(u',');
         const std::int32_t number = ToInteger32(rest_.substr(0, comma));
         hasMore_ = comma != std::u16string_view::npos;
@@ -43,9 +46,15 @@ public:
     }
 
 private:
-    std::u16string_view rest_;
+    std::u16string_view list_, rest_;
     bool hasMore_; // an empty list has no piece, not one empty piece
 };
+
+std::int32_t ExtentOf(std::int32_t first, std::int32_t last, std::u16string_view list) {
+    return Explaining(
+        [&] { return Checked(last) - first + 1; },
+        [&](const RunTimeError&) { return ErrorText(Quoted{list}, u" is too large a rectangle"); });
+}
 
 // Each number is stored before the next one is converted.
 void ParseRect(std::u16string_view list, SkinRect& rect) {
@@ -54,8 +63,8 @@ void ParseRect(std::u16string_view list, SkinRect& rect) {
     rect.Right = coordinates.Next();
     rect.Top = coordinates.Next();
     rect.Bottom = coordinates.Next();
-    rect.Width = Checked(rect.Right) - rect.Left + 1;
-    rect.Height = Checked(rect.Bottom) - rect.Top + 1;
+    rect.Width = ExtentOf(rect.Left, rect.Right, list);
+    rect.Height = ExtentOf(rect.Top, rect.Bottom, list);
 }
 
 using RoleIndex = std::int16_t SkinIcons::*;
@@ -78,16 +87,22 @@ void SkinParser::Parse(std::u16string_view text) {
 
 // The test for START comes last, so the line that starts the definition has no content itself.
 bool SkinParser::ParseLine(std::u16string_view text) {
-    std::u16string line = UpperCase(TrimSpaces(text));
-    if (line.starts_with(u"END")) return false;
-    if (started_ && !line.empty()) ParseContent(line);
-    if (line.starts_with(u"START")) started_ = true;
+    ++lineNumber_;
+    asWritten_ = TrimSpaces(text);
+    line_ = UpperCase(asWritten_);
+    if (line_.starts_with(u"END")) return false;
+    if (started_ && !line_.empty())
+        Explaining([&] { ParseContent(); },
+                   [&](const RunTimeError& error) {
+                       return ErrorText(u"line ", lineNumber_, u": ", error.Description());
+                   });
+    if (line_.starts_with(u"START")) started_ = true;
     return true;
 }
 
-void SkinParser::ParseContent(std::u16string& line) {
-    if (line.starts_with(u"[")) section_ = line = SectionName(line);
-    if (!line.starts_with(Comment)) ParseEntry(std::u16string_view(line).substr(0, line.find(Comment)));
+void SkinParser::ParseContent() {
+    if (line_.starts_with(u"[")) section_ = line_ = SectionName(line_);
+    if (!line_.starts_with(Comment)) ParseEntry(std::u16string_view(line_).substr(0, line_.find(Comment)));
 }
 
 void SkinParser::ParseEntry(std::u16string_view entry) {
@@ -99,12 +114,36 @@ void SkinParser::ParseEntry(std::u16string_view entry) {
     if (section_ == u"ICON") ParseSkinIconEntry(key, value);
 }
 
+// Numbers read the same in either case, and an error shows them as they were written.
 void SkinParser::ParseSkinRectEntry(std::u16string_view key, std::u16string_view value) {
     if (key == u"FILE") {
         state_.SkinBitmapPath = folder_.PathOf(value);
         return;
     }
-    ParseRect(value, state_.SkinRects[ToInteger16(key)]);
+    SkinRect& rect = RectOf(key);
+    ParseRect(AsWritten(value), rect);
+}
+
+SkinRect& SkinParser::RectOf(std::u16string_view key) {
+    try {
+        return state_.SkinRects[ToInteger16(AsWritten(key))];
+    } catch (RunTimeError& error) {
+        if (error.Number() == RunTimeErrorNumber::TypeMismatch)
+            error.Explain(ErrorText(error.Description(),
+                                    u": a key of [Tab] is \"File\", without a blank before the colon, or the "
+                                    u"number of a rectangle"));
+        throw;
+    }
+}
+
+// Upper case has as many characters, so that each stands where it stood.
+std::u16string_view SkinParser::AsWritten(std::u16string_view part) const noexcept {
+    constexpr std::less_equal<> isBefore;
+    const char16_t* begin = line_.data();
+    const bool isOfLine = isBefore(begin, part.data()) &&
+                          isBefore(part.data() + part.size(), begin + line_.size()) &&
+                          line_.size() == asWritten_.size();
+    return isOfLine ? asWritten_.substr(static_cast<std::size_t>(part.data() - begin), part.size()) : part;
 }
 
 void SkinParser::ParseSkinIconEntry(std::u16string_view key, std::u16string_view value) {

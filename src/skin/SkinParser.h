@@ -21,7 +21,8 @@ namespace vantik {
 using PngSizeReader = void (*)(const std::u16string& path, PngSize& size);
 
 // One parse; every parse takes a parser of its own. Entries take effect as they are read: what was stored before the
-// error, by the lines before it and by the failing line itself, stays in force.
+// error, by the lines before it and by the failing line itself, stays in force. What an error says begins with the number
+// of its line.
 class SkinParser {
 public:
     SkinParser(ControlState& state, SkinFolder folder, PngSizeReader readSize = ReadPngFileSize)
@@ -41,12 +42,17 @@ public:
     void ParseSkinIconEntry(std::u16string_view key, std::u16string_view value);
 
 private:
-    void ParseContent(std::u16string& line);
+    void ParseContent();
     void ParseEntry(std::u16string_view entry);
+    SkinRect& RectOf(std::u16string_view key);
+    std::u16string_view AsWritten(std::u16string_view part) const noexcept;
 
     ControlState& state_;
     SkinFolder folder_;
     PngSizeReader readSize_;
+    std::int32_t lineNumber_ = 0;   // from 1
+    std::u16string_view asWritten_; // the line as it stands in the file, without blanks around it
+    std::u16string line_;           // the same in upper case
     bool started_ = false;
     std::u16string section_;
 };

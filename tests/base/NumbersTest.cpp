@@ -48,3 +48,11 @@ TEST_CASE("a number that does not fit overflows") {
     CHECK(NumberRaisedBy([] { ToInteger32(u"1e999"); }) == 6);
     CHECK(NumberRaisedBy([] { ToInteger16(u"&H10000"); }) == 6);
 }
+
+TEST_CASE("what is no number, or does not fit, is quoted as it stands there") {
+    CHECK(TextRaisedBy([] { ToInteger32(u" abc"); }) == "\" abc\" is not a number");
+    CHECK(TextRaisedBy([] { ToInteger32(u""); }) == "\"\" is not a number");
+    CHECK(TextRaisedBy([] { ToInteger16(u"40000"); }) == "\"40000\" is no number from -32768 to 32767");
+    CHECK(TextRaisedBy([] { ToInteger32(u"-1e10"); }) ==
+          "\"-1e10\" is no number from -2147483648 to 2147483647");
+}

@@ -138,13 +138,17 @@ TEST_CASE("a TabOffSet of 0 cannot tell which tab a child belongs to") {
     ThreeTabs f;
     f.Control.Let<std::int32_t>(Property::TabOffSet, 0);
     f.AddChild(u"child", 300);
-    CHECK(NumberRaisedBy([&] { f.Insert(0, u"New"); }) == 11);
+    const RaisedError raised = ErrorRaisedBy([&] { f.Insert(0, u"New"); });
+    CHECK(raised.Number == 11);
+    CHECK(raised.Text == "TabOffSet is 0: no child's tab can be told");
 }
 
 TEST_CASE("an offset too large for the distance overflows before anything moves") {
     ThreeTabs f;
     f.Control.Let<std::int32_t>(Property::TabOffSet, 2000000000);
     f.AddChild(u"child", 300);
-    CHECK(NumberRaisedBy([&] { f.Control.ActiveTab(2); }) == 6);
+    const RaisedError raised = ErrorRaisedBy([&] { f.Control.ActiveTab(2); });
+    CHECK(raised.Number == 6);
+    CHECK(raised.Text == "No way for the children from tab 0 to tab 2 with TabOffSet = 2000000000: Overflow");
     CHECK(f.Lefts() == "300");
 }

@@ -323,7 +323,9 @@ TEST_CASE("a load from inside any operation of the same control leaves list and 
 TEST_CASE("a saved count below zero raises an error and leaves a control that still answers") {
     LoadedControl f;
     f.Bag.Values = {{u"TabCount", std::int16_t(-5)}};
-    CHECK(NumberRaisedBy([&] { f.Load(); }) == 9);
+    const RaisedError raised = ErrorRaisedBy([&] { f.Load(); });
+    CHECK(raised.Number == 9);
+    CHECK(raised.Text == "The saved TabCount is -5");
     CHECK(f.Control.GetTabCaption(0) == u"-1");
     f.Control.UserControl_Paint();
     f.Control.TabCount(2);

@@ -250,7 +250,9 @@ TEST_CASE("a list of 32767 tabs takes no further tab: the count overflows after 
     f.AddChild(u"ofTab1", -9880);
     f.Host.TakeLog();
     std::u16string caption;
-    CHECK(NumberRaisedBy([&] { f.Control.InsertTab(0, caption); }) == 6);
+    const RaisedError raised = ErrorRaisedBy([&] { f.Control.InsertTab(0, caption); });
+    CHECK(raised.Number == 6);
+    CHECK(raised.Text == "There are 32767 tabs, as many as can be");
     CHECK(caption == u"Tab32767");
     CHECK(f.Control.State().NewTabNumber == 32768);
     CHECK(f.Control.TabCount() == 32767);

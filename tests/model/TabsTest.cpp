@@ -52,6 +52,15 @@ TEST_CASE("an index outside the list raises subscript out of range") {
     CHECK(NumberRaisedBy([&] { tabs.Resize(-1); }) == 9);
 }
 
+TEST_CASE("the error of an index says which one it was and which ones there are") {
+    Tabs tabs;
+    CHECK(TextRaisedBy([&] { tabs(1); }) == "There is no tab 1: there are none");
+    tabs.Resize(3);
+    CHECK(TextRaisedBy([&] { tabs(4); }) == "There is no tab 4, only 0 to 2");
+    CHECK(TextRaisedBy([&] { tabs.Move(0, -7); }) == "There is no tab -7, only 0 to 2");
+    CHECK(TextRaisedBy([&] { tabs.Resize(-5); }) == "There cannot be -5 tabs");
+}
+
 TEST_CASE("the skin table has 26 rectangles") {
     SkinRects rects;
     CHECK(rects[25] == SkinRect{});

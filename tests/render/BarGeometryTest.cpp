@@ -152,6 +152,7 @@ TEST_CASE("finding a slot with a BarWidth of 0 raises division by zero, beyond 3
     CHECK(NumberRaisedBy([&] { BarSlotAt(-2147483648.0f, 0, c); }) == 6);
     c.Properties.BarWidth = 0;
     CHECK(NumberRaisedBy([&] { BarSlotAt(1, 1, c); }) == 11);
+    CHECK(TextRaisedBy([&] { BarSlotAt(1, 1, c); }) == "BarWidth is 0");
 }
 
 TEST_CASE("every pixel of a slot hits that slot on every side") {
@@ -200,6 +201,7 @@ TEST_CASE("checking a bar raises what painting it would") {
     CHECK(check(1, 24) == 9);
     SetSize(c.SkinRects, FillPic0, 1, 32768);
     CHECK(check(1, BarNormal) == 6); // turned pixel by pixel, counted in 16 bits
+    CHECK(TextRaisedBy([&] { CheckBar(c, 1, BarNormal); }) == "A piece of a bar cannot have 32768 pixels");
     c.Properties.TabPos = Windowtop;
     CHECK(check(1, BarNormal) == 0);
 }

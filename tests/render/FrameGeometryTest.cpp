@@ -58,7 +58,9 @@ TEST_CASE("coordinates of the edges are 16-bit values") {
     f.Layout.ClientRect = LayoutRect::FromEdges(0, 0, 32767, 50);
     CHECK(NumberRaisedBy([&] { FrameEdges(f.Layout, f.Rects); }) == 0);
     f.Layout.ClientRect = LayoutRect::FromEdges(0, 0, 32768, 50);
-    CHECK(NumberRaisedBy([&] { FrameEdges(f.Layout, f.Rects); }) == 6);
+    const RaisedError raised = ErrorRaisedBy([&] { FrameEdges(f.Layout, f.Rects); });
+    CHECK(raised.Number == 6);
+    CHECK(raised.Text == "The page's frame cannot reach to 32768 pixels");
 }
 
 TEST_CASE("an intersection of rectangles that do not meet is empty") {

@@ -148,6 +148,18 @@ TEST_CASE("a BarWidth of 0 raises division by zero, 0 / 0 overflow") {
     CHECK(NumberRaisedBy([&] { c.Bars(); }) == 6);
 }
 
+TEST_CASE("the error of a layout says what was to be laid out") {
+    Case c;
+    c.P.BarWidth = 0;
+    CHECK(TextRaisedBy([&] { c.Bars(); }) == "No layout for BarWidth = 0, TabCount = 3 on " +
+                                                 std::to_string(c.W) + " x " + std::to_string(c.H) +
+                                                 " pixels: Division by zero");
+    c.P.BarWidth = 20;
+    c.P.TabPos = WindowBottom;
+    c.Rects[BRect].Height = INT32_MIN;
+    CHECK(TextRaisedBy([&] { c.Compute(); }).ends_with(" pixels: Overflow"));
+}
+
 TEST_CASE("a number of bars beyond 16 bits raises overflow, and the layout stays as it was") {
     Case c;
     c.P.BarWidth = 1;

@@ -19,16 +19,19 @@ inline void SizeFromFileName(const std::u16string& path, PngSize& size) {
 
 struct ParsedSkin {
     ControlState State;
-    int Error = 0; // of the parse that came last
+    int Error = 0;    // of the parse that came last
+    std::string Text; // and what it says
 
     ParsedSkin() = default;
     explicit ParsedSkin(std::u16string_view text) { Parse(text); }
 
     void Parse(std::u16string_view text) {
-        Error = NumberRaisedBy([&] {
+        const RaisedError raised = ErrorRaisedBy([&] {
             SkinParser(State, SkinFolder(u"C:\\host", State.Properties.SkinPath), SizeFromFileName)
                 .Parse(text);
         });
+        Error = raised.Number;
+        Text = raised.Text;
     }
 
     const SkinRect& Rect(std::int32_t index) const { return State.SkinRects[index]; }

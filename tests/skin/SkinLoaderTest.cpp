@@ -21,8 +21,16 @@ struct Loaded {
     Loaded() { Host.Folder = Folder.Path(); }
 
     int Load() {
-        return NumberRaisedBy([&] { LoadSkin(Host, State, Surfaces); });
+        const RaisedError raised = ErrorRaisedBy([&] { LoadSkin(Host, State, Surfaces); });
+        Text = raised.Text;
+        return raised.Number;
     }
+    // A path in the host's folder, as an error shows it.
+    std::string Path(std::string_view name) const {
+        return std::string(Folder.Path().begin(), Folder.Path().end()) + "\\" + std::string(name);
+    }
+
+    std::string Text; // what the error of the last load says
 };
 
 // A top-down picture of one colour as a file.
@@ -88,6 +96,9 @@ TEST_CASE("a missing definition of another name is still not found after the bui
     Loaded test;
     test.State.Properties.SkinFile = u"mine.ini";
     CHECK(test.Load() == 53);
+    CHECK(test.Text == test.Path("Skin\\mine.ini") +
+                           " is missing, and the built-in skin has skin.ini only: " +
+                           test.Path("Temp\\mine.ini") + ": File not found");
     CHECK(test.State.Properties.SkinPath == u"Temp");
     CHECK(test.Folder.Read(u"Temp\\skin.ini").starts_with("Start"));
 }
@@ -96,6 +107,10 @@ TEST_CASE("a host folder that cannot be written ends in the file error and leave
     Loaded test;
     test.Host.Folder = u"C:\\no such folder";
     CHECK(test.Load() == 76);
+    CHECK(test.Text ==
+          "C:\\no such folder\\Skin\\skin.ini is missing, and the built-in skin cannot be written to "
+          "C:\\no such folder\\Temp: Path not found. Ship a skin with the application, or let it write "
+          "there");
     CHECK(test.State.Properties.SkinPath == u"Skin\\");
     CHECK(test.State.SkinIcons.SkinIconCount() == 0);
     CHECK(test.Surfaces.SkinDC.width() == 0);
@@ -107,6 +122,8 @@ TEST_CASE("a definition that fails midway leaves what it said before in force an
     test.Folder.Write(u"Skin\\skin.ini", "Start\n[Tab]\nFile: a.bmp\n3: 1,2,3,4\n4: 1,2,3\n");
     test.Folder.Write(u"Skin\\a.bmp", Bitmap(7, 5));
     CHECK(test.Load() == 9);
+    CHECK(test.Text == test.Path("Skin\\skin.ini") +
+                           ", line 5: \"1,2,3\" is too short: left, right, top and bottom are expected");
     CHECK(test.State.SkinRects[3].Left == 1);
     CHECK(test.Surfaces.SkinDC.width() == 0);
     test.Folder.Write(u"Skin\\skin.ini", "Start\n[Tab]\n4: 1,2,3,4\n");
@@ -119,12 +136,44 @@ TEST_CASE("a bitmap that is missing is not found, one that is none is an invalid
     test.Folder.MakeFolder(u"Skin");
     test.Folder.Write(u"Skin\\skin.ini", "Start\n[Tab]\nFile: a.bmp\n");
     CHECK(test.Load() == 53);
+    CHECK(test.Text == "The skin's bitmap " + test.Path("Skin\\A.BMP") + ": File not found");
     test.Folder.Write(u"Skin\\a.bmp", "");
     CHECK(test.Load() == 481);
+    CHECK(test.Text == "The skin's bitmap " + test.Path("Skin\\A.BMP") + ": Invalid picture");
     test.Folder.Write(u"Skin\\a.bmp", "no picture at all");
     CHECK(test.Load() == 481);
     test.Folder.Write(u"Skin\\skin.ini", "Start\n[Tab]\nFile: folder\\a.bmp\n");
     CHECK(test.Load() == 76);
+}
+
+TEST_CASE("a definition or a button's picture that cannot be opened is named") {
+    Loaded test;
+    test.Folder.MakeFolder(u"Skin");
+    const auto lock = [&](const char16_t* name) {
+        const std::u16string path = test.Folder.Path() + name;
+        return CreateFileW(AsWide(path), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    };
+    test.Folder.Write(u"Skin\\skin.ini", "Start\n[Icon]\nSun:none.png\nMenuBar: menu.png\n");
+    test.Folder.Write(u"Skin\\menu.png", "");
+    for (const auto& [name, text] :
+         {std::pair{u"\\Skin\\skin.ini", test.Path("Skin\\skin.ini") + ": Path/File access error"},
+          std::pair{u"\\Skin\\menu.png", test.Path("Skin\\skin.ini") + ", line 4: " +
+                                             test.Path("Skin\\MENU.PNG") + ": Path/File access error"}}) {
+        const HANDLE held = lock(name);
+        CHECK(test.Load() == 75);
+        CHECK(test.Text == text);
+        CloseHandle(held);
+    }
+}
+
+TEST_CASE("a file in the way of the built-in skin is named") {
+    Loaded test;
+    test.Folder.MakeFolder(u"Temp\\skin2.bmp");
+    CHECK(test.Load() == 75);
+    CHECK(test.Text ==
+          test.Path("Skin\\skin.ini") + " is missing, and the built-in skin cannot be written to " +
+              test.Path("Temp\\skin2.bmp") +
+              ": Path/File access error. Ship a skin with the application, or let it write there");
 }
 
 TEST_CASE("a definition without a bitmap is in force with its rectangles and icons") {

@@ -199,6 +199,7 @@ TEST_CASE("more icons than a 16-bit count holds are an overflow") {
     for (int i = 0; i < 32768; ++i) text += u"a:b\n";
     const ParsedSkin skin(text);
     CHECK(skin.Error == 6);
+    CHECK(skin.Text == "line 32770: there are more than 32767 icons");
     CHECK(skin.State.SkinIcons.SkinIconCount() == 32767);
 }
 
@@ -206,8 +207,30 @@ TEST_CASE("a button's picture that cannot be measured stops the parse at its lin
     ControlState state;
     SkinParser parser(state, SkinFolder(u"C:\\host", u"Skin"),
                       [](const std::u16string&, PngSize&) { Raise(RunTimeErrorNumber::PathFileAccess); });
-    CHECK(NumberRaisedBy([&] { parser.Parse(u"Start\n[Icon]\nMenuBar:a\nSun:b"); }) == 75);
+    const RaisedError raised = ErrorRaisedBy([&] { parser.Parse(u"Start\n[Icon]\nMenuBar:a\nSun:b"); });
+    CHECK(raised.Number == 75);
+    CHECK(raised.Text == "line 3: Path/File access error");
     CHECK(state.SkinIcons.SkinIconCount() == 1);
     CHECK(state.SkinIcons.MenuBarIcon == 0);
     CHECK(state.SkinIcons.Entries[0].Width == -1);
+}
+
+TEST_CASE("an error names the line and what stands there, as it stands there") {
+    CHECK(Tab(u"4: 1,2,3,4\r\n  Fill9 : 1,2,3,4").Text ==
+          "line 4: \"Fill9 \" is not a number: a key of [Tab] is \"File\", without a blank before the colon, "
+          "or "
+          "the number of a rectangle");
+    CHECK(Tab(u"40000: 1,2,3,4").Text == "line 3: \"40000\" is no number from -32768 to 32767");
+    CHECK(Tab(u"26: 1,2,3,4").Text == "line 3: there is no rectangle 26, only 0 to 25");
+    CHECK(Tab(u"\r\n5: 13, 1o ,0,21 // end").Text == "line 4: \" 1o \" is not a number");
+    CHECK(Tab(u"5: 1,2,99999999999,4").Text ==
+          "line 3: \"99999999999\" is no number from -2147483648 to 2147483647");
+    CHECK(Tab(u"5: 1,2 // and?").Text ==
+          "line 3: \"1,2\" is too short: left, right, top and bottom are expected");
+    CHECK(Tab(u"5:").Text == "line 3: \"\" is too short: left, right, top and bottom are expected");
+    CHECK(Tab(u"5: 0,2147483647,0,0").Text == "line 3: \"0,2147483647,0,0\" is too large a rectangle");
+}
+
+TEST_CASE("lines are counted as editors count them") {
+    CHECK(ParsedSkin(u"\n\r\n\rstart\n[TAB]\nx:").Text.starts_with("line 6: \"x\""));
 }
