@@ -25,6 +25,17 @@ void VisitField(Property property, Visitor visit) {
         InfoOf(property).Field);
 }
 
+// What is done with a value that was read: its error is the reader's affair, too, who may keep a log by property.
+template <class Use>
+void With(PropertyReader& bag, Property property, Use use) {
+    try {
+        use();
+    } catch (const RunTimeError& error) {
+        bag.Rejected(InfoOf(property), error);
+        throw;
+    }
+}
+
 } // namespace
 
 // Host code runs between the steps of a first placement and of a load: the count and the list agree all the while.
@@ -63,10 +74,11 @@ void VantikFrameTab::UserControl_ReadProperties(PropertyReader& bag) {
         MakeTabs(std::max<std::int16_t>(tabs, 0));
         throw;
     }
-    MakeTabs(tabs);
+    With(bag, Property::TabCount, [&] { MakeTabs(tabs); });
     wasShown_ = true; // also when it fails: the error went to the loader
-    LoadSkin(host_, state_, surfaces_);
-    RepaintAll();
+    With(bag, Property::SkinFile, [&] { LoadSkin(host_, state_, surfaces_); });
+    With(bag, Property::BarWidth,
+         [&] { RepaintAll(); }); // on which, more than on any other, the layout depends
     InstallHookAtRunTime();
 }
 

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/RunTimeError.h"
 #include "model/Properties.h"
 #include "platform/ComPtr.h"
 
@@ -18,6 +19,9 @@ public:
     virtual void Read(const PropertyInfo& info, std::u16string& value) = 0;
     virtual void Read(const PropertyInfo& info, ComPtr<IPictureDisp>& value) = 0;
     virtual void Read(const PropertyInfo& info, ComPtr<IFontDisp>& value) = 0;
+
+    // A value that could be read turns out to be of no use. The error goes to the loader all the same.
+    virtual void Rejected(const PropertyInfo& /*info*/, const RunTimeError& /*error*/) noexcept {}
 };
 
 // The default comes along because a property bag omits a value that equals it.

@@ -11,14 +11,10 @@ Automation::Automation(Control& control) noexcept : Face(control.Controlling), c
 
 template <class Operation>
 HRESULT Automation::Ask(Operation operation) const noexcept {
-    const ComPtr<IUnknown> alive(&control_.Controlling);
-    try {
+    return GuardAndTell([&] {
         control_.Document.Need();
         operation(control_.Engine);
-        return S_OK;
-    } catch (...) {
-        return ReportCurrentException();
-    }
+    });
 }
 
 template <class Operation>

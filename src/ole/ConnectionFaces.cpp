@@ -1,5 +1,7 @@
 #include "ole/ConnectionFaces.h"
 
+#include <algorithm>
+
 #include "ole/Control.h"
 #include "ole/Enumerator.h"
 #include "ole/Identifiers.h"
@@ -50,7 +52,9 @@ STDMETHODIMP ClassInfoFace::GetGUID(DWORD kind, GUID* guid) noexcept {
 }
 
 STDMETHODIMP ErrorSupportFace::InterfaceSupportsErrorInfo(REFIID iid) noexcept {
-    return iid == IID__VantikFrameTab ? S_OK : S_FALSE;
+    const IID* const telling[] = {&IID__VantikFrameTab, &IID_IPersistPropertyBag, &IID_IPersistStreamInit,
+                                  &IID_IPersistStorage, &IID_IOleObject,          &IID_IOleInPlaceObject};
+    return std::ranges::any_of(telling, [&](const IID* one) { return *one == iid; }) ? S_OK : S_FALSE;
 }
 
 } // namespace vantik

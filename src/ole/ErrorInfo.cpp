@@ -1,6 +1,9 @@
 #include "ole/ErrorInfo.h"
 
+#include <iterator>
 #include <new>
+#include <string_view>
+#include <utility>
 
 #include "ole/Identifiers.h"
 
@@ -13,7 +16,7 @@ constexpr HRESULT RunTimeErrorBase = static_cast<HRESULT>(0x800A0000u);
 
 constexpr bool IsRunTimeError(HRESULT result) { return (result & ~0xFFFF) == RunTimeErrorBase; }
 
-RunTimeErrorNumber NumberOf(HRESULT result) {
+RunTimeErrorNumber NumberOf(HRESULT result) noexcept {
     if (IsRunTimeError(result)) return static_cast<RunTimeErrorNumber>(result & 0x7FFF);
     switch (result) {
     case E_OUTOFMEMORY: return RunTimeErrorNumber::OutOfMemory;
@@ -25,34 +28,75 @@ RunTimeErrorNumber NumberOf(HRESULT result) {
     }
 }
 
-HRESULT ResultOf(RunTimeErrorNumber number) { return RunTimeErrorBase + static_cast<HRESULT>(number); }
+HRESULT ResultOf(RunTimeErrorNumber number) noexcept {
+    return RunTimeErrorBase + static_cast<HRESULT>(number);
+}
+
+// "0x" and eight digits.
+std::u16string HexadecimalText(HRESULT result) {
+    std::u16string text = u"0x";
+    for (int shift = 28; shift >= 0; shift -= 4)
+        text.push_back(u"0123456789ABCDEF"[(static_cast<ULONG>(result) >> shift) & 0xF]);
+    return text;
+}
+
+// What the system says of a result, in one line without a full stop.
+std::u16string SystemText(HRESULT result) noexcept try {
+    char16_t text[512] = {};
+    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
+                   nullptr, static_cast<DWORD>(result), 0, AsWide(text), static_cast<DWORD>(std::size(text)),
+                   nullptr);
+    const std::u16string_view line = text;
+    const std::size_t last = line.find_last_not_of(u" .\r\n");
+    if (last == std::u16string_view::npos) return u"Error " + HexadecimalText(result);
+    return std::u16string(line.substr(0, last + 1));
+} catch (const std::bad_alloc&) {
+    return {};
+}
+
+// A result that a run-time error stands for has that error's text.
+std::u16string TextFor(HRESULT result) noexcept {
+    return NumberOf(result) == RunTimeErrorNumber::InternalError ? SystemText(result) : std::u16string();
+}
 
 // Best effort: the HRESULT tells the caller even where this fails.
-void LeaveErrorInfo(const char16_t* description) noexcept {
+void LeaveErrorInfo(REFIID iid, const char16_t* description) noexcept {
+    SetErrorInfo(0, nullptr);
     ComPtr<ICreateErrorInfo> creator;
     if (FAILED(CreateErrorInfo(creator.Put()))) return;
-    creator->SetGUID(IID__VantikFrameTab);
+    creator->SetGUID(iid);
     creator->SetSource(const_cast<wchar_t*>(ProgId)); // NOLINT: the platform copies it
     creator->SetDescription(const_cast<wchar_t*>(AsWide(description)));
     if (const auto info = creator.As<IErrorInfo>()) SetErrorInfo(0, info.Get());
 }
 
-HRESULT Report(RunTimeErrorNumber number) noexcept {
-    LeaveErrorInfo(DescriptionOf(number));
-    return ResultOf(number);
-}
-
-HRESULT Report(const HostError& error) noexcept {
-    LeaveErrorInfo(error.Text().empty() ? error.Description() : error.Text().c_str());
-    return error.Result();
+// Calls `use` with the result and the description of the exception under way.
+template <class Use>
+HRESULT WithCurrentException(Use use) noexcept {
+    try {
+        throw;
+    } catch (const RunTimeError& error) {
+        return use(ResultOf(error), error.Description());
+    } catch (const std::bad_alloc&) {
+        constexpr auto number = RunTimeErrorNumber::OutOfMemory;
+        return use(ResultOf(number), DescriptionOf(number));
+    } catch (...) {
+        constexpr auto number = RunTimeErrorNumber::InternalError;
+        return use(ResultOf(number), DescriptionOf(number));
+    }
 }
 
 } // namespace
 
-HostError::HostError(HRESULT result, std::u16string description)
-    : RunTimeError(NumberOf(result)), result_(result), text_(std::move(description)) {}
+HostError::HostError(HRESULT result, std::u16string text) noexcept
+    : RunTimeError(NumberOf(result), text.empty() ? TextFor(result) : std::move(text)), result_(result) {}
 
 void RaiseHostError(HRESULT result) { throw HostError(result); }
+
+HRESULT ResultOf(const RunTimeError& error) noexcept {
+    const auto* fromHost = dynamic_cast<const HostError*>(&error);
+    return fromHost ? fromHost->Result() : ResultOf(error.Number());
+}
 
 HostError ErrorFrom(HRESULT result, EXCEPINFO& exception) {
     if (exception.pfnDeferredFillIn) exception.pfnDeferredFillIn(&exception);
@@ -69,31 +113,14 @@ HostError ErrorFrom(HRESULT result, EXCEPINFO& exception) {
 }
 
 HRESULT ResultOfCurrentException() noexcept {
-    try {
-        throw;
-    } catch (const HostError& error) {
-        return error.Result();
-    } catch (const RunTimeError& error) {
-        return ResultOf(error.Number());
-    } catch (const std::bad_alloc&) {
-        return ResultOf(RunTimeErrorNumber::OutOfMemory);
-    } catch (...) {
-        return ResultOf(RunTimeErrorNumber::InternalError);
-    }
+    return WithCurrentException([](HRESULT result, const char16_t*) { return result; });
 }
 
-HRESULT ReportCurrentException() noexcept {
-    try {
-        throw;
-    } catch (const HostError& error) {
-        return Report(error);
-    } catch (const RunTimeError& error) {
-        return Report(error.Number());
-    } catch (const std::bad_alloc&) {
-        return Report(RunTimeErrorNumber::OutOfMemory);
-    } catch (...) {
-        return Report(RunTimeErrorNumber::InternalError);
-    }
+HRESULT ReportCurrentException(REFIID iid) noexcept {
+    return WithCurrentException([&](HRESULT result, const char16_t* description) {
+        LeaveErrorInfo(iid, description);
+        return result;
+    });
 }
 
 } // namespace vantik

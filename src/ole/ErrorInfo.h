@@ -12,15 +12,17 @@ namespace vantik {
 // the caller as it came.
 class HostError : public RunTimeError {
 public:
-    explicit HostError(HRESULT result, std::u16string description = {});
+    // Without a text of its own it has the system's for the result.
+    explicit HostError(HRESULT result, std::u16string text = {}) noexcept;
 
     HRESULT Result() const noexcept { return result_; }
-    const std::u16string& Text() const noexcept { return text_; }
 
 private:
     HRESULT result_;
-    std::u16string text_;
 };
+
+// What a caller gets for it.
+HRESULT ResultOf(const RunTimeError& error) noexcept;
 
 [[noreturn]] void RaiseHostError(HRESULT result);
 inline void Check(HRESULT result) {
@@ -39,7 +41,14 @@ Value& Required(Value* pointer) {
 
 // For use in a handler only.
 HRESULT ResultOfCurrentException() noexcept;
-HRESULT ReportCurrentException() noexcept; // leaves an IErrorInfo for the caller, too
+HRESULT ReportCurrentException(
+    REFIID iid) noexcept; // leaves an IErrorInfo for the caller of the interface, too
+
+// For a failure that leaves none: what an earlier one left would be taken for its own.
+inline HRESULT WithoutErrorInfo(HRESULT result) noexcept {
+    if (FAILED(result)) SetErrorInfo(0, nullptr);
+    return result;
+}
 
 template <class Body>
 HRESULT Run(Body& body) {
@@ -61,7 +70,17 @@ HRESULT Guarded(Body body) noexcept {
     }
 }
 
-// The same for a method that may run code of the host: the object outlives the call, whatever the host releases.
+// The same for an interface whose callers may ask for the text of an error.
+template <class Body>
+HRESULT Reported(REFIID iid, Body body) noexcept {
+    try {
+        return WithoutErrorInfo(Run(body));
+    } catch (...) {
+        return ReportCurrentException(iid);
+    }
+}
+
+// For a method that may run code of the host: the object outlives the call, whatever the host releases.
 template <class Body>
 HRESULT Guarded(IUnknown& object, Body body) noexcept {
     const ComPtr<IUnknown> alive(&object);

@@ -1,6 +1,8 @@
 // A face is one group of interfaces of the control. All faces share the identity of the controlling object.
 #pragma once
 
+#include <tuple>
+
 #include "ole/ErrorInfo.h"
 #include "platform/ComPtr.h"
 
@@ -26,6 +28,14 @@ protected:
     template <class Body>
     HRESULT Guard(Body body) const noexcept {
         return Guarded(controlling_, body);
+    }
+
+    // The same in the face's first interface, where that is one of those whose callers may ask for an error's text.
+    template <class Body>
+    HRESULT GuardAndTell(Body body) const noexcept {
+        using First = std::tuple_element_t<0, std::tuple<Interfaces...>>;
+        const ComPtr<IUnknown> alive(&controlling_);
+        return Reported(__uuidof(First), body);
     }
 
 private:

@@ -22,15 +22,15 @@ STDMETHODIMP InPlaceObjectFace::GetWindow(HWND* window) noexcept { return Window
 STDMETHODIMP InPlaceObjectFace::ContextSensitiveHelp(BOOL) noexcept { return S_OK; }
 
 STDMETHODIMP InPlaceObjectFace::InPlaceDeactivate() noexcept {
-    return Guard([&] { control_.Activation.InPlaceDeactivate(); });
+    return GuardAndTell([&] { control_.Activation.InPlaceDeactivate(); });
 }
 
 STDMETHODIMP InPlaceObjectFace::UIDeactivate() noexcept {
-    return Guard([&] { control_.Activation.UIDeactivate(); });
+    return GuardAndTell([&] { control_.Activation.UIDeactivate(); });
 }
 
 STDMETHODIMP InPlaceObjectFace::SetObjectRects(LPCRECT position, LPCRECT clip) noexcept {
-    return Guard([&] { control_.Activation.SetRects(Required(position), clip); });
+    return GuardAndTell([&] { control_.Activation.SetRects(Required(position), clip); });
 }
 
 STDMETHODIMP InPlaceObjectFace::ReactivateAndUndo() noexcept { return INPLACE_E_NOTUNDOABLE; }

@@ -34,7 +34,7 @@ OLEVERB PropertiesVerb() noexcept {
 OleObjectFace::OleObjectFace(Control& control) noexcept : Face(control.Controlling), control_(control) {}
 
 STDMETHODIMP OleObjectFace::SetClientSite(IOleClientSite* site) noexcept {
-    return Guard([&] { control_.SetSite(site); });
+    return GuardAndTell([&] { control_.SetSite(site); });
 }
 
 STDMETHODIMP OleObjectFace::GetClientSite(IOleClientSite** site) noexcept {
@@ -47,7 +47,7 @@ STDMETHODIMP OleObjectFace::SetHostNames(LPCOLESTR, LPCOLESTR) noexcept { return
 
 // A host that wants changes saved is asked to do it while the control is still whole.
 STDMETHODIMP OleObjectFace::Close(DWORD saveOption) noexcept {
-    return Guard([&] {
+    return GuardAndTell([&] {
         const ComPtr<IOleClientSite> site(control_.Site.Get());
         if (saveOption != OLECLOSE_NOSAVE && site && control_.Document.IsDirty()) site->SaveObject();
         control_.Activation.InPlaceDeactivate();
@@ -69,7 +69,7 @@ STDMETHODIMP OleObjectFace::GetClipboardData(DWORD, IDataObject** data) noexcept
 
 STDMETHODIMP OleObjectFace::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND parent,
                                    LPCRECT position) noexcept {
-    return Guard([&] { return Perform(verb, parent, position); });
+    return GuardAndTell([&] { return Perform(verb, parent, position); });
 }
 
 HRESULT OleObjectFace::Perform(LONG verb, HWND parent, LPCRECT position) {
@@ -97,7 +97,7 @@ HRESULT OleObjectFace::Hide() {
 }
 
 STDMETHODIMP OleObjectFace::EnumVerbs(IEnumOLEVERB** verbs) noexcept {
-    return Guard([&] { return Enumerator<VerbTraits>::Create({PropertiesVerb()}, verbs); });
+    return GuardAndTell([&] { return Enumerator<VerbTraits>::Create({PropertiesVerb()}, verbs); });
 }
 
 STDMETHODIMP OleObjectFace::Update() noexcept { return S_OK; }
@@ -110,7 +110,7 @@ STDMETHODIMP OleObjectFace::GetUserClassID(CLSID* classId) noexcept {
 }
 
 STDMETHODIMP OleObjectFace::GetUserType(DWORD form, LPOLESTR* type) noexcept {
-    return Guard([&] {
+    return GuardAndTell([&] {
         Required(type) = nullptr;
         *type = TaskCopy(form == USERCLASSTYPE_SHORT ? L"VantikFrameTab" : ControlTitle).release();
     });
@@ -120,7 +120,7 @@ STDMETHODIMP OleObjectFace::SetExtent(DWORD aspect, SIZEL* size) noexcept {
     if (!size) return E_POINTER;
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (size->cx < 0 || size->cy < 0) return E_INVALIDARG;
-    return Guard([&] {
+    return GuardAndTell([&] {
         if (control_.Activation.Window())
             control_.Activation.AskForSize(control_.Size.Screen().ToPixels(*size));
         else if (control_.Size.HiMetric(*size))
@@ -136,7 +136,7 @@ STDMETHODIMP OleObjectFace::GetExtent(DWORD aspect, SIZEL* size) noexcept {
 }
 
 STDMETHODIMP OleObjectFace::Advise(IAdviseSink* sink, DWORD* connection) noexcept {
-    return Guard([&] { return control_.Advise.Object().Advise(sink, connection); });
+    return GuardAndTell([&] { return control_.Advise.Object().Advise(sink, connection); });
 }
 
 STDMETHODIMP OleObjectFace::Unadvise(DWORD connection) noexcept {
@@ -146,7 +146,7 @@ STDMETHODIMP OleObjectFace::Unadvise(DWORD connection) noexcept {
 
 STDMETHODIMP OleObjectFace::EnumAdvise(IEnumSTATDATA** advises) noexcept {
     if (!advises) return E_POINTER;
-    return Guard([&] { return control_.Advise.Object().EnumAdvise(advises); });
+    return GuardAndTell([&] { return control_.Advise.Object().EnumAdvise(advises); });
 }
 
 STDMETHODIMP OleObjectFace::GetMiscStatus(DWORD aspect, DWORD* status) noexcept {

@@ -20,17 +20,16 @@ private:
         if (value.vt == VT_UNKNOWN) value.punkVal = nullptr;
         const HRESULT result = bag_.Read(AsWide(info.Key), &value, log_);
         if (result == E_INVALIDARG) return false;
-        if (FAILED(result)) Failed(info, result);
         Check(result);
         return true;
     }
 
-    void Failed(const PropertyInfo& info, HRESULT result) noexcept override {
+    void Rejected(const PropertyInfo& info, const RunTimeError& error) noexcept override {
         if (!log_) return;
         EXCEPINFO exception = {};
         exception.bstrSource = SysAllocString(ProgId);
-        exception.bstrDescription = SysAllocString(L"The saved value cannot be read");
-        exception.scode = result;
+        exception.bstrDescription = SysAllocString(AsWide(error.Description()));
+        exception.scode = ResultOf(error);
         log_->AddError(AsWide(info.Key), &exception);
         SysFreeString(exception.bstrSource);
         SysFreeString(exception.bstrDescription);
@@ -63,18 +62,18 @@ STDMETHODIMP PropertyBagFace::GetClassID(CLSID* classId) noexcept {
 }
 
 STDMETHODIMP PropertyBagFace::InitNew() noexcept {
-    return Guard([&] { control_.Document.InitNew(); });
+    return GuardAndTell([&] { control_.Document.InitNew(); });
 }
 
 STDMETHODIMP PropertyBagFace::Load(IPropertyBag* bag, IErrorLog* log) noexcept {
-    return Guard([&] {
+    return GuardAndTell([&] {
         BagReader reader(Required(bag), log);
         control_.Document.Load(reader);
     });
 }
 
 STDMETHODIMP PropertyBagFace::Save(IPropertyBag* bag, BOOL clearDirty, BOOL saveAll) noexcept {
-    return Guard([&] {
+    return GuardAndTell([&] {
         BagWriter writer(Required(bag), saveAll);
         control_.Document.Save(writer, clearDirty);
     });

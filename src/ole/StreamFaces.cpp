@@ -36,15 +36,15 @@ STDMETHODIMP StreamInitFace::GetClassID(CLSID* classId) noexcept { return OwnCla
 STDMETHODIMP StreamInitFace::IsDirty() noexcept { return control_.Document.IsDirty() ? S_OK : S_FALSE; }
 
 STDMETHODIMP StreamInitFace::Load(IStream* stream) noexcept {
-    return Guard([&] { LoadFrom(control_, Required(stream)); });
+    return GuardAndTell([&] { LoadFrom(control_, Required(stream)); });
 }
 
 STDMETHODIMP StreamInitFace::Save(IStream* stream, BOOL clearDirty) noexcept {
-    return Guard([&] { SaveTo(control_, Required(stream), clearDirty); });
+    return GuardAndTell([&] { SaveTo(control_, Required(stream), clearDirty); });
 }
 
 STDMETHODIMP StreamInitFace::GetSizeMax(ULARGE_INTEGER* size) noexcept {
-    return Guard([&] {
+    return GuardAndTell([&] {
         StreamWriter writer;
         control_.Document.Save(writer, false);
         Required(size).QuadPart = writer.Size();
@@ -52,7 +52,7 @@ STDMETHODIMP StreamInitFace::GetSizeMax(ULARGE_INTEGER* size) noexcept {
 }
 
 STDMETHODIMP StreamInitFace::InitNew() noexcept {
-    return Guard([&] { control_.Document.InitNew(); });
+    return GuardAndTell([&] { control_.Document.InitNew(); });
 }
 
 StorageFace::StorageFace(Control& control) noexcept : Face(control.Controlling), control_(control) {}
@@ -62,14 +62,14 @@ STDMETHODIMP StorageFace::IsDirty() noexcept { return control_.Document.IsDirty(
 
 // The storage is used during the calls that bring one only, so that there is none to keep the hands off.
 STDMETHODIMP StorageFace::InitNew(IStorage* storage) noexcept {
-    return Guard([&] {
+    return GuardAndTell([&] {
         Required(storage);
         control_.Document.InitNew();
     });
 }
 
 STDMETHODIMP StorageFace::Load(IStorage* storage) noexcept {
-    return Guard([&] {
+    return GuardAndTell([&] {
         ComPtr<IStream> stream;
         Check(Required(storage).OpenStream(StreamName, nullptr, STGM_READ | STGM_SHARE_EXCLUSIVE, 0,
                                            stream.Put()));
@@ -79,7 +79,7 @@ STDMETHODIMP StorageFace::Load(IStorage* storage) noexcept {
 
 // A storage that is not the one of the control's may be a mere copy: whether it is, the host says on completion.
 STDMETHODIMP StorageFace::Save(IStorage* storage, BOOL sameAsLoad) noexcept {
-    return Guard([&] {
+    return GuardAndTell([&] {
         ComPtr<IStream> stream;
         Check(Required(storage).CreateStream(StreamName, STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE, 0,
                                              0, stream.Put()));
@@ -89,7 +89,7 @@ STDMETHODIMP StorageFace::Save(IStorage* storage, BOOL sameAsLoad) noexcept {
 }
 
 STDMETHODIMP StorageFace::SaveCompleted(IStorage* storage) noexcept {
-    return Guard([&] {
+    return GuardAndTell([&] {
         if (!std::exchange(saved_, false)) return;
         if (storage) control_.Document.MarkClean();
         control_.Advise.Saved();

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <span>
 
+#include "base/ErrorText.h"
 #include "ole/ErrorInfo.h"
 #include "ole/Fonts.h"
 
@@ -25,7 +26,10 @@ struct Header {
 };
 static_assert(sizeof(Header) == 12);
 
-[[noreturn]] void RaiseBadStream() { RaiseHostError(STG_E_DOCFILECORRUPT); }
+[[noreturn]] void RaiseBadStream() {
+    throw HostError(STG_E_DOCFILECORRUPT,
+                    ErrorText(u"The saved data are damaged, or none of this control's"));
+}
 
 template <class Number>
 void Append(Bytes& bytes, Number number) {

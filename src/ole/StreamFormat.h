@@ -27,7 +27,6 @@ private:
     };
 
     bool Fetch(const PropertyInfo& info, Variant& value) override;
-    void Failed(const PropertyInfo&, HRESULT) noexcept override {}
 
     std::map<std::u16string, Value, std::less<>> values_;
 };

@@ -1,5 +1,6 @@
 #include "ole/VariantBag.h"
 
+#include "base/ErrorText.h"
 #include "ole/ErrorInfo.h"
 #include "ole/Fonts.h"
 
@@ -37,10 +38,18 @@ VARTYPE VariantTypeOf(PropertyType type) noexcept {
 }
 
 bool VariantReader::FetchAs(const PropertyInfo& info, Variant& value) {
+    try {
+        return FetchConverted(info, value);
+    } catch (RunTimeError& error) {
+        error.Explain(ErrorText(u"The saved ", info.Key, u" cannot be read: ", error.Description()));
+        Rejected(info, error);
+        throw;
+    }
+}
+
+bool VariantReader::FetchConverted(const PropertyInfo& info, Variant& value) {
     if (!Fetch(info, value) || value.vt == VT_EMPTY) return false;
-    const HRESULT converted = value.ChangeType(ReadTypeOf(info.Type, value));
-    if (FAILED(converted)) Failed(info, converted);
-    Check(converted);
+    Check(value.ChangeType(ReadTypeOf(info.Type, value)));
     return true;
 }
 

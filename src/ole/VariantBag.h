@@ -20,9 +20,9 @@ public:
 private:
     // Whether there is a value for the key, which is put into the variant in any type.
     virtual bool Fetch(const PropertyInfo& info, Variant& value) = 0;
-    virtual void Failed(const PropertyInfo& info, HRESULT result) noexcept = 0;
 
     bool FetchAs(const PropertyInfo& info, Variant& value);
+    bool FetchConverted(const PropertyInfo& info, Variant& value);
     template <class Interface>
     void ReadObject(const PropertyInfo& info, ComPtr<Interface>& value);
 };

@@ -10,13 +10,13 @@ namespace {
 
 constexpr const wchar_t* Places[] = {L"VantikFrameTab.ocx", L"src\\ole\\VantikFrameTab.ocx"};
 
-std::filesystem::path ProgramFolder() {
+} // namespace
+
+std::wstring ProgramFolder() {
     wchar_t path[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return std::filesystem::path(path).parent_path();
+    return std::filesystem::path(path).parent_path().wstring();
 }
-
-} // namespace
 
 std::wstring FindBuiltControl() {
     const std::filesystem::path start = ProgramFolder();

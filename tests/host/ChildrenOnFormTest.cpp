@@ -150,6 +150,7 @@ TEST_CASE("A child without the needed property raises 438 to whoever switched th
         FAIL("no error came");
     } catch (const AutomationError& error) {
         CHECK(error.Number() == 438);
+        CHECK(error.Description() == L"Child \"shape\": there is no property \"Left\"");
     }
     CHECK(test.Number(L"ActiveTab") == 0);
 }

@@ -64,11 +64,7 @@ public:
     }
     STDMETHODIMP Fail(short* number) noexcept override {
         ++*number;
-        try {
-            Raise(RunTimeErrorNumber::Overflow);
-        } catch (...) {
-            return ReportCurrentException();
-        }
+        return Reported(__uuidof(IArguments), [] { Raise(RunTimeErrorNumber::Overflow); });
     }
 
     VARIANT_BOOL SeenFlag = 77;

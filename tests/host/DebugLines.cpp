@@ -1,0 +1,53 @@
+#include "host/DebugLines.h"
+
+#include <string_view>
+#include <utility>
+
+#include "host/HostError.h"
+
+namespace vantik {
+
+namespace {
+
+// A text for the debugger is an exception with its length, the end included, and its address.
+constexpr DWORD AnsiText = 0x40010006, WideText = 0x4001000A;
+
+constexpr std::wstring_view Prefix = L"VantikFrameTab: ";
+
+std::vector<std::string>* Lines = nullptr;
+
+std::wstring FromAnsi(const char* text) {
+    const int length = MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(length), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, text, -1, wide.data(), length);
+    wide.resize(wide.size() - 1);
+    return wide;
+}
+
+LONG CALLBACK Hear(EXCEPTION_POINTERS* exception) {
+    const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
+    const bool isWide = record.ExceptionCode == WideText;
+    if (!Lines || (!isWide && record.ExceptionCode != AnsiText)) return EXCEPTION_CONTINUE_SEARCH;
+    const ULONG_PTR text = record.ExceptionInformation[1];
+    std::wstring line = isWide ? std::wstring(reinterpret_cast<const wchar_t*>(text))
+                               : FromAnsi(reinterpret_cast<const char*>(text));
+    if (!line.starts_with(Prefix)) return EXCEPTION_CONTINUE_SEARCH;
+    if (line.ends_with(L'\n')) line.pop_back();
+    Lines->push_back(ToUtf8(line.substr(Prefix.size())));
+    return EXCEPTION_CONTINUE_EXECUTION; // heard
+}
+
+} // namespace
+
+DebugLines::DebugLines() : handler_(AddVectoredExceptionHandler(TRUE, Hear)) {
+    delete std::exchange(Lines, new std::vector<std::string>);
+}
+
+DebugLines::~DebugLines() {
+    RemoveVectoredExceptionHandler(handler_);
+    delete std::exchange(Lines, nullptr);
+}
+
+std::vector<std::string> DebugLines::Take() { return std::exchange(*Lines, {}); }
+
+} // namespace vantik
