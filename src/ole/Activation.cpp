@@ -9,11 +9,6 @@ namespace {
 
 SIZE SizeOf(const RECT& area) noexcept { return {area.right - area.left, area.bottom - area.top}; }
 
-bool HoldsFocus(HWND window) noexcept {
-    const HWND focus = GetFocus();
-    return focus == window || IsChild(window, focus);
-}
-
 } // namespace
 
 Activation::Activation(Control& control) noexcept
@@ -67,17 +62,34 @@ HRESULT Activation::MakeWindow() {
     return S_OK;
 }
 
-HRESULT Activation::UIActivate() {
+HRESULT Activation::UIActivate(FocusOn wanted) {
     const HRESULT activated = InPlaceActivate();
-    if (activated != S_OK || uiActive_) return activated;
+    if (activated != S_OK || (uiActive_ && GetFocus() == Window())) return activated;
+    const HRESULT agreed = uiActive_ ? S_OK : EnterUI();
+    if (agreed != S_OK) return agreed;
+    TakeFocus(wanted);
+    if (uiActive_) AnnounceActiveObject(true);
+    return uiActive_ ? S_OK : E_FAIL;
+}
+
+HRESULT Activation::EnterUI() {
     uiActive_ = true;
     const auto site = site_;
     const HRESULT agreed = site->OnUIActivate();
-    if (FAILED(agreed)) uiActive_ = false;
-    if (FAILED(agreed)) return agreed;
-    if (uiActive_ && Window() && !HoldsFocus(Window())) SetFocus(Window());
-    if (uiActive_) AnnounceActiveObject(true);
-    return uiActive_ ? S_OK : E_FAIL;
+    if (SUCCEEDED(agreed)) return uiActive_ ? S_OK : E_FAIL;
+    uiActive_ = false;
+    return agreed;
+}
+
+void Activation::TakeFocus(FocusOn wanted) noexcept {
+    const HWND window = Window(), focus = GetFocus();
+    const bool mayStay = wanted == FocusOn::ControlOrChild && IsChild(window, focus);
+    if (window && window != focus && !mayStay) SetFocus(window);
+}
+
+// Even where the host wants no UI activation, a window on the control gives the focus up: the press may hide it.
+void Activation::Pressed() {
+    if (UIActivate() != S_OK && IsChild(Window(), GetFocus())) SetFocus(Window());
 }
 
 void Activation::AnnounceActiveObject(bool active) noexcept {
@@ -155,7 +167,7 @@ POINT Activation::Position() const noexcept {
 }
 
 void Activation::FocusChanged(bool gained) {
-    if (gained) UIActivate();
+    if (gained && !uiActive_) UIActivate(FocusOn::ControlOrChild);
     if (const auto site = control_.Site.As<IOleControlSite>()) site->OnFocus(gained);
 }
 

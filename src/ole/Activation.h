@@ -9,12 +9,18 @@ namespace vantik {
 
 class Control;
 
+// Who is to have the focus afterwards.
+enum class FocusOn : std::uint8_t {
+    Control,       // the user or the host wants the control itself: a window on it gives the focus up
+    ControlOrChild // the focus is here already, and may have gone on to a window on the control
+};
+
 class Activation {
 public:
     explicit Activation(Control& control) noexcept;
 
     HRESULT InPlaceActivate();
-    HRESULT UIActivate();
+    HRESULT UIActivate(FocusOn wanted = FocusOn::Control);
     void UIDeactivate() noexcept;
     void InPlaceDeactivate() noexcept;
 
@@ -30,6 +36,7 @@ public:
     ComPtr<IOleInPlaceFrame> Frame() const noexcept { return frame_; }
 
     // From the window.
+    void Pressed();
     void FocusChanged(bool gained);
     bool KeyDown(WPARAM key) noexcept { return messages_.KeyDown(key); }
 
@@ -37,6 +44,8 @@ private:
     bool IsHere() const noexcept { return active_ && Window(); }
     HRESULT EnterSite();
     HRESULT MakeWindow();
+    HRESULT EnterUI();
+    void TakeFocus(FocusOn wanted) noexcept;
     void LeaveSite() noexcept;
     void AnnounceActiveObject(bool active) noexcept;
     void ClipTo(const RECT& clip) noexcept;

@@ -91,7 +91,7 @@ void PointerInput::HoverLost() {
 
 void PointerInput::Down(const Message& message, std::int16_t button) {
     if (!TakesInput(control_)) return;
-    control_.Activation.UIActivate();
+    control_.Activation.Pressed();
     if (!control_.Activation.Window()) return;
     Capture(message.Window);
     pressed_ = true;

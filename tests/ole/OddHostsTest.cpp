@@ -1,6 +1,8 @@
 // Hosts that do less, or something else, than they should: none of it may bring the control down or lose its state.
 #include <doctest/doctest.h>
 
+#include <algorithm>
+
 #include "ole/LooseControl.h"
 #include "ole/OddSite.h"
 
@@ -97,6 +99,69 @@ TEST_CASE("A site that wants no focus keeps the control active in place") {
     PlacedControl control({.UIActivate = E_FAIL});
     CHECK(control.Do(OLEIVERB_UIACTIVATE) == E_FAIL);
     CHECK(control.Window());
+}
+
+namespace {
+
+// The two places where a form may have put the focus.
+HWND MakeField(HWND parent) {
+    return CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 20, 60, 50, 20, parent, nullptr, nullptr,
+                           nullptr);
+}
+
+// As the system does it, to whatever window has the focus.
+void Type(wchar_t letter) { SendMessageW(GetFocus(), WM_CHAR, letter, 0); }
+
+} // namespace
+
+TEST_CASE("Wherever a host left the focus, the control takes it when it is pressed or UI-activated again") {
+    const std::function<void(PlacedControl&)> wishes[] = {
+        [](PlacedControl& c) { SendMessageW(c.Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5)); },
+        [](PlacedControl& c) { CHECK(c.Do(OLEIVERB_UIACTIVATE) == S_OK); },
+        [](PlacedControl& c) { CHECK(c.Do(OLEIVERB_PRIMARY) == S_OK); },
+    };
+    for (const auto& wish : wishes) {
+        for (const bool onControl : {true, false}) {
+            CAPTURE(onControl);
+            PlacedControl control;
+            control.Do(OLEIVERB_UIACTIVATE); // and no UIDeactivate follows
+            const HWND field = MakeField(onControl ? control.Window() : control.Site->Window);
+            SetFocus(field);
+            control.Site->Calls.clear();
+            wish(control);
+            CHECK(GetFocus() == control.Window());
+            Type(L'x');
+            CHECK(GetWindowTextLengthW(field) == 0);
+            CHECK(std::ranges::count(control.Site->Calls, "OnUIActivate") == 0); // it is active already
+        }
+    }
+}
+
+TEST_CASE("A press takes the focus from a window on the control even where the site wants no UI activation") {
+    for (const bool onControl : {true, false}) {
+        CAPTURE(onControl);
+        PlacedControl control({.UIActivate = E_FAIL});
+        control.Do(OLEIVERB_SHOW);
+        const HWND field = MakeField(onControl ? control.Window() : control.Site->Window);
+        SetFocus(field);
+        SendMessageW(control.Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+        CHECK(GetFocus() == (onControl ? control.Window() : field));
+    }
+}
+
+TEST_CASE("A host that answers the control's focus by giving it to a field keeps it there") {
+    PlacedControl control;
+    control.Do(OLEIVERB_SHOW);
+    const HWND field = MakeField(control.Window());
+    control.Site->During = [&](const std::string& call) {
+        if (call == "OnFocus") SetFocus(field);
+    };
+    SetFocus(control.Window());
+    CHECK(GetFocus() == field);
+    control.Site->Calls.clear();
+    CHECK(control.Do(OLEIVERB_UIACTIVATE) == S_OK);
+    CHECK(GetFocus() == field);
+    CHECK(control.Site->Calls == Calls{"OnFocus", "OnFocusLost"}); // asked once
 }
 
 TEST_CASE("Taking the site away without closing ends the window and keeps the state") {

@@ -91,6 +91,23 @@ TEST_CASE("A press gives the control the focus") {
     CHECK(test.Form().IsUIActive());
 }
 
+TEST_CASE("A key typed after a press on a bar never lands in a field of the page that it hid") {
+    ControlOnForm test;
+    Open(test);
+    const HWND control = test.Form().ControlWindow();
+    const HWND field = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 20, 60, 50, 20, control,
+                                       nullptr, nullptr, nullptr);
+    test.Form().Add(L"Text1", field);
+    PressButton(test.Form(), OnBar(1)); // now the control is UI-active
+    PressButton(test.Form(), OnBar(0));
+    SetFocus(field);
+    PressButton(test.Form(), OnBar(1));
+    PostMessageW(GetFocus(), WM_CHAR, L'x', 0);
+    PumpMessages(test.Form());
+    CHECK(GetFocus() == control);
+    CHECK(GetWindowTextLengthW(field) == 0);
+}
+
 TEST_CASE("A handler that takes the pointer away, as a menu does, still gets what was pressed") {
     ControlOnForm test;
     Open(test);
