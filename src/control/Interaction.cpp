@@ -51,6 +51,13 @@ void VantikFrameTab::zSubclass_Proc(Boolean /*before*/, Boolean& /*handled*/, st
         StepForward();
 }
 
+void VantikFrameTab::HookedInput::zSubclass_Proc(Boolean before, Boolean& handled, std::int32_t& result,
+                                                 std::int32_t& window, std::int32_t& message,
+                                                 std::int32_t& wParam, std::int32_t& lParam) {
+    if (!control_.host_.TakesWheel(wParam)) return;
+    control_.zSubclass_Proc(before, handled, result, window, message, wParam, lParam);
+}
+
 void VantikFrameTab::UserControl_MouseDown(std::int16_t button, std::int16_t /*shift*/, float x, float y) {
     const ButtonRects seen = NavButtonRects(state_);
     if (state_.HoverCloseTab < 0 || !state_.Properties.DelButton) {

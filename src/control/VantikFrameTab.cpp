@@ -12,8 +12,7 @@ VantikFrameTab::VantikFrameTab(UserControl& host)
       children_(host, state_),
       decorations_(host, state_, surfaces_),
       driver_(host, state_, surfaces_, decorations_),
-      merged_(driver_, state_),
-      hook_(*this) {}
+      merged_(driver_, state_) {}
 
 VantikFrameTab::~VantikFrameTab() { decorations_.Terminate(); }
 

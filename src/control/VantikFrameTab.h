@@ -21,7 +21,7 @@
 
 namespace vantik {
 
-class VantikFrameTab final : private MessageCallback {
+class VantikFrameTab final {
 public:
     // UserControl_Initialize. The host outlives the control.
     explicit VantikFrameTab(UserControl& host);
@@ -74,9 +74,9 @@ public:
 
     void About();
 
-    // The public callback of the message hook; only the wheel message does anything.
+    // The public callback of the message hook; only the wheel message does anything, and it always does.
     void zSubclass_Proc(Boolean before, Boolean& handled, std::int32_t& result, std::int32_t& window,
-                        std::int32_t& message, std::int32_t& wParam, std::int32_t& lParam) override;
+                        std::int32_t& message, std::int32_t& wParam, std::int32_t& lParam);
 
     // What the host's window passes on. Positions in twips relative to the control. These raise, too: the window
     // procedure that calls them swallows the error.
@@ -97,6 +97,18 @@ public:
     const ControlState& State() const noexcept { return state_; }
 
 private:
+    // Between the hook and the callback: passes on what the host takes for input.
+    class HookedInput final : public MessageCallback {
+    public:
+        explicit HookedInput(VantikFrameTab& control) : control_(control) {}
+        void zSubclass_Proc(Boolean before, Boolean& handled, std::int32_t& result, std::int32_t& window,
+                            std::int32_t& message, std::int32_t& wParam, std::int32_t& lParam) override;
+        ComPtr<IUnknown> KeepAlive() override { return control_.host_.KeepAlive(); }
+
+    private:
+        VantikFrameTab& control_;
+    };
+
     void AfterLet(Property property);
     void StartFromDefaults();
     void ReadFields(PropertyReader& bag, std::int16_t& tabs);
@@ -118,7 +130,6 @@ private:
     bool IsFirstShowing();
     void ShowForTheFirstTime() noexcept;
     void InstallHookAtRunTime();
-    ComPtr<IUnknown> KeepAlive() override { return host_.KeepAlive(); }
 
     UserControl& host_;
     ControlState state_;
@@ -127,7 +138,8 @@ private:
     Decorations decorations_;
     RepaintDriver driver_;
     MergedRepaint merged_;
-    MessageHook hook_;
+    HookedInput hookedInput_{*this};
+    MessageHook hook_{hookedInput_};
     bool wasShown_ = false; // or came with saved properties
     bool skinWasLoaded_ = false;
     bool wantsHook_ = false;

@@ -32,6 +32,7 @@ public:
 
     HWND Window() const noexcept { return window_.Handle(); }
     void ReleaseCapture() noexcept { messages_.ReleaseCapture(); }
+    bool TakesWheel(std::int32_t turn) { return messages_.TakesWheel(turn); }
     POINT Position() const noexcept; // pixels, in the host's window
     ComPtr<IOleInPlaceFrame> Frame() const noexcept { return frame_; }
 

@@ -23,6 +23,7 @@ HDC ControlHost::hDC() { return control_.Surface.DC(); }
 void ControlHost::Cls() { control_.Surface.Clear(); }
 HWND ControlHost::hWnd() { return control_.Activation.Window(); }
 void ControlHost::ReleaseCapture() { control_.Activation.ReleaseCapture(); }
+bool ControlHost::TakesWheel(std::int32_t turn) { return control_.Activation.TakesWheel(turn); }
 
 void ControlHost::Refresh() {
     if (const HWND window = hWnd()) {

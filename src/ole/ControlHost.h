@@ -16,6 +16,7 @@ public:
     void Refresh() override;
     HWND hWnd() override;
     void ReleaseCapture() override;
+    bool TakesWheel(std::int32_t turn) override;
 
     double Left() override;
     double Top() override;

@@ -55,6 +55,7 @@ std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
     case WM_SIZE: Sized(message.LParam); return 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS: control_.Activation.FocusChanged(message.Number == WM_SETFOCUS); return 0;
+    case WM_MOUSEWHEEL: return wheel_.HandOn(message);
     case WM_GETDLGCODE: return DLGC_WANTARROWS;
     case WM_KEYDOWN:
         if (KeyDown(message.WParam)) return 0;

@@ -3,12 +3,14 @@
 
 #include "ole/ControlWindow.h"
 #include "ole/PointerInput.h"
+#include "ole/WheelInput.h"
 
 namespace vantik {
 
 class ControlMessages final : public MessageHandler {
 public:
-    explicit ControlMessages(Control& control) noexcept : control_(control), pointer_(control) {}
+    explicit ControlMessages(Control& control) noexcept
+        : control_(control), pointer_(control), wheel_(control) {}
 
     std::optional<LRESULT> Handle(const Message& message) override;
 
@@ -16,6 +18,7 @@ public:
     bool KeyDown(WPARAM key) noexcept;
 
     void ReleaseCapture() noexcept { pointer_.ReleaseCapture(); }
+    bool TakesWheel(std::int32_t turn) { return wheel_.Takes(turn); }
 
 private:
     void Paint(HWND window);
@@ -24,6 +27,7 @@ private:
 
     Control& control_;
     PointerInput pointer_;
+    WheelInput wheel_;
 };
 
 } // namespace vantik

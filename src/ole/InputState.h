@@ -7,8 +7,20 @@
 
 namespace vantik {
 
+// Whether the user can mean the window: it and all that it stands on are visible and enabled. A message may arrive all the
+// same, for a captured pointer or from a host that passes messages on.
+inline bool IsWithinReach(HWND window) noexcept {
+    const HWND desktop = GetDesktopWindow();
+    for (; window && window != desktop; window = GetAncestor(window, GA_PARENT))
+        if ((GetWindowLongPtrW(window, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED)) != WS_VISIBLE) return false;
+    return window != nullptr;
+}
+
 // A form under design moves its controls about instead of using them.
-inline bool TakesInput(Control& control) { return control.Ambient.UserMode() && !control.Ambient.UIDead(); }
+inline bool TakesInput(Control& control) {
+    return control.Ambient.UserMode() && !control.Ambient.UIDead() &&
+           IsWithinReach(control.Activation.Window());
+}
 
 enum Shift : std::int16_t { ShiftKey = 1, CtrlKey = 2, AltKey = 4 };
 

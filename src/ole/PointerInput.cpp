@@ -54,8 +54,24 @@ bool PointerInput::Handle(const Message& message) {
         if (!message.WParam) HoverLost();
         return true;
     case WM_NCDESTROY: captured_ = false; return false;
+    case WM_KEYDOWN: // these two are others' business, but no captured pointer stays behind them
+    case WM_MOUSEWHEEL:
+        if (captured_) TakesInput();
+        return false;
     default: return false;
     }
+}
+
+// What cannot be meant any more lets the pointer go.
+bool PointerInput::TakesInput() {
+    if (vantik::TakesInput(control_)) return true;
+    LetGo();
+    return false;
+}
+
+void PointerInput::LetGo() {
+    ReleaseCapture();
+    HoverLost();
 }
 
 // The arguments of an event under way are the hover state itself: it must not change under a handler that shows a menu.
@@ -90,9 +106,9 @@ void PointerInput::HoverLost() {
 }
 
 void PointerInput::Down(const Message& message, std::int16_t button) {
-    if (!TakesInput(control_)) return;
+    if (!TakesInput()) return;
     control_.Activation.Pressed();
-    if (!control_.Activation.Window()) return;
+    if (!TakesInput()) return;
     Capture(message.Window);
     pressed_ = true;
     lost_ = false;
@@ -101,7 +117,7 @@ void PointerInput::Down(const Message& message, std::int16_t button) {
 }
 
 void PointerInput::Up(const Message& message, std::int16_t button) {
-    if (!TakesInput(control_)) return;
+    if (!TakesInput()) return;
     const auto [x, y] = PositionOf(message, control_.Size.Screen());
     Guard([&] { control_.Engine.UserControl_MouseUp(button, ShiftState(), x, y); });
     pressed_ = false;
@@ -120,7 +136,7 @@ void PointerInput::ReleaseCapture() noexcept {
 
 // Over the strip the pointer is captured, so that its leaving is noticed; elsewhere only while a button is held.
 void PointerInput::Move(const Message& message) {
-    if (!TakesInput(control_)) return;
+    if (!TakesInput()) return;
     const auto [x, y] = PositionOf(message, control_.Size.Screen());
     const std::int16_t held = HeldButtons(message.WParam);
     Guard([&] {
@@ -128,9 +144,8 @@ void PointerInput::Move(const Message& message) {
         // Off the strip the engine itself lets the pointer go: the button, if one is held, stays pressed.
         if (control_.Engine.State().HoverTab == -1) lost_ = false;
     });
-    const HWND window = control_.Activation.Window();
     const bool wanted = held ? pressed_ : control_.Engine.State().HoverTab != -1;
-    if (window && wanted && !captured_ && !GetCapture()) Capture(window);
+    if (wanted && !captured_ && !GetCapture() && TakesInput()) Capture(control_.Activation.Window());
 }
 
 } // namespace vantik

@@ -20,6 +20,8 @@ private:
     void Down(const Message& message, std::int16_t button);
     void Up(const Message& message, std::int16_t button);
     void Move(const Message& message);
+    bool TakesInput();
+    void LetGo();
     void Capture(HWND window) noexcept;
     void CaptureLost();
     void HoverLost();

@@ -52,6 +52,9 @@ public:
     // Lets the pointer go where the window has captured it.
     virtual void ReleaseCapture() {}
 
+    // Whether a turn of the wheel over the window is one for the control. The number is the message's wParam.
+    virtual bool TakesWheel(std::int32_t /*turn*/) { return true; }
+
     // Position in the container and size, in twips, and the screen's conversion factors.
     virtual double Left() = 0;
     virtual double Top() = 0;

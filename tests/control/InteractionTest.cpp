@@ -380,6 +380,28 @@ TEST_CASE("the wheel away from the user steps forward, towards the user back, wi
     CHECK(f.Log() == "TabDown 1 0; TabDown 2 0; TabDown 2 0; TabDown 1 0");
 }
 
+TEST_CASE(
+    "a wheel message counts as a whole number: without a distance it steps back, with a key held forward") {
+    DrivenControl f(3);
+    f.Control.ActiveTab(1);
+    f.Log();
+    SendMessageW(f.Host.hWnd(), WM_MOUSEWHEEL, 0, 0);
+    CHECK(f.Log() == "TabDown 0 0");
+    SendMessageW(f.Host.hWnd(), WM_MOUSEWHEEL, 1, 0);
+    CHECK(f.Log() == "TabDown 1 0");
+}
+
+TEST_CASE("the wheel that the host does not take is no step, but the callback takes every call") {
+    DrivenControl f(3);
+    f.Host.Wheel = false;
+    f.Wheel(120);
+    CHECK(f.Log() == "");
+    std::int32_t result = 0, window = 0, message = WM_MOUSEWHEEL, wParam = 120 << 16, lParam = 0;
+    Boolean handled = False;
+    f.Control.zSubclass_Proc(True, handled, result, window, message, wParam, lParam);
+    CHECK(f.Log() == "TabDown 1 0");
+}
+
 TEST_CASE("the wheel's target is capped at the last visible bar") {
     DrivenControl f(10, 320);
     f.Click(f.Buttons().Next);

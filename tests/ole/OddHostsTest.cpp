@@ -149,6 +149,21 @@ TEST_CASE("A press takes the focus from a window on the control even where the s
     }
 }
 
+TEST_CASE("A host that hides the control because it is pressed sees no switch") {
+    PlacedControl control;
+    control.Do(OLEIVERB_SHOW);
+    control.Tab->put_BarWidth(60);
+    control.Tab->put_TabCount(3);
+    control.Tab->put_ActiveTab(0);
+    control.Site->During = [&](const std::string& call) {
+        if (call == "OnUIActivate") ShowWindow(control.Site->Window, SW_HIDE);
+    };
+    SendMessageW(control.Window(), WM_MOUSEMOVE, 0, MAKELPARAM(85, 10));
+    SendMessageW(control.Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(85, 10));
+    CHECK(Get(control.Dispatch(), L"ActiveTab").Number() == 0);
+    CHECK(GetCapture() == nullptr);
+}
+
 TEST_CASE("A host that answers the control's focus by giving it to a field keeps it there") {
     PlacedControl control;
     control.Do(OLEIVERB_SHOW);

@@ -43,6 +43,7 @@ public:
     double TwipsPerPixelY() override { return PerPixelY; }
     ComPtr<IFontDisp> AmbientFont() override { return Font; }
     Boolean AmbientUserMode() override { return UserMode; }
+    bool TakesWheel(std::int32_t) override { return Wheel; }
     void PropertyChanged(Property property) override; // logged by its key
     TabEvents& Events() override { return *this; }
     std::vector<std::unique_ptr<ChildControl>> ChildControls() override;
@@ -54,6 +55,7 @@ public:
     double PerPixelX = TwipsPerPixel, PerPixelY = TwipsPerPixel;
     std::uint32_t BackColour = 0xC8C8C8; // 0xRRGGBB
     Boolean UserMode = True;
+    bool Wheel = true;
     ComPtr<IFontDisp> Font;
     std::u16string Folder = u"C:\\nowhere";
     std::vector<FakeChild> Children;
