@@ -169,6 +169,24 @@ TEST_CASE("a pointer move after a switch does not colour the bar that waits to b
     CHECK(Difference(f.Host.Read(), still.Host.Read()) == "same");
 }
 
+TEST_CASE("a button that is pressed while a full repaint waits looks so until it is let go") {
+    DrivenControl f(40);
+    const LayoutRect menu = f.Buttons().Menu;
+    const auto button = [&] {
+        f.Control.UserControl_Paint();
+        return f.Host.Read().Cut(menu.Left, menu.Top, menu.Width, menu.Height);
+    };
+    const Pixels released = button();
+    f.Host.On.TabDown = [&f](std::int16_t&, std::int16_t&) { f.Control.RepaintAll(); };
+    f.MoveTo(f.Bar(2)); // the press switches to this tab, wherever it lands
+    const auto x = static_cast<float>((menu.Left + 1) * 15), y = static_cast<float>((menu.Top + 1) * 15);
+    f.Control.UserControl_MouseDown(1, 0, x, y);
+    CHECK(f.Control.ActiveTab() == 2);
+    CHECK(Difference(button(), released) != "same");
+    f.Control.UserControl_MouseUp(1, 0, x, y);
+    CHECK(Difference(button(), released) == "same");
+}
+
 TEST_CASE("redrawing the bars of a control without tabs tells the window nothing") {
     DrivenControl f(3);
     f.Control.UserControl_Paint();
