@@ -164,7 +164,7 @@ TEST_CASE("A form that a handler hides gets no pointer captured by what it hid")
     ControlOnForm test;
     Open(test);
     test.DuringEvent = [&](EventCall&) { ShowWindow(test.Form().Window().Handle(), SW_HIDE); };
-    MovePointer(test.Form(), OnBar(1));
+    SendMessageW(test.Form().ControlWindow(), WM_MOUSEMOVE, 0, MAKELPARAM(OnBar(1).x, OnBar(1).y));
     CHECK(test.Events == Lines{L"TabMove(Index=1)"});
     CHECK(GetCapture() == nullptr);
 }

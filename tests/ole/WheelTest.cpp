@@ -72,6 +72,13 @@ TEST_CASE("A wheel message that the form returns to the window under the pointer
     CHECK(form.Events() == StepsTo({1, 2, 1}));
 }
 
+TEST_CASE("Notches that follow each other at once are steps of their own") {
+    FormWithWheel form;
+    for (int notch = 0; notch < 3; ++notch)
+        SendMessageW(form.Form().ControlWindow(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+    CHECK(form.Events() == StepsTo({1, 2, 3}));
+}
+
 TEST_CASE("A notch that comes while another one is with the form is a step of its own") {
     FormWithWheel form;
     form.Do([&](WPARAM wParam, LPARAM lParam) {
