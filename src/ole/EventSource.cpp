@@ -60,8 +60,14 @@ void EventSource::FireIndex(DISPID event, std::int16_t& index) {
 void EventSource::DownBarDown() { Fire(DispIdDownBarDown, nullptr, 0); }
 void EventSource::PreTabDown(std::int16_t& firstPos) { FireIndex(DispIdPreTabDown, firstPos); }
 void EventSource::NextTabDown(std::int16_t& firstPos) { FireIndex(DispIdNextTabDown, firstPos); }
-void EventSource::TabMove(std::int16_t& index) { FireIndex(DispIdTabMove, index); }
 void EventSource::TabClose(std::int16_t& index) { FireIndex(DispIdTabClose, index); }
+
+void EventSource::TabMove(std::int16_t& index) {
+    if (told_ && told_->Tab == index)
+        index = told_->Answer;
+    else
+        FireIndex(DispIdTabMove, index);
+}
 
 void EventSource::TabDown(std::int16_t& index, std::int16_t& button) {
     VARIANTARG arguments[] = {ByReference(button), ByReference(index)};

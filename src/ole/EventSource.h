@@ -1,6 +1,8 @@
 // Raises the control's events at the sinks that the host connected.
 #pragma once
 
+#include <optional>
+
 #include "ole/ConnectionPoint.h"
 #include "platform/UserControl.h"
 
@@ -18,6 +20,20 @@ public:
     void TabDown(std::int16_t& index, std::int16_t& button) override;
     void TabClose(std::int16_t& index) override;
 
+    // While one lives, TabMove of that tab raises nothing: the host was asked and answered so.
+    class MoveWasTold {
+    public:
+        MoveWasTold(EventSource& events, std::int16_t tab, std::int16_t answer) noexcept : events_(events) {
+            events_.told_ = {tab, answer};
+        }
+        ~MoveWasTold() { events_.told_.reset(); }
+        MoveWasTold(const MoveWasTold&) = delete;
+        MoveWasTold& operator=(const MoveWasTold&) = delete;
+
+    private:
+        EventSource& events_;
+    };
+
     // Freezing nests. An event that falls into a freeze is dropped: its answer would come too late to count.
     void Freeze(bool freeze) noexcept;
 
@@ -26,8 +42,13 @@ private:
     void Fire(DISPID event, VARIANTARG* arguments, UINT count);
     void FireIndex(DISPID event, std::int16_t& index);
 
+    struct Told {
+        std::int16_t Tab, Answer;
+    };
+
     IUnknown& controlling_;
     const ConnectionPoint& sinks_;
+    std::optional<Told> told_;
     unsigned freezes_ = 0;
 };
 

@@ -6,6 +6,7 @@
 
 #include "ole/Control.h"
 #include "ole/InputState.h"
+#include "ole/PointerPath.h"
 
 namespace vantik {
 
@@ -17,9 +18,17 @@ struct Point {
     float X, Y; // twips
 };
 
+Point ToTwips(PixelPoint pixel, const Resolution& screen) noexcept {
+    return {static_cast<float>(pixel.X * screen.WholeTwipsPerPixelX()),
+            static_cast<float>(pixel.Y * screen.WholeTwipsPerPixelY())};
+}
+
+PixelPoint PixelOf(const Message& message) noexcept {
+    return {GET_X_LPARAM(message.LParam), GET_Y_LPARAM(message.LParam)};
+}
+
 Point PositionOf(const Message& message, const Resolution& screen) noexcept {
-    return {static_cast<float>(GET_X_LPARAM(message.LParam) * screen.WholeTwipsPerPixelX()),
-            static_cast<float>(GET_Y_LPARAM(message.LParam) * screen.WholeTwipsPerPixelY())};
+    return ToTwips(PixelOf(message), screen);
 }
 
 std::int16_t HeldButtons(WPARAM keys) noexcept {
@@ -134,13 +143,34 @@ void PointerInput::ReleaseCapture() noexcept {
     if (std::exchange(captured_, false)) ::ReleaseCapture();
 }
 
+void PointerInput::Tell(const Message& message, PixelPoint pixel) {
+    const auto [x, y] = ToTwips(OnBarOrOutside(control_.Engine.State(), pixel), control_.Size.Screen());
+    control_.Engine.UserControl_MouseMove(HeldButtons(message.WParam), HeldKeys(message.WParam), x, y);
+}
+
+// A pointer that jumps onto a close button comes onto its bar first, as a slow one does: so the button that it left goes
+// out, and the host hears of the bar before the button lights up.
+void PointerInput::PassOn(const Message& message) {
+    VantikFrameTab& engine = control_.Engine;
+    const PixelPoint pixel = PixelOf(message);
+    if (!JumpsOntoCloseButton(engine.State(), pixel)) return Tell(message, pixel);
+    const std::int16_t tab = *TabAt(engine.State(), pixel);
+    const auto beside = BesideCloseButton(engine.State(), pixel);
+    if (!beside) {
+        engine.EndHover();
+        return Tell(message, pixel);
+    }
+    Tell(message, *beside);
+    const EventSource::MoveWasTold told(control_.Events, tab, engine.State().HoverTab);
+    Tell(message, pixel);
+}
+
 // Over the strip the pointer is captured, so that its leaving is noticed; elsewhere only while a button is held.
 void PointerInput::Move(const Message& message) {
     if (!TakesInput()) return;
-    const auto [x, y] = PositionOf(message, control_.Size.Screen());
     const std::int16_t held = HeldButtons(message.WParam);
     Guard([&] {
-        control_.Engine.UserControl_MouseMove(held, HeldKeys(message.WParam), x, y);
+        PassOn(message);
         // Off the strip the engine itself lets the pointer go: the button, if one is held, stays pressed.
         if (control_.Engine.State().HoverTab == -1) lost_ = false;
     });

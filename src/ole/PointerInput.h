@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ole/ControlWindow.h"
+#include "render/DecorationGeometry.h"
 
 namespace vantik {
 
@@ -20,6 +21,8 @@ private:
     void Down(const Message& message, std::int16_t button);
     void Up(const Message& message, std::int16_t button);
     void Move(const Message& message);
+    void PassOn(const Message& message);
+    void Tell(const Message& message, PixelPoint pixel);
     bool TakesInput();
     void LetGo();
     void Capture(HWND window) noexcept;
