@@ -44,6 +44,8 @@ public:
     }
     const char* what() const noexcept override { return "run-time error"; }
 
+    bool IsExplained() const noexcept { return !text_.empty(); }
+
     // For those who know more than whoever raised it. An empty text - there was no memory for it - changes nothing.
     void Explain(std::u16string text) noexcept {
         if (!text.empty()) text_ = std::move(text);

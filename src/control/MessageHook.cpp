@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/DebugLine.h"
 #include "platform/Module.h"
 
 namespace vantik {
@@ -27,7 +28,7 @@ public:
         try {
             callback_.zSubclass_Proc(before, handled_, result_, window_, message_, wParam_, lParam_);
         } catch (...) {
-            // The operation ended; the message goes on as if it had done nothing more.
+            TellDebugger(u"in its message hook"); // the message goes on as if it had done nothing more
         }
     }
 

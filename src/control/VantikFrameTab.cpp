@@ -80,8 +80,9 @@ void VantikFrameTab::UserControl_Paint() noexcept {
     try {
         if (IsFirstShowing()) RepaintAll();
         merged_.CarryOut();
+        painting_.Succeeded();
     } catch (...) {
-        // Nobody can be told from inside a paint message; the surface shows what was painted so far.
+        painting_.Failed(u"while it was painted"); // the surface shows what was painted so far
     }
 }
 
@@ -96,6 +97,7 @@ void VantikFrameTab::ShowForTheFirstTime() noexcept {
         InstallHookAtRunTime();
         if (!skinWasLoaded_) LoadSkin(host_, state_, surfaces_);
     } catch (...) {
+        TellDebugger(u"when it was first shown");
     }
 }
 

@@ -12,6 +12,7 @@
 #include "control/MessageHook.h"
 #include "control/PropertyBag.h"
 #include "model/ControlState.h"
+#include "platform/DebugLine.h"
 #include "platform/UserControl.h"
 #include "render/DecorationGeometry.h"
 #include "render/MergedRepaint.h"
@@ -140,6 +141,7 @@ private:
     MergedRepaint merged_;
     HookedInput hookedInput_{*this};
     MessageHook hook_{hookedInput_};
+    RepeatedFailure painting_;
     bool wasShown_ = false; // or came with saved properties
     bool skinWasLoaded_ = false;
     bool wantsHook_ = false;

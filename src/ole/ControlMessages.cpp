@@ -64,11 +64,20 @@ std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
     }
 }
 
+void ControlMessages::Failed(const Message& message) noexcept {
+    switch (message.Number) {
+    case WM_PAINT: return copying_.Failed(u"while it was shown");
+    case WM_SIZE: return sizing_.Failed(u"while it was resized");
+    default: TellDebugger(u"on a message of its window");
+    }
+}
+
 // What waits is painted first: what that invalidates still belongs to this message.
 void ControlMessages::Paint(HWND window) {
     Surface& surface = control_.PaintedSurface();
     const PaintScope paint(window);
     surface.CopyPart(paint.DC(), paint.Area());
+    copying_.Succeeded();
 }
 
 void ControlMessages::Print(HDC target) {
@@ -77,7 +86,9 @@ void ControlMessages::Print(HDC target) {
 }
 
 void ControlMessages::Sized(LPARAM size) {
-    if (control_.Size.Pixels({LOWORD(size), HIWORD(size)})) control_.Resized();
+    if (!control_.Size.Pixels({LOWORD(size), HIWORD(size)})) return;
+    control_.Resized();
+    sizing_.Succeeded();
 }
 
 bool ControlMessages::KeyDown(WPARAM key) noexcept {
@@ -85,7 +96,7 @@ bool ControlMessages::KeyDown(WPARAM key) noexcept {
     try {
         control_.Engine.UserControl_KeyDown(static_cast<std::int16_t>(key), ShiftState());
     } catch (...) {
-        // Nobody is there to be told.
+        TellDebugger(u"on a key");
     }
     control_.ShowChanges();
     return true;

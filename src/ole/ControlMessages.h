@@ -4,6 +4,7 @@
 #include "ole/ControlWindow.h"
 #include "ole/PointerInput.h"
 #include "ole/WheelInput.h"
+#include "platform/DebugLine.h"
 
 namespace vantik {
 
@@ -13,8 +14,9 @@ public:
         : control_(control), pointer_(control), wheel_(control) {}
 
     std::optional<LRESULT> Handle(const Message& message) override;
+    void Failed(const Message& message) noexcept override;
 
-    // Whether the key means something to the control. An error ends it silently.
+    // Whether the key means something to the control.
     bool KeyDown(WPARAM key) noexcept;
 
     void ReleaseCapture() noexcept { pointer_.ReleaseCapture(); }
@@ -28,6 +30,7 @@ private:
     Control& control_;
     PointerInput pointer_;
     WheelInput wheel_;
+    RepeatedFailure copying_, sizing_;
 };
 
 } // namespace vantik

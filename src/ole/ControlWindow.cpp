@@ -96,11 +96,12 @@ LRESULT ControlWindow::Filtered(ISimpleFrameSite& frame, const Message& message)
     return result;
 }
 
-// A run-time error ends the operation, and nobody is there to be told of it.
+// A run-time error ends the operation, and no caller is there to be told of it.
 LRESULT ControlWindow::HandleOrDefault(const Message& message) noexcept {
     try {
         if (const auto answer = handler_.Handle(message)) return *answer;
     } catch (...) {
+        handler_.Failed(message);
         return 0;
     }
     return DefWindowProcW(message.Window, message.Number, message.WParam, message.LParam);

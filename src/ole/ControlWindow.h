@@ -21,6 +21,9 @@ public:
     // The answer, or nothing when the system's own procedure has to see the message, too.
     virtual std::optional<LRESULT> Handle(const Message& message) = 0;
 
+    // For use in a handler only: the error that ended the message ends here.
+    virtual void Failed(const Message& message) noexcept = 0;
+
 protected:
     ~MessageHandler() = default;
 };

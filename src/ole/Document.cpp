@@ -2,6 +2,7 @@
 
 #include "ole/Control.h"
 #include "ole/Fonts.h"
+#include "platform/DebugLine.h"
 
 namespace vantik {
 
@@ -56,7 +57,7 @@ void Document::Need() noexcept {
     try {
         InitNew();
     } catch (...) {
-        // The values are the defaults anyway; only the host's font is missing.
+        TellDebugger(u"when it got its first values"); // the defaults anyway; only the host's font is missing
     }
 }
 

@@ -84,13 +84,13 @@ void PointerInput::LetGo() {
 }
 
 // The arguments of an event under way are the hover state itself: it must not change under a handler that shows a menu.
-template <class Body>
-void PointerInput::Guard(Body body) {
+template <class Body, class Failed>
+void PointerInput::Guard(Body body, Failed failed) {
     ++busy_;
     try {
         body();
     } catch (...) {
-        // The operation ends; nobody is there to be told.
+        failed();
     }
     if (--busy_ == 0 && control_.Activation.Window()) Settle();
 }
@@ -122,13 +122,15 @@ void PointerInput::Down(const Message& message, std::int16_t button) {
     pressed_ = true;
     lost_ = false;
     const auto [x, y] = PositionOf(message, control_.Size.Screen());
-    Guard([&] { control_.Engine.UserControl_MouseDown(button, ShiftState(), x, y); });
+    Guard([&] { control_.Engine.UserControl_MouseDown(button, ShiftState(), x, y); },
+          [] { TellDebugger(u"on a press of the pointer"); });
 }
 
 void PointerInput::Up(const Message& message, std::int16_t button) {
     if (!TakesInput()) return;
     const auto [x, y] = PositionOf(message, control_.Size.Screen());
-    Guard([&] { control_.Engine.UserControl_MouseUp(button, ShiftState(), x, y); });
+    Guard([&] { control_.Engine.UserControl_MouseUp(button, ShiftState(), x, y); },
+          [] { TellDebugger(u"on a release of the pointer"); });
     pressed_ = false;
     const bool hovers = control_.Engine.State().HoverTab != -1;
     if (!HeldButtons(message.WParam) && !hovers) ReleaseCapture();
@@ -169,11 +171,14 @@ void PointerInput::PassOn(const Message& message) {
 void PointerInput::Move(const Message& message) {
     if (!TakesInput()) return;
     const std::int16_t held = HeldButtons(message.WParam);
-    Guard([&] {
-        PassOn(message);
-        // Off the strip the engine itself lets the pointer go: the button, if one is held, stays pressed.
-        if (control_.Engine.State().HoverTab == -1) lost_ = false;
-    });
+    Guard(
+        [&] {
+            PassOn(message);
+            // Off the strip the engine itself lets the pointer go: the button, if one is held, stays pressed.
+            if (control_.Engine.State().HoverTab == -1) lost_ = false;
+            moving_.Succeeded();
+        },
+        [&] { moving_.Failed(u"on a move of the pointer"); });
     const bool wanted = held ? pressed_ : control_.Engine.State().HoverTab != -1;
     if (wanted && !captured_ && !GetCapture() && TakesInput()) Capture(control_.Activation.Window());
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ole/ControlWindow.h"
+#include "platform/DebugLine.h"
 #include "render/DecorationGeometry.h"
 
 namespace vantik {
@@ -28,8 +29,8 @@ private:
     void Capture(HWND window) noexcept;
     void CaptureLost();
     void HoverLost();
-    template <class Body>
-    void Guard(Body body);
+    template <class Body, class Failed>
+    void Guard(Body body, Failed failed);
     void Settle();
 
     Control& control_;
@@ -37,6 +38,7 @@ private:
     bool lost_ = false;     // the hover ended while one was
     bool captured_ = false; // kept, because asking the system at every move is slow
     bool pressed_ = false;  // a button went down here and is not known to be up again
+    RepeatedFailure moving_;
 };
 
 } // namespace vantik

@@ -1,6 +1,6 @@
 #include "skin/IconPainter.h"
 
-#include "base/RunTimeError.h"
+#include "base/ErrorText.h"
 #include "render/PngIconDrawing.h"
 
 namespace vantik {
@@ -12,7 +12,8 @@ IconPainter::Answer IconPainter::ReadLast(const std::u16string& path) {
     try {
         ReadPngFileSize(path, size);
         if (size.LastPngHeight > 0) answer = Answer::Size;
-    } catch (const RunTimeError&) {
+    } catch (RunTimeError& error) {
+        failures_.Failed(path, error);
         answer = Answer::Refused;
     }
     if (size.LastPngWidth > 0) state_.LastPng.LastPngWidth = size.LastPngWidth;
@@ -51,9 +52,14 @@ OwnedBitmap IconPainter::DrawFile(const std::u16string& path, IconStyle style, s
     const HDC surface = host_.hDC();
     const auto bitmap = static_cast<HBITMAP>(GetCurrentObject(surface, OBJ_BITMAP));
     try {
-        return DrawPngFile(path, surface, bitmap, x, y, style, direct, surface);
-    } catch (const RunTimeError&) {
-        return {}; // nothing was drawn
+        OwnedBitmap drawn = DrawPngFile(path, surface, bitmap, x, y, style, direct, surface);
+        if (!drawn)
+            Raise(RunTimeErrorNumber::InvalidPicture, PathText{path}, u": nothing can be drawn of it");
+        failures_.Succeeded(path);
+        return drawn;
+    } catch (RunTimeError& error) {
+        failures_.Failed(path, error);
+        return {};
     }
 }
 

@@ -9,6 +9,7 @@
 #include "model/ControlState.h"
 #include "platform/UserControl.h"
 #include "skin/FileStamp.h"
+#include "skin/IconFailures.h"
 #include "skin/MixedPictures.h"
 
 namespace vantik {
@@ -54,6 +55,7 @@ private:
     ControlState& state_;
     MixedPictures pictures_;
     std::map<std::int16_t, FileStamp> stamps_; // of the icons that are followed
+    IconFailures failures_;
 };
 
 } // namespace vantik

@@ -1,9 +1,9 @@
-#include "host/DebugLines.h"
+#include "DebugLines.h"
 
 #include <string_view>
 #include <utility>
 
-#include "host/HostError.h"
+#include "platform/mDeclares.h"
 
 namespace vantik {
 
@@ -15,6 +15,14 @@ constexpr DWORD AnsiText = 0x40010006, WideText = 0x4001000A;
 constexpr std::wstring_view Prefix = L"VantikFrameTab: ";
 
 std::vector<std::string>* Lines = nullptr;
+
+std::string InUtf8(std::wstring_view text) {
+    const int wide = static_cast<int>(text.size());
+    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), wide, nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<std::size_t>(length), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), wide, bytes.data(), length, nullptr, nullptr);
+    return bytes;
+}
 
 std::wstring FromAnsi(const char* text) {
     const int length = MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0);
@@ -33,7 +41,7 @@ LONG CALLBACK Hear(EXCEPTION_POINTERS* exception) {
                                : FromAnsi(reinterpret_cast<const char*>(text));
     if (!line.starts_with(Prefix)) return EXCEPTION_CONTINUE_SEARCH;
     if (line.ends_with(L'\n')) line.pop_back();
-    Lines->push_back(ToUtf8(line.substr(Prefix.size())));
+    Lines->push_back(InUtf8(line.substr(Prefix.size())));
     return EXCEPTION_CONTINUE_EXECUTION; // heard
 }
 
