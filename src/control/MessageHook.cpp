@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/DebugLine.h"
+#include "platform/Lock.h"
 #include "platform/Module.h"
 
 namespace vantik {
@@ -114,25 +115,11 @@ public:
     }
 
 private:
-    class Lock {
-    public:
-        explicit Lock(SRWLOCK& lock) noexcept : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
-        ~Lock() { ReleaseSRWLockExclusive(&lock_); }
-        Lock(const Lock&) = delete;
-        Lock& operator=(const Lock&) = delete;
-
-    private:
-        SRWLOCK& lock_;
-    };
-
     mutable SRWLOCK lock_ = SRWLOCK_INIT;
     std::map<HWND, std::shared_ptr<Entry>> entries_;
 };
 
-MessageHook::HookedWindows& MessageHook::AllHooked() noexcept {
-    static HookedWindows windows;
-    return windows;
-}
+MessageHook::HookedWindows MessageHook::allHooked_;
 
 std::shared_ptr<MessageHook::Entry> MessageHook::Find(HWND window) const noexcept {
     const auto found = entries_.find(window);
@@ -140,7 +127,7 @@ std::shared_ptr<MessageHook::Entry> MessageHook::Find(HWND window) const noexcep
 }
 
 void MessageHook::SubclassStart(HWND window) {
-    if (const auto known = AllHooked().Find(window)) {
+    if (const auto known = allHooked_.Find(window)) {
         if (known->Owner) return;
         entries_[window] = known; // somebody hooked the window later, and so it could not be unhooked
         known->Owner = this;
@@ -149,7 +136,7 @@ void MessageHook::SubclassStart(HWND window) {
     const auto entry =
         std::make_shared<Entry>(Entry{this, window, IsWindowUnicode(window) != FALSE, {}, {}, {}});
     entries_[window] = entry;
-    AllHooked().Add(entry);
+    allHooked_.Add(entry);
     entry->Previous = entry->Exchange(Procedure);
     if (!entry->Previous) SubclassStop(window);
 }
@@ -177,7 +164,7 @@ void MessageHook::SubclassStop(HWND window) noexcept {
     entry->Before = entry->After = {};
     if (entry->Previous && !entry->StandsInFront()) return KeepThisModuleLoaded();
     if (entry->Previous) entry->Exchange(entry->Previous);
-    AllHooked().Remove(window);
+    allHooked_.Remove(window);
 }
 
 void MessageHook::StopAll() noexcept {
@@ -185,7 +172,7 @@ void MessageHook::StopAll() noexcept {
 }
 
 LRESULT CALLBACK MessageHook::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    const std::shared_ptr<Entry> entry = AllHooked().Find(window); // outlives an unhooking inside the message
+    const std::shared_ptr<Entry> entry = allHooked_.Find(window); // outlives an unhooking inside the message
     if (!entry) return DefWindowProcW(window, message, wParam, lParam);
     const auto number = static_cast<std::int32_t>(message);
     LRESULT answer = 0;
@@ -211,7 +198,7 @@ LRESULT MessageHook::Deliver(Entry& entry, UINT message, WPARAM wParam, LPARAM l
 
 void MessageHook::Forget(const Entry& entry) noexcept {
     if (entry.Owner) entry.Owner->entries_.erase(entry.Window);
-    AllHooked().Remove(entry.Window);
+    allHooked_.Remove(entry.Window);
 }
 
 } // namespace vantik

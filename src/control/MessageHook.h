@@ -69,11 +69,12 @@ private:
     struct Entry;
     class HookedWindows;
 
-    static HookedWindows& AllHooked() noexcept;
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static LRESULT Deliver(Entry& entry, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static void Forget(const Entry& entry) noexcept;
     std::shared_ptr<Entry> Find(HWND window) const noexcept;
+
+    static HookedWindows allHooked_;
 
     MessageCallback& callback_;
     std::map<HWND, std::shared_ptr<Entry>> entries_;

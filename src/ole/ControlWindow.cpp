@@ -10,14 +10,15 @@ namespace {
 
 constexpr wchar_t ClassName[] = L"VantikFrameTab";
 
-ATOM RegisterControlWindowClass() noexcept {
+// Where the class is known already this fails, and where it failed the next window tries again.
+void RegisterControlWindowClass() noexcept {
     WNDCLASSEXW description = {};
     description.cbSize = sizeof description;
     description.lpfnWndProc = ControlWindow::Procedure;
     description.hInstance = ThisModule();
     description.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
     description.lpszClassName = ClassName;
-    return RegisterClassExW(&description);
+    RegisterClassExW(&description);
 }
 
 ControlWindow* OwnerOf(HWND window) noexcept {
@@ -26,19 +27,14 @@ ControlWindow* OwnerOf(HWND window) noexcept {
 
 } // namespace
 
-ATOM ControlWindowClass() noexcept {
-    static const ATOM registered = RegisterControlWindowClass();
-    return registered;
-}
-
 void UnregisterControlWindowClass() noexcept { UnregisterClassW(ClassName, ThisModule()); }
 
 bool ControlWindow::Create(HWND parent, const RECT& position) noexcept {
     Destroy();
-    CreateWindowExW(0, MAKEINTATOM(ControlWindowClass()), nullptr,
-                    WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, position.left, position.top,
-                    position.right - position.left, position.bottom - position.top, parent, nullptr,
-                    ThisModule(), this);
+    RegisterControlWindowClass();
+    CreateWindowExW(0, ClassName, nullptr, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, position.left,
+                    position.top, position.right - position.left, position.bottom - position.top, parent,
+                    nullptr, ThisModule(), this);
     return window_ != nullptr;
 }
 

@@ -2,6 +2,7 @@
 
 #include <comcat.h>
 
+#include "base/Text.h"
 #include "ole/ErrorInfo.h"
 #include "ole/Identifiers.h"
 #include "ole/Module.h"
@@ -27,6 +28,11 @@ std::wstring TextOf(REFGUID guid) {
     return text;
 }
 
+std::wstring TextOf(std::int32_t number) {
+    const std::u16string text = DecimalText(number);
+    return AsWide(text);
+}
+
 std::wstring ModuleFile() {
     const std::u16string path = ModulePath();
     return AsWide(path);
@@ -34,9 +40,7 @@ std::wstring ModuleFile() {
 
 std::wstring ClassKey() { return L"CLSID\\" + TextOf(CLSID_VantikFrameTab); }
 
-std::wstring LibraryVersion() {
-    return std::to_wstring(LibraryMajorVersion) + L"." + std::to_wstring(LibraryMinorVersion);
-}
+std::wstring LibraryVersion() { return TextOf(LibraryMajorVersion) + L"." + TextOf(LibraryMinorVersion); }
 
 void RegisterProgId() {
     const RegistryKey progId(HKEY_CLASSES_ROOT, ProgId);
@@ -58,10 +62,10 @@ void RegisterClass() {
     control.Set(ControlTitle);
     RegisterServer(control);
     control.Add(L"Control");
-    control.Add(L"ToolboxBitmap32", ModuleFile() + L", " + std::to_wstring(ToolboxBitmapId));
+    control.Add(L"ToolboxBitmap32", ModuleFile() + L", " + TextOf(ToolboxBitmapId));
     control.Add(L"MiscStatus", L"0");
-    control.Add(L"MiscStatus\\1", std::to_wstring(MiscStatus)); // 1: the content aspect
-    control.Add(L"Verb\\" + std::to_wstring(VerbProperties), std::wstring(VerbPropertiesName) + L",0,2");
+    control.Add(L"MiscStatus\\1", TextOf(MiscStatus)); // 1: the content aspect
+    control.Add(L"Verb\\" + TextOf(VerbProperties), std::wstring(VerbPropertiesName) + L",0,2");
     for (const CATID& category : Categories) control.Add(L"Implemented Categories\\" + TextOf(category));
 }
 

@@ -1,12 +1,10 @@
-// The window class of the control.
+// The window class of the control, which its windows register.
 #pragma once
 
 #include "platform/mDeclares.h"
 
 namespace vantik {
 
-// Registered once for the module, on first use; 0 when that fails.
-ATOM ControlWindowClass() noexcept;
 void UnregisterControlWindowClass() noexcept;
 
 } // namespace vantik

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <new>
 
@@ -72,61 +73,64 @@ private:
     const Record* end_;
 };
 
-// All functions in the order of their code.
+// All functions in the order of their code. The list stands behind the object, in the same piece of memory: this must not
+// raise anything, and the operators of the language would.
 class Index {
 public:
+    struct Release {
+        void operator()(Index* index) const noexcept { std::free(index); }
+    };
+    using Owner = std::unique_ptr<Index, Release>;
+
     // Null when there is no memory for it.
-    static std::unique_ptr<const Index> Make() noexcept {
-        std::unique_ptr<Index> index(new (std::nothrow) Index);
-        if (index) index->Fill();
-        return index && index->functions_ ? std::move(index) : nullptr;
+    static Owner Make() noexcept {
+        const Tables tables;
+        std::size_t count = 0;
+        tables.Find([&](const Record&) { return ++count == 0; });
+        void* const memory = std::malloc(sizeof(Index) + count * sizeof(const Record*));
+        return Owner(memory ? new (memory) Index(tables, count) : nullptr);
     }
 
-    const Record* Find(const std::byte* place) const noexcept {
+    const Record* Find(const std::byte* place) noexcept {
         const auto isBefore = [](const std::byte* where, const Record* each) { return where < each->Code(); };
         const auto behind = std::upper_bound(begin(), end(), place, isBefore);
         return behind != begin() && behind[-1]->Contains(place) ? behind[-1] : nullptr;
     }
 
 private:
-    void Fill() noexcept {
-        const Tables tables;
-        tables.Find([&](const Record&) { return ++count_ == 0; });
-        functions_.reset(new (std::nothrow) const Record*[count_]);
-        if (!functions_) return;
+    Index(const Tables& tables, std::size_t count) noexcept : count_(count) {
         const Record** next = begin();
         tables.Find([&](const Record& each) { return !(*next++ = &each); });
         std::sort(begin(), end(), [](const Record* a, const Record* b) { return a->Code() < b->Code(); });
     }
-    const Record** begin() const noexcept { return functions_.get(); }
-    const Record** end() const noexcept { return functions_.get() + count_; }
+    const Record** begin() noexcept { return reinterpret_cast<const Record**>(this + 1); }
+    const Record** end() noexcept { return begin() + count_; }
 
-    std::size_t count_ = 0;
-    std::unique_ptr<const Record*[]> functions_;
+    std::size_t count_;
 };
 
 // Made when it is wanted first, given back when the module goes.
 class KeptIndex {
 public:
     constexpr KeptIndex() noexcept = default;
-    ~KeptIndex() { delete index_.exchange(nullptr); }
+    ~KeptIndex() { std::free(index_.exchange(nullptr)); }
 
     // Threads that come at once each make one, all alike; the first one stays.
-    const Index* Get() noexcept {
-        if (const Index* made = index_) return made;
-        std::unique_ptr<const Index> index = Index::Make();
-        const Index* before = nullptr;
+    Index* Get() noexcept {
+        if (Index* made = index_) return made;
+        Index::Owner index = Index::Make();
+        Index* before = nullptr;
         return index_.compare_exchange_strong(before, index.get()) ? index.release() : before;
     }
 
 private:
-    std::atomic<const Index*> index_ = nullptr;
+    std::atomic<Index*> index_ = nullptr;
 };
 
 constinit KeptIndex keptIndex;
 
 const Record* Find(const std::byte* place) noexcept {
-    if (const Index* index = keptIndex.Get()) return index->Find(place);
+    if (Index* index = keptIndex.Get()) return index->Find(place);
     return Tables().Find([&](const Record& each) { return each.Contains(place); });
 }
 

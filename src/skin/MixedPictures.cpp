@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "gfx/OutlivingBitmaps.h"
+
 namespace vantik {
 
 namespace {
@@ -110,7 +112,8 @@ void MixedPictures::Terminate() noexcept {
         const SkinIcon* icon = icons_.At(key.Icon);
         if (!icon || key.Slot < ReleasedSlots) continue;
         for (Picture& picture : pictures)
-            if (AsSlot(picture.Bitmap.Get()) == icon->Handles[key.Slot]) picture.Bitmap.Detach();
+            if (AsSlot(picture.Bitmap.Get()) == icon->Handles[key.Slot])
+                KeepUntilUnloaded(std::move(picture.Bitmap));
     }
     pictures_.clear();
     for (SkinIcon& icon : icons_.Entries) icon.Handles.fill(NoBitmap);

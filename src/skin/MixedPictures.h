@@ -49,8 +49,8 @@ public:
     // Deletes the icon's pictures and empties its slots.
     void Release(std::int16_t icon) noexcept;
 
-    // Deletes all pictures but those that the fourth to sixth slots show, which stay with the system. All slots are
-    // empty afterwards.
+    // Deletes all pictures but those that the fourth to sixth slots show, which stay until the module goes. All slots
+    // are empty afterwards.
     void Terminate() noexcept;
 
 private:

@@ -5,6 +5,7 @@ set -uo pipefail
 
 Product=$BUILD/src/ole/VantikFrameTab.ocx
 Manifest=$BUILD/src/ole/VantikFrameTab.manifest
+Map=$BUILD/src/ole/VantikFrameTab.map
 SystemLibraries='advapi32 comctl32 gdi32 kernel32 msvcrt ole32 oleaut32 user32'
 Exports='DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer'
 Passed=0
@@ -29,6 +30,14 @@ check 'libraries that not every system has' "$foreign" ''
 check 'there are imports at all' "$(grep -cx kernel32 <<<"$imports")" 1
 check 'exports' "$(sed -n 's/.*\] \(Dll[A-Za-z]*\)$/\1/p' <<<"$headers" | in_one_line)" "$Exports"
 check 'no debugging information' "$(x86_64-w64-mingw32-objdump -h "$Product" | grep -c debug)" 0
+
+# What of the compiler's run-time library keeps something that would stay when the module goes, or turns to other modules:
+# per-thread storage, guards of local statics, the heap of exceptions, registered unwind tables.
+check 'parts of the run-time library that the product does without' \
+    "$(grep -oE '\((eh_globals|eh_alloc|emutls|guard|gthr-win32|unwind-dw2-fde)\.o\)|crtbegin\.o' "$Map" | in_one_line)" ''
+check 'the map is that of the product' "$(grep -q 'runtime.dir/ExceptionState' "$Map" && echo yes)" yes
+check 'functions that find other modules by name, or take what is not given back' \
+    "$(grep -oE '\<(LoadLibrary|LoadPackagedLibrary|GetModuleHandle[AW]|TlsAlloc|FlsAlloc|CreateSemaphore)[A-Za-z]*' <<<"$headers" | in_one_line)" ''
 
 architecture=x86
 [[ $BUILD != *win64 ]] || architecture=amd64
