@@ -76,10 +76,10 @@ public:
         Take(L"disabled-beyond-before");
         Put(demo_.Control(), L"ActiveTab", before);
         Take(L"disabled-before");
-        PressKey(demo_.Form(), VK_RIGHT);
-        TurnWheel(demo_.Form(), 1);
         PressButton(demo_.Form(), onDisabledBar);
         ReleaseButton(demo_.Form(), onDisabledBar);
+        PressKey(demo_.Form(), VK_RIGHT);
+        TurnWheel(demo_.Form(), 1);
         MovePointer(demo_.Form(), onPage);
         Take(L"disabled-after");
         Put(demo_.Control(), L"ActiveTab", beyond);
