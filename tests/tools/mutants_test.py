@@ -174,6 +174,11 @@ class Command(unittest.TestCase):
         target.write_text(text)
         return target
 
+    def edit(self, path, before, after):
+        text = (self.root / path).read_text()
+        self.assertIn(before, text)
+        self.write(path, text.replace(before, after))
+
     def program(self, name, *lines):
         text = "\n".join(["#!/usr/bin/env bash", f'cd "{self.copy}"', *lines]) + "\n"
         self.write(f"build/bin/{name}", text).chmod(0o755)
@@ -235,9 +240,13 @@ class Command(unittest.TestCase):
         self.expect(0, "[1/1] does not compile for native, ", "1 does not compile")
 
     def test_a_mutant_that_does_not_end_is_no_survivor(self):
-        trial = self.root / "tools/mutation/trial.py"
-        trial.write_text(trial.read_text().replace("30 + 4 *", "1 +"))
+        self.edit("tools/mutation/trial.py", "30 + 4 *", "1 +")
         self.test = "! grep -q '<=' src/base/f.cpp || exec sleep 60"
+        self.expect(0, "[1/1] timed out in core [native], ", "1 timed out")
+
+    def test_a_build_that_does_not_end_says_nothing_of_the_compiler(self):
+        self.edit("tools/mutation/workplace.py", "LONGEST_BUILD = 1800", "LONGEST_BUILD = 8")
+        self.build = "! grep -q '<=' src/base/f.cpp || exec sleep 60"
         self.expect(0, "[1/1] timed out in core [native], ", "1 timed out")
 
     def test_every_mutant_is_judged_by_itself(self):

@@ -38,9 +38,9 @@ def judged(workplace, mutant, times):
 
 def first_objection(workplace, judges, times):
     for judge in judges:
-        if not workplace.is_built(judge):
-            return NOT_COMPILED, judge.preset
         try:
+            if not workplace.is_built(judge):
+                return NOT_COMPILED, judge.preset
             passed, _ = workplace.passes(judge, limit(times[judge.name]))
         except OutOfTime:
             return TIMED_OUT, judge.name

@@ -106,11 +106,8 @@ class Workplace:
         return os.path.relpath(os.path.join(tree, file), self.folder)
 
     def is_built(self, judge):
-        """Whether the compiler takes the mutant."""
-        try:
-            status, output = self.script("build", judge.preset, *judge.targets, seconds=LONGEST_BUILD)
-        except OutOfTime:
-            return False
+        """Whether the compiler takes the mutant; raises OutOfTime."""
+        status, output = self.script("build", judge.preset, *judge.targets, seconds=LONGEST_BUILD)
         if status and "subcommand failed" not in output:
             raise Failure(f"building broke for another reason than the mutant:\n{output.strip()}")
         return status == 0
