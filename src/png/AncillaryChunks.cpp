@@ -7,6 +7,7 @@
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "png/ColourTables.h"
+#include "png/MemoryLimit.h"
 
 namespace vantik {
 
@@ -57,30 +58,42 @@ std::int32_t PaletteBackground(ByteView data, ByteView palette) noexcept {
     return PackRgb(palette[entry], palette[entry + 1], palette[entry + 2]);
 }
 
+constexpr std::int32_t TextExpansion = 12; // the size that a compressed text is expected to have
+
+ByteView KeywordOf(ByteView data) noexcept { return data.first(FindZero(data)); }
+
+ByteView CompressedPartOf(ByteView data) noexcept {
+    // Behind the keyword: its separator, the compression method and the two bytes of the zlib header.
+    constexpr std::size_t HeaderSize = 4;
+    const ByteView rest = data.subspan(std::min(FindZero(data) + HeaderSize, data.size()));
+    return rest.first(FindZero(rest));
+}
+
 } // namespace
 
 std::size_t FindZero(ByteView data) noexcept {
     return static_cast<std::size_t>(std::find(data.begin(), data.end(), 0) - data.begin());
 }
 
-void AppendText(std::u16string& text, ByteView data) {
-    text += Decode(data);
+// Decoded beside the text; one growth makes room for the character 0, too.
+void AppendText(std::u16string& text, ByteView data, std::int64_t otherMemory) {
+    const auto size = static_cast<std::int64_t>(data.size());
+    NeedMemory(otherMemory + HeldBytes(text) + ElementSize<std::u16string> * size + GrowthOf(text, size + 1));
+    const std::u16string decoded = Decode(data);
+    text.reserve(text.size() + decoded.size() + 1);
+    text += decoded;
     text += u'\0';
 }
 
-void InflateTextChunk(std::u16string& text, ByteView data, Inflater& inflater) {
-    // Behind the keyword: its separator, the compression method and the two bytes of the zlib header.
-    constexpr std::size_t HeaderSize = 4;
-    const std::size_t keyword = FindZero(data);
-    AppendText(text, data.first(keyword));
-    const ByteView rest = data.subspan(std::min(keyword + HeaderSize, data.size()));
-    const ByteView compressed = rest.first(FindZero(rest));
-
+void InflateTextChunk(std::u16string& text, ByteView data, Inflater& inflater, std::int64_t otherMemory) {
+    AppendText(text, KeywordOf(data), otherMemory);
+    const ByteView compressed = CompressedPartOf(data);
     const Checked lastIndex = Narrow<std::int32_t>(compressed.size()) - 1;
-    std::int32_t expectedSize = 12 * lastIndex;
+    std::int32_t expectedSize = TextExpansion * lastIndex;
+    NeedMemory(otherMemory + HeldBytes(text) + expectedSize);
     inflater.Begin(compressed, expectedSize);
     inflater.ContinueTo(SIZE_MAX); // whatever the result will be, what was inflated counts
-    AppendText(text, inflater.Output());
+    AppendText(text, inflater.Output(), otherMemory + expectedSize);
     inflater.End();
 }
 

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "png/MemoryLimit.h"
+
 namespace vantik {
 
 // Bytes behind the end read as 0.
@@ -17,12 +19,21 @@ bool ChunkReader::ReadSignature() {
     return IsPngSignature(bytes);
 }
 
-bool ChunkReader::Next() {
+// A buffer that is too small goes before the new one comes: all of it is about to be read over.
+void ChunkReader::Resize(std::size_t length, std::int64_t otherMemory) {
+    if (length > data_.capacity()) {
+        NeedMemory(otherMemory + static_cast<std::int64_t>(length));
+        data_ = {};
+    }
+    data_.resize(length);
+}
+
+bool ChunkReader::Next(std::int64_t otherMemory) {
     const std::int32_t length = ReadNumber();
     name_ = static_cast<std::uint32_t>(ReadNumber());
     // Asked before the buffer grows, so that a false length costs nothing.
     if (!source_.Fits(length)) return false;
-    if (length > 0) data_.resize(static_cast<std::size_t>(length));
+    if (length > 0) Resize(static_cast<std::size_t>(length), otherMemory);
     source_.Read(data_);
     ReadNumber(); // the CRC
     return true;

@@ -16,13 +16,16 @@ public:
     bool ReadSignature();
 
     // The next chunk; false when its length reaches beyond the end. A length below 1 leaves the data as it was and
-    // reads that many bytes again: the established reading of empty chunks. Neither CRC nor order is checked.
-    bool Next();
+    // reads that many bytes again: the established reading of empty chunks. Neither CRC nor order is checked. Raises
+    // OutOfMemory for a chunk that is too large beside what the reader's user holds.
+    bool Next(std::int64_t otherMemory = 0);
 
     std::uint32_t Name() const noexcept { return name_; }
     ByteView Data() const noexcept { return data_; }
+    const std::vector<std::uint8_t>& Buffer() const noexcept { return data_; }
 
 private:
+    void Resize(std::size_t length, std::int64_t otherMemory);
     std::int32_t ReadNumber();
 
     ByteSource& source_;

@@ -1,14 +1,14 @@
 #include "png/PicturePlan.h"
 
-#include "base/RunTimeError.h"
+#include <algorithm>
+
+#include "png/MemoryLimit.h"
 #include "png/PixelConversion.h"
 #include "png/ScanlineLayout.h"
 
 namespace vantik {
 
 namespace {
-
-constexpr std::int64_t MaxMemory = std::int64_t{1} << 30;
 
 // No deflate stream reaches more than 1032 bytes for one.
 constexpr std::int64_t MaxExpansion = 1100;
@@ -71,11 +71,30 @@ std::int64_t RowsOf(std::int64_t rowSize, std::int64_t height) {
     return rowSize * height;
 }
 
+// The scanlines, the bitmap's rows, between them the samples of those that are not the same, and some single rows.
+std::int64_t DecodingMemory(const PicturePlan& plan, const ImageHeader& header) {
+    const std::int64_t rows = 4 * static_cast<std::int64_t>(plan.RowSize) + 2 * std::int64_t{header.Width};
+    const std::int64_t memory = plan.RawSize + plan.DibSize + rows;
+    if (header.Interlace > 1 || plan.UnfiltersInPlace) return memory;
+    if (header.Interlace == 0) return memory + plan.RawSize;
+    return memory +
+           RowsOf(std::int64_t{header.Width} * static_cast<std::int64_t>(plan.BytesPerPixel), header.Height);
+}
+
+// A transparent picture beside the mixed one and a copy of the background; then what is drawn beside the device's bitmap,
+// which some systems fill by way of a copy in its own format.
+std::int64_t DrawingMemory(const PicturePlan& plan, const ImageHeader& header) {
+    if (plan.BitCount == 0) return 0;
+    const std::int64_t mixed = plan.IsTransparent ? RowsOf(DibStride(header.Width, 24), header.Height) : 0;
+    const std::int64_t drawn = plan.IsTransparent ? mixed : plan.DibSize;
+    const std::int64_t device = RowsOf(DibStride(header.Width, 32), header.Height);
+    return std::max(plan.DibSize + 2 * mixed, drawn + 2 * device);
+}
+
 } // namespace
 
 PicturePlan PlanPicture(const PngContents& png, const ConversionSettings& settings) {
     const ImageHeader& header = png.Header;
-    const std::int64_t height = header.Height;
     const std::int32_t bits = BitsPerPixel(header);
     PicturePlan plan;
     ChooseConversion(plan, png, settings);
@@ -84,17 +103,9 @@ PicturePlan PlanPicture(const PngContents& png, const ConversionSettings& settin
     plan.RowSize = static_cast<std::size_t>(rowBytes - 1);
     plan.BytesPerPixel = static_cast<std::size_t>(BytesPerPixel(bits));
     // The allowance for interlaced images is the established formula, though narrow ones with few bits need more.
-    plan.RawSize = RowsOf(rowBytes, height) + (header.Interlace == 1 ? height : 0);
-    plan.DibSize = RowsOf(DibStride(header.Width, plan.BitCount), height);
-
-    std::int64_t memory = plan.RawSize + plan.DibSize;
-    if (header.Interlace == 1) {
-        memory += RowsOf(std::int64_t{header.Width} * BytesPerPixel(bits), height);
-    } else if (!plan.UnfiltersInPlace) {
-        memory += plan.RawSize;
-    }
-    if (plan.IsTransparent) memory += RowsOf(DibStride(header.Width, 24), height);
-    if (memory > MaxMemory) Raise(RunTimeErrorNumber::OutOfMemory);
+    plan.RawSize = RowsOf(rowBytes, header.Height) + (header.Interlace == 1 ? header.Height : 0);
+    plan.DibSize = RowsOf(DibStride(header.Width, plan.BitCount), header.Height);
+    NeedMemory(png.Memory() + std::max(DecodingMemory(plan, header), DrawingMemory(plan, header)));
 
     const auto compressed = static_cast<std::int64_t>(png.ImageData.size());
     if (plan.RawSize > MaxExpansion * compressed + ExpansionAllowance) {

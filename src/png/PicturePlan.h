@@ -22,8 +22,8 @@ struct PicturePlan {
     std::int64_t DibSize = 0;
 };
 
-// Raises OutOfMemory for more than 1 GiB of buffers in all, and SubscriptOutOfRange where the compressed data cannot
-// possibly hold the scanlines.
+// Raises OutOfMemory when decoding and drawing the picture would at any time take more than 1 GiB in all, and
+// SubscriptOutOfRange where the compressed data cannot possibly hold the scanlines.
 PicturePlan PlanPicture(const PngContents& png, const ConversionSettings& settings);
 
 } // namespace vantik

@@ -20,8 +20,8 @@ constexpr bool HasAlphaChannel(std::int32_t colourType) noexcept {
 // a width or height below 1. Where nothing is defined for the colour type, its bit depth or the interlace method, the bytes
 // are taken for a bitmap of the bit depth if that is 1, 4 or 8; else no picture comes either.
 //
-// Raises OutOfMemory when the buffers would take more than 1 GiB in all, and SubscriptOutOfRange when there are fewer
-// scanlines than the picture needs.
+// Raises OutOfMemory when decoding and drawing it would take more than 1 GiB in all, and SubscriptOutOfRange when there are
+// fewer scanlines than the picture needs.
 DibImage DecodePixels(const PngContents& png, const ConversionSettings& settings, Inflater& inflater);
 
 } // namespace vantik

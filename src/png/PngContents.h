@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "png/MemoryLimit.h"
 #include "png/PngFormat.h"
 
 namespace vantik {
@@ -21,6 +22,11 @@ struct PngContents {
     std::u16string CompressedText;
     std::u16string ModificationTime;
     std::int32_t Gamma = 0; // times 100000
+
+    std::int64_t Memory() const noexcept {
+        return HeldBytes(ImageData) + HeldBytes(Palette) + HeldBytes(Transparency) + HeldBytes(Text) +
+               HeldBytes(CompressedText);
+    }
 };
 
 } // namespace vantik

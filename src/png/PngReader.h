@@ -11,6 +11,8 @@
 
 namespace vantik {
 
+class ChunkReader;
+
 class PngReader {
 public:
     static constexpr std::int32_t NoPngSignature = 1;
@@ -33,7 +35,7 @@ public:
 
 private:
     bool ReadChunks(ByteSource& source);
-    void TakeChunk(std::uint32_t name, ByteView data);
+    void TakeChunk(const ChunkReader& chunk);
     void ApplyBackgroundChunk(ByteView data);
     bool Fail(std::int32_t errorNumber) noexcept;
 

@@ -3,6 +3,7 @@
 #include "base/Checked.h"
 #include "png/ByteSource.h"
 #include "png/ChunkReader.h"
+#include "png/OutOfMemory.h"
 
 namespace vantik {
 
@@ -31,7 +32,9 @@ void ParsePngSize(ByteView data, PngSize& size) {
 }
 
 void ReadPngFileSize(const std::u16string& path, PngSize& size) {
-    if (auto file = FileSource::OpenIfThere(path)) ReadPngSize(*file, size);
+    WithOutOfMemory([&] {
+        if (auto file = FileSource::OpenIfThere(path)) ReadPngSize(*file, size);
+    });
 }
 
 void ReadPngMemorySize(ByteView data, PngSize& size) {

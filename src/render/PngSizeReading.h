@@ -11,7 +11,7 @@ namespace vantik {
 
 // Walks the chunks up to IEND and takes the size from IHDR. `size` stays as it was when there is no such file, when it
 // is no PNG, and when a length reaches beyond the end before IHDR came. Raises PathFileAccess when the file is there
-// but cannot be read, and what ParsePngSize raises.
+// but cannot be read, OutOfMemory for chunks beyond 1 GiB, and what ParsePngSize raises.
 void ReadPngFileSize(const std::u16string& path, PngSize& size);
 
 // The same walk over a PNG held in memory.

@@ -6,42 +6,14 @@
 #include "tests/png/BitWriter.h"
 #include "tests/png/DecodedPng.h"
 #include "tests/png/limits/Allocations.h"
+#include "tests/png/limits/HostilePictures.h"
 #include "tests/png/limits/ProcessorTime.h"
 
 namespace vantik {
 
 namespace {
 
-// The longest runs of equal bytes that deflate can say: two bits for 258 of them.
-Bytes LongRun(std::size_t streamSize) {
-    BitWriter bits;
-    bits.Block(true, 2).Number(286 - 257, 5).Number(0, 5).Number(18 - 4, 4);
-    const unsigned lengths[18] = {0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2, 0, 2}; // 18, 2 and 1
-    for (const unsigned length : lengths) bits.Number(length, 3);
-    bits.Code(3, 2);                                               // 0: 2 bits
-    bits.Code(0, 1).Number(127, 7).Code(0, 1).Number(117 - 11, 7); // 1 to 255: none
-    bits.Code(3, 2);                                               // 256: 2 bits
-    bits.Code(0, 1).Number(28 - 11, 7);                            // 257 to 284: none
-    bits.Code(2, 2);                                               // 285: 1 bit
-    bits.Code(2, 2);                                               // distance 1: 1 bit
-    bits.Code(2, 2);                                               // the first literal 0
-    while (bits.Bytes().size() < streamSize) bits.Code(0, 1).Code(0, 1);
-    return bits.Bytes();
-}
-
-PngBytes HostilePicture(const HeaderFields& fields) {
-    Bytes data = {0x78, 0x9C};
-    Append(data, LongRun(64000));
-    return PngBytes()
-        .Header(fields)
-        .Chunk("PLTE", Bytes(6, 1))
-        .Chunk("tRNS", {0, 0})
-        .Chunk("IDAT", data)
-        .End();
-}
-
 constexpr double MaxSeconds = 2; // of the processor: what else the machine does stays out of it
-constexpr std::uint64_t MaxBytes = (std::uint64_t{11} << 30) / 10;
 
 void DecodeAndMix(const Bytes& png, const ConversionSettings& settings, std::uint8_t style) {
     DibImage image = DecodePng(png, settings);

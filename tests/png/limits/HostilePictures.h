@@ -1,0 +1,17 @@
+// Small files that say large pictures.
+#pragma once
+
+#include "tests/png/PngBytes.h"
+
+namespace vantik {
+
+// What any one picture may take of memory, with an allowance for the rest of the process.
+inline constexpr std::uint64_t MaxBytes = (std::uint64_t{11} << 30) / 10;
+
+// The longest runs of equal bytes that deflate can say: two bits for 258 zeros.
+Bytes LongRun(std::size_t streamSize);
+
+// A picture with all that its pixels may need, whose zeros come from a stream of this size.
+PngBytes HostilePicture(const HeaderFields& fields, std::size_t streamSize = 64000);
+
+} // namespace vantik
