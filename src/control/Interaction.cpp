@@ -59,7 +59,7 @@ void VantikFrameTab::HookedInput::zSubclass_Proc(Boolean before, Boolean& handle
 }
 
 void VantikFrameTab::UserControl_MouseDown(std::int16_t button, std::int16_t /*shift*/, float x, float y) {
-    const ButtonRects seen = NavButtonRects(state_);
+    const SeenButtons seen = {NavButtonRects(state_), RowRect(state_)};
     if (state_.HoverCloseTab < 0 || !state_.Properties.DelButton) {
         if (state_.HoverTab > -1) {
             if (state_.HoverTab == ActiveTab()) return;
@@ -76,13 +76,15 @@ void VantikFrameTab::UserControl_MouseDown(std::int16_t button, std::int16_t /*s
 
 // A press means the button that was seen under the pointer: by now the press itself may have moved the row. The button
 // is drawn where it lies now.
-void VantikFrameTab::HitTestButtons(const ButtonRects& seen, std::int32_t x, std::int32_t y) {
+void VantikFrameTab::HitTestButtons(const SeenButtons& seen, std::int32_t x, std::int32_t y) {
     LayoutCache& layout = state_.Layout;
-    const auto hit = [&](const LayoutRect& rect) { return PointInRect(float(x), float(y), rect); };
-    if (!hit(seen.Previous) && !hit(seen.Next) && !hit(seen.Menu)) return;
+    const auto hit = [&](const LayoutRect& rect) {
+        return PointInRect(float(x), float(y), rect) && !IsPixelOf(seen.Bars, x, y);
+    };
+    if (!hit(seen.Rects.Previous) && !hit(seen.Rects.Next) && !hit(seen.Rects.Menu)) return;
     merged_.CarryOut(); // what waits would paint over the pressed button
     const ButtonRects buttons = NavButtonRects(state_);
-    if (hit(seen.Previous) &&
+    if (hit(seen.Rects.Previous) &&
         decorations_.DrawPrevButton(buttons.Previous.Left, buttons.Previous.Top, True) &&
         layout.FirstVisibleTab > 0) {
         layout.FirstVisibleTab = Subtract16(layout.FirstVisibleTab, 1);
@@ -90,14 +92,14 @@ void VantikFrameTab::HitTestButtons(const ButtonRects& seen, std::int32_t x, std
         host_.Events().PreTabDown(layout.FirstVisibleTab);
         return;
     }
-    if (hit(seen.Next) && decorations_.DrawNextButton(buttons.Next.Left, buttons.Next.Top, True) &&
+    if (hit(seen.Rects.Next) && decorations_.DrawNextButton(buttons.Next.Left, buttons.Next.Top, True) &&
         TabCount() - (layout.FirstVisibleTab + layout.VisibleBarCount) > 0) {
         layout.FirstVisibleTab = Add16(layout.FirstVisibleTab, 1);
         RedrawBars();
         host_.Events().NextTabDown(layout.FirstVisibleTab);
         return;
     }
-    if (hit(seen.Menu)) {
+    if (hit(seen.Rects.Menu)) {
         decorations_.DrawMenuButton(buttons.Menu.Left, buttons.Menu.Top, True);
         state_.ButtonPressed = True;
         host_.Events().DownBarDown();

@@ -123,7 +123,12 @@ private:
     void SwitchByUser(std::int16_t& index, std::int16_t button);
     void StepForward();
     void StepBack();
-    void HitTestButtons(const ButtonRects& seen, std::int32_t x, std::int32_t y);
+    // The buttons beside the row, and the bars that hide what reaches under them.
+    struct SeenButtons {
+        ButtonRects Rects;
+        LayoutRect Bars;
+    };
+    void HitTestButtons(const SeenButtons& seen, std::int32_t x, std::int32_t y);
     void HoverCloseButton(std::int16_t tab);
     void EndCloseHover();
 

@@ -6,7 +6,7 @@
 namespace vantik {
 
 // `index` is the tab's number, `state` the look of its bar. Each draws onto the control's surface, in the variant of
-// the current orientation, over the bar (or the band) as it stands.
+// the current orientation, over the bar (or the band) as it stands; on a bar nothing leaves its room (RoomRect).
 class BarDecorations {
 public:
     virtual ~BarDecorations() = default;

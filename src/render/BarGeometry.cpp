@@ -1,5 +1,7 @@
 #include "render/BarGeometry.h"
 
+#include <algorithm>
+
 #include "base/Checked.h"
 #include "base/ErrorText.h"
 #include "base/Rounding.h"
@@ -45,6 +47,25 @@ BarPieces WithSharedEdges(const SkinRects& rects, std::uint8_t state, std::int16
     if (first) pieces.Add(PieceAt(rects, LeftPic0, state, 0));
     pieces.Add(trailing);
     return pieces;
+}
+
+// The widest of a piece's three looks.
+std::int32_t WidestOf(const SkinRects& rects, std::int32_t family) {
+    return std::max({rects[family].Width, rects[family + 1].Width, rects[family + 2].Width});
+}
+
+// How far before its own bar a trailing piece may begin.
+Checked ReachBefore(const ControlState& control) {
+    const PropertyValues& p = control.Properties;
+    const Checked length = p.TabBorder == True ? Checked(p.BarWidth) - p.TabToTab : Checked(p.BarWidth);
+    const SkinRects& rects = control.SkinRects;
+    const std::int32_t widest = std::max(WidestOf(rects, RightPic0), WidestOf(rects, Line0));
+    return std::max<std::int32_t>(widest - length, 0);
+}
+
+Checked ThicknessOf(const ControlState& control) noexcept {
+    const LayoutRect& strip = control.Layout.BarStripRect;
+    return control.Layout.IsHorizontal ? strip.Height : strip.Width;
 }
 
 constexpr std::int32_t PlainPiece = 1 << 12; // the extent of a piece
@@ -102,6 +123,7 @@ BarPieces PiecesOf(const ControlState& control, std::int16_t index, std::uint8_t
 void CheckBar(const ControlState& control, std::int16_t index, std::uint8_t state) {
     static_cast<void>(control.Tabs(index));
     const std::int32_t slot = SlotOf(control, index);
+    static_cast<void>(RowRect(control));
     static_cast<void>(BarRect(control, slot));
     for (const BarPiece& piece : PiecesOf(control, index, state)) {
         static_cast<void>(PartRect(control, slot, piece.U, piece.V, piece.Length, piece.Thickness));
@@ -120,16 +142,48 @@ bool IsVisibleSlot(const ControlState& control, std::int32_t slot) noexcept {
 }
 
 LayoutRect SlotRect(const ControlState& control, std::int32_t slot) {
-    const LayoutRect& strip = control.Layout.BarStripRect;
-    const Checked thickness = control.Layout.IsHorizontal ? strip.Height : strip.Width;
-    return PartRect(control, slot, 0, 0, control.Properties.BarWidth, thickness);
+    return PartRect(control, slot, 0, 0, control.Properties.BarWidth, ThicknessOf(control));
 }
 
 LayoutRect BarRect(const ControlState& control, std::int32_t slot) {
+    const PropertyValues& p = control.Properties;
+    return PartRect(control, slot, 0, 0, Checked(p.BarWidth) - p.TabToTab, ThicknessOf(control));
+}
+
+std::int32_t Overhang(const ControlState& control) noexcept {
+    return std::max(-std::int32_t{control.Properties.TabToTab}, 0);
+}
+
+LayoutRect RowRect(const ControlState& control) {
     const LayoutRect& strip = control.Layout.BarStripRect;
-    const Checked thickness = control.Layout.IsHorizontal ? strip.Height : strip.Width;
-    return PartRect(control, slot, 0, 0, Checked(control.Properties.BarWidth) - control.Properties.TabToTab,
-                    thickness);
+    const bool horizontal = control.Layout.IsHorizontal;
+    const std::int32_t beyond = Overhang(control);
+    return LayoutRect::FromEdges(strip.Left, strip.Top, Checked(strip.Right) + (horizontal ? beyond : 0),
+                                 Checked(strip.Bottom) + (horizontal ? 0 : beyond));
+}
+
+LayoutRect BehindStripRect(const ControlState& control) {
+    const LayoutRect &strip = control.Layout.BarStripRect, &all = control.Layout.ControlRect;
+    return control.Layout.IsHorizontal
+               ? LayoutRect::FromEdges(strip.Right, strip.Top, all.Right, strip.Bottom)
+               : LayoutRect::FromEdges(strip.Left, strip.Bottom, strip.Right, all.Bottom);
+}
+
+bool DoBarsOverlap(const ControlState& control) {
+    return Overhang(control) > 0 || ReachBefore(control) > 0 ||
+           WidestOf(control.SkinRects, LeftPic0) > control.Properties.BarWidth;
+}
+
+LayoutRect RoomRect(const ControlState& control, std::int32_t slot) {
+    const Checked length = Checked(control.Properties.BarWidth) + Overhang(control);
+    return PartRect(control, slot, 0, 0, length, ThicknessOf(control));
+}
+
+// Of all later bars the next one's trailing piece begins first.
+LayoutRect UncoveredRect(const ControlState& control, std::int32_t slot) {
+    if (slot >= control.Layout.VisibleBarCount - 1) return RoomRect(control, slot);
+    const Checked length = control.Properties.BarWidth - ReachBefore(control);
+    return PartRect(control, slot, 0, 0, length, ThicknessOf(control));
 }
 
 LayoutRect PartRect(const ControlState& control, std::int32_t slot, std::int32_t u, std::int32_t v,
@@ -158,6 +212,10 @@ bool PointInRect(float x, float y, const LayoutRect& rect) noexcept {
     // Doubles hold every edge and every coordinate exactly.
     const double px = x, py = y;
     return rect.Left <= px && px <= rect.Right && rect.Top <= py && py <= rect.Bottom;
+}
+
+bool IsPixelOf(const LayoutRect& rect, std::int32_t x, std::int32_t y) noexcept {
+    return rect.Left <= x && x < rect.Right && rect.Top <= y && y < rect.Bottom;
 }
 
 std::int32_t BarSlotAt(float x, float y, const ControlState& control) {

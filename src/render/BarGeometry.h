@@ -3,6 +3,9 @@
 // A bar has coordinates of its own: u along the strip from the bar's leading edge, v across it from the strip's outer
 // edge, as the skin is drawn for bars on top. The bottom strip is the top strip flipped, the left one is transposed,
 // the right one is turned clockwise.
+//
+// With a negative TabToTab a bar is longer than its slot and reaches under the bars behind it, which are painted later;
+// so does a piece that is longer than its bar. Nothing of a bar is painted outside the row.
 #pragma once
 
 #include <array>
@@ -54,6 +57,24 @@ bool IsVisibleSlot(const ControlState& control, std::int32_t slot) noexcept;
 LayoutRect SlotRect(const ControlState& control, std::int32_t slot);
 LayoutRect BarRect(const ControlState& control, std::int32_t slot);
 
+// How much longer than its slot a bar is: the gap when it is negative.
+std::int32_t Overhang(const ControlState& control) noexcept;
+
+// All that bars are painted on: the strip, and what the last bar reaches beyond it.
+LayoutRect RowRect(const ControlState& control);
+
+// From the strip's far end to the control's edge, as far as a row ever reaches beyond its strip.
+LayoutRect BehindStripRect(const ControlState& control);
+
+// Whether any part of a bar may lie on another bar's slot, in whatever look.
+bool DoBarsOverlap(const ControlState& control);
+
+// Where the bar's icon and close button stay: its slot, or the whole bar when that is longer.
+LayoutRect RoomRect(const ControlState& control, std::int32_t slot);
+
+// The part of that room which no later bar is painted over, in whatever look.
+LayoutRect UncoveredRect(const ControlState& control, std::int32_t slot);
+
 // The rectangle on the surface of a part of the bar in the slot. Empty at 0, 0 when TabPos names no side.
 LayoutRect PartRect(const ControlState& control, std::int32_t slot, std::int32_t u, std::int32_t v,
                     std::int32_t length, std::int32_t thickness);
@@ -63,6 +84,9 @@ LayoutRect FillBand(const ControlState& control, std::int32_t slot, std::uint8_t
 
 // All four bounds are inside.
 bool PointInRect(float x, float y, const LayoutRect& rect) noexcept;
+
+// Right and Bottom are outside.
+bool IsPixelOf(const LayoutRect& rect, std::int32_t x, std::int32_t y) noexcept;
 
 // The slot under a point that is given relative to the strip. DivisionByZero for a BarWidth of 0; Overflow.
 std::int32_t BarSlotAt(float x, float y, const ControlState& control);

@@ -39,7 +39,7 @@ void DrawEnd(pcMemDC& skin, HDC surface, std::int32_t side, const SkinRect& from
 
 void BarPainter::DrawBar(std::int16_t index, std::uint8_t state) {
     CheckBar(control_, index, state);
-    const Clip slot(host_.hDC(), SlotRect(control_, SlotOf(control_, index)));
+    const Clip row(host_.hDC(), RowRect(control_));
     DrawBarBackground(index, state);
     CaptionPainter(host_, control_, surfaces_, decorations_).DrawCaption(index, state);
     decorations_.DrawTabIcon(index, state);

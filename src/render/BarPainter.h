@@ -16,7 +16,7 @@ public:
                BarDecorations& decorations) noexcept
         : host_(host), control_(control), surfaces_(surfaces), decorations_(decorations) {}
 
-    // Over the clean underlay, inside the bar's own slot. SubscriptOutOfRange for a tab that has no record or a state
+    // Over the clean underlay, inside the row. SubscriptOutOfRange for a tab that has no record or a state
     // that has no pieces; Overflow; what the decorations raise.
     void DrawBar(std::int16_t index, std::uint8_t state);
 

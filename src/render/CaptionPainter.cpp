@@ -80,15 +80,18 @@ void CaptionPainter::DrawCaption(std::int16_t index, std::uint8_t state) {
         DrawVertical(surface, place, index, state);
 }
 
-// The letters "A" for which there is room between the ends of the bar, its icon and its close button.
+// The letters "A" for which there is room between the leading end of the bar with its icon and whatever comes first: its
+// trailing end with its close button, or the next bar.
 std::int32_t CaptionPainter::Budget(HDC surface, std::int16_t index, std::uint8_t state) const {
     const PropertyValues& p = control_.Properties;
     const SkinIcon* closeButton = CloseButtonOf(control_);
-    const Checked length = Checked(p.BarWidth) - p.TabToTab - control_.SkinRects[LeftPic0 + state].Width -
-                           control_.SkinRects[RightPic0 + state].Width;
     const std::int32_t button = closeButton ? std::max<std::int32_t>(closeButton->Width, 0) : 0;
+    const Checked start =
+        Checked(control_.SkinRects[LeftPic0 + state].Width) + decorations_.TabIconWidth(index);
+    const Checked end =
+        Checked(p.BarWidth) - p.TabToTab - control_.SkinRects[RightPic0 + state].Width - button;
     const std::int32_t unit = std::max<std::int32_t>(ExtentOf(surface, u"A").cx, 1);
-    return (length - button - decorations_.TabIconWidth(index)) / unit;
+    return (std::min<std::int32_t>(end, p.BarWidth) - start) / unit;
 }
 
 COLORREF CaptionPainter::ColourOf(std::int16_t index) const {

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 
+#include "render/BarGeometry.h"
+
 namespace vantik {
 
 namespace {
 
 constexpr std::int32_t GapBesideStrip = 8;
+constexpr std::int32_t GapBesideRow = 2; // where the last bar reaches far behind the strip
 constexpr std::int32_t GapBeforeMenu = 2;
 
 struct Extent {
@@ -65,15 +68,18 @@ struct ButtonRun {
     std::int32_t GapBeforeMenu;
 };
 
-// The gaps are as wide as there is room for them between the strip and the control's edge. Where even buttons without
-// gaps have no room on their side they stand on the other one, if that has.
-ButtonRun RunOfButtons(const Axis& axis, bool beforeStrip, Checked length) {
+// The gaps are as wide as there is room for them between the strip and the control's edge; as much as the last bar hides
+// behind the strip comes first. Where even buttons without gaps have no room on their side they stand on the other one,
+// if that has.
+ButtonRun RunOfButtons(const Axis& axis, bool beforeStrip, Checked length, std::int32_t overhang) {
     const std::int32_t before = axis.Near - length, behind = axis.End - axis.Far - length;
     if ((beforeStrip ? before : behind) < 0 && (beforeStrip ? behind : before) >= 0)
         beforeStrip = !beforeStrip;
     const std::int32_t room = beforeStrip ? Checked(before) + axis.Shift : Checked(behind) - axis.Shift;
-    const std::int32_t beforeMenu = std::clamp(room, 0, GapBeforeMenu);
-    const std::int32_t besideStrip = std::clamp(room - beforeMenu, 0, GapBesideStrip);
+    const std::int32_t hidden = beforeStrip ? 0 : std::max(overhang - std::max(axis.Shift, 0), 0);
+    const std::int32_t beforeMenu = std::clamp<std::int32_t>(Checked(room) - hidden, 0, GapBeforeMenu);
+    const std::int32_t besideStrip = std::clamp<std::int32_t>(
+        Checked(room) - beforeMenu, 0, std::max(GapBesideStrip, hidden + GapBesideRow));
     const Checked whole = length + beforeMenu;
     const Checked start = beforeStrip ? axis.Near - besideStrip - whole : axis.Far + besideStrip;
     return {ShiftedInside(axis, start, whole), beforeMenu};
@@ -127,8 +133,8 @@ ButtonRects NavButtonRects(const ControlState& control) {
     const Extent menu = ExtentOf(icons.At(icons.MenuBarIcon));
     const Checked length =
         Checked(previous.Along(horizontal)) + next.Along(horizontal) + menu.Along(horizontal);
-    const auto [start, gapBeforeMenu] =
-        RunOfButtons(AxisOf(control, horizontal), control.Properties.TabBarPos == TabRight, length);
+    const auto [start, gapBeforeMenu] = RunOfButtons(
+        AxisOf(control, horizontal), control.Properties.TabBarPos == TabRight, length, Overhang(control));
     const auto place = [&](Checked along, const Extent& extent) {
         const Checked across =
             PositionAcross(control, AxisOf(control, !horizontal), extent.Along(!horizontal));

@@ -29,6 +29,8 @@ LayoutRect CloseButtonRect(const ControlState& control, std::int32_t slot);
 // enough they reach under the row.
 struct ButtonRects {
     LayoutRect Previous, Next, Menu;
+
+    friend bool operator==(const ButtonRects&, const ButtonRects&) = default;
 };
 ButtonRects NavButtonRects(const ControlState& control);
 

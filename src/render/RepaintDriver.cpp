@@ -69,16 +69,21 @@ void RepaintDriver::PaintForeground() {
 }
 
 void RepaintDriver::PaintBars() {
-    frame_.PaintUnderlay(control_.Layout.BarStripRect);
+    frame_.PaintUnderlay(RowRect(control_));
     DrawBars();
 }
 
-// Over the clean underlay. Drawing a decoration may run code of the host, so the state is read anew for each bar.
 void RepaintDriver::DrawBars() {
+    DrawBars([this](std::int16_t tab) { return control_.StateOf(tab); });
+}
+
+// Over the clean underlay. Drawing a decoration may run code of the host, so the state is read anew for each bar.
+template <class StateOf>
+void RepaintDriver::DrawBars(StateOf stateOf) {
     if (control_.Properties.TabCount < 1) return;
     for (std::int16_t i = 0; i < control_.Layout.VisibleBarCount; ++i) {
         const std::int16_t tab = Add16(control_.Layout.FirstVisibleTab, i);
-        bars_.DrawBar(tab, control_.StateOf(tab));
+        bars_.DrawBar(tab, stateOf(tab));
     }
 }
 
@@ -86,15 +91,20 @@ void RepaintDriver::RedrawBar(std::int16_t index, std::uint8_t state) {
     const std::int32_t slot = SlotOf(control_, index);
     if (!IsVisibleSlot(control_, slot)) return;
     CheckBar(control_, index, state);
-    const LayoutRect area = SlotRect(control_, slot);
+    const bool overlap = DoBarsOverlap(control_);
+    const LayoutRect area = overlap ? RowRect(control_) : SlotRect(control_, slot);
     frame_.PaintUnderlay(area);
-    bars_.DrawBar(index, state);
+    if (overlap)
+        DrawBars([&](std::int16_t tab) { return tab == index ? BarState(state) : control_.StateOf(tab); });
+    else
+        bars_.DrawBar(index, state);
     Invalidate(area);
 }
 
-// The edges run under the buttons and the corners, which therefore follow. The picture lies between the edges: a new one
+// Bars that were longer before leave nothing behind the strip. The edges run under the buttons and the corners, which therefore follow. The picture lies between the edges: a new one
 // shows at the next full repaint, as always.
 void RepaintDriver::RepaintFrame() {
+    frame_.PaintUnderlay(BehindStripRect(control_));
     frame_.PaintFrame();
     frame_.PaintCornerPieces();
     decorations_.DrawNavButtons();
@@ -105,7 +115,7 @@ void RepaintDriver::InvalidateAll() { Invalidate(control_.Layout.ControlRect); }
 
 // Without tabs the strip is restored, but not shown again.
 void RepaintDriver::InvalidateBars() {
-    if (control_.Properties.TabCount > 0) Invalidate(control_.Layout.BarStripRect);
+    if (control_.Properties.TabCount > 0) Invalidate(RowRect(control_));
 }
 
 void RepaintDriver::Invalidate(const LayoutRect& area) {

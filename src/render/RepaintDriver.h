@@ -31,11 +31,12 @@ public:
     // After anything that moves or resizes: layout, background, frame, picture, corners, bars, buttons.
     void RepaintAll();
 
-    // After anything that changes only the look of bars: restores what lies under the strip, draws every visible bar and
-    // invalidates the strip.
+    // After anything that changes only the look of bars: restores what lies under the row, draws every visible bar and
+    // invalidates the row, which is the strip unless bars reach beyond it.
     void RedrawBars();
 
-    // The one bar over its clean underlay; invalidates only that bar. A bar outside the visible row draws nothing.
+    // The one bar over its clean underlay; invalidates only that bar. Where bars overlap, the whole row is drawn with it,
+    // so that no bar shows half of what it is by now. A bar outside the visible row draws nothing.
     void RedrawBar(std::int16_t index, std::uint8_t state);
 
     // The frame's edges and what lies over them (not the picture) but for the bars, which the caller redraws next.
@@ -55,6 +56,8 @@ private:
     Boolean IsHorizontal() const noexcept;
     void PaintForeground();
     void DrawBars();
+    template <class StateOf>
+    void DrawBars(StateOf stateOf);
     void Invalidate(const LayoutRect& area);
 
     UserControl& host_;

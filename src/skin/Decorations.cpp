@@ -17,8 +17,8 @@ namespace {
 // What is copied from a cached tab icon, whatever its size: of a larger one only a part is seen again.
 constexpr std::int32_t CachedTabIconExtent = 20;
 
-LayoutRect SlotOfTab(const ControlState& state, std::int16_t index) {
-    return SlotRect(state, SlotOf(state, index));
+LayoutRect RoomOfTab(const ControlState& state, std::int16_t index) {
+    return RoomRect(state, SlotOf(state, index));
 }
 
 LayoutRect RectAt(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
@@ -27,12 +27,12 @@ LayoutRect RectAt(std::int32_t x, std::int32_t y, std::int32_t width, std::int32
 
 } // namespace
 
-// Stays inside the bar's slot, so that repainting the bar takes all of the icon away.
+// Stays on its own bar, so that repainting the bar takes all of the icon away.
 PixelBlock Decorations::DrawOnBar(std::int16_t index, std::int16_t icon, std::uint8_t slot, IconStyle style,
                                   const LayoutRect& place) {
     const SkinIcon& entry = *state_.SkinIcons.At(icon);
     const LayoutRect whole = RectAt(place.Left, place.Top, entry.Width, entry.Height);
-    const LayoutRect room = SlotOfTab(state_, index);
+    const LayoutRect room = RoomOfTab(state_, index);
     std::optional<Clip> clip; // only for icons that do not fit their bar
     if (Intersection(whole, room) != whole) clip.emplace(host_.hDC(), room);
     PixelBlock beneath = icons_.Read(place.Left, place.Top, place.Width, place.Height);
@@ -97,10 +97,16 @@ void Decorations::RedrawCloseButton(std::int16_t index, std::uint8_t& state, std
         TakeCloseButtonSlot(state, flag);
         return;
     }
+    const PixelBlock& beneath = underlay->Pixels;
+    const PixelBlock shown = icons_.Read(beneath.X, beneath.Y, beneath.Width, beneath.Height);
     {
-        const Clip clip(host_.hDC(), SlotOfTab(state_, index));
-        icons_.Restore(underlay->Pixels);
+        const Clip clip(host_.hDC(), RoomOfTab(state_, index));
+        icons_.Restore(beneath);
         DrawCloseButton(index, state, flag);
+    }
+    {
+        const ClipOutside clip(host_.hDC(), UncoveredRect(state_, SlotOf(state_, index)));
+        icons_.Restore(shown); // later bars stay in front
     }
     host_.Refresh();
 }

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "model/ControlState.h"
 #include "platform/UserControl.h"
 #include "render/BarDecorations.h"
+#include "render/DecorationGeometry.h"
 #include "render/Surfaces.h"
 #include "skin/IconPainter.h"
 #include "skin/StateCodes.h"
@@ -61,12 +63,14 @@ private:
     static IconStyle MenuStyle(Boolean pressed) noexcept;
     bool DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, IconStyle style);
     bool ShowButton(bool pressed);
+    void EraseButtonsThatMoveTo(const ButtonRects& rects);
 
     UserControl& host_;
     ControlState& state_;
     Surfaces& surfaces_;
     IconPainter icons_;
-    std::vector<Underlay> underlays_; // by slot, for the bars that were painted last
+    std::vector<Underlay> underlays_;         // by slot, for the bars that were painted last
+    std::optional<ButtonRects> shownButtons_; // where they were drawn last
 };
 
 } // namespace vantik

@@ -1,9 +1,10 @@
 // The previous, next and menu buttons beside the row of bars.
 #include <algorithm>
-#include <optional>
+#include <utility>
 
 #include "base/Checked.h"
-#include "gfx/Handles.h"
+#include "gfx/Clip.h"
+#include "render/BarGeometry.h"
 #include "render/DecorationGeometry.h"
 #include "render/FrameGeometry.h"
 #include "render/FramePainter.h"
@@ -22,18 +23,6 @@ IconStyle StyleOf(bool greyed, Boolean pressed) noexcept {
 std::int16_t DirectOf(const PropertyValues& properties) noexcept {
     return properties.TabPos == WindowLeft || properties.TabPos == WindowRight ? 270 : 0;
 }
-
-class BesideStrip {
-public:
-    BesideStrip(HDC dc, const LayoutRect& strip, const LayoutRect& area) {
-        if (IsEmpty(Intersection(strip, area))) return;
-        saved_.emplace(dc);
-        ExcludeClipRect(dc, strip.Left, strip.Top, strip.Right, strip.Bottom);
-    }
-
-private:
-    std::optional<SavedDC> saved_;
-};
 
 void Invalidate(HWND window, const LayoutRect& area) {
     const RECT rect = {area.Left, area.Top, area.Right, area.Bottom};
@@ -54,9 +43,9 @@ IconStyle Decorations::NextStyle(Boolean pressed) const noexcept {
 
 IconStyle Decorations::MenuStyle(Boolean pressed) noexcept { return StyleOf(false, pressed); }
 
-// Mixed over the clean underlay, so that drawing it again and again changes nothing. Where a shift takes a button over
-// the strip, the bars stay in front: they are repainted without the buttons. What a picture of another size has left goes
-// with its place.
+// Mixed over the clean underlay, so that drawing it again and again changes nothing. Where a button reaches into the
+// row, the bars stay in front: they are repainted without the buttons. What a picture of another size has left goes with
+// its place.
 bool Decorations::DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, IconStyle style) {
     SkinIcon* icon = state_.SkinIcons.At(role);
     if (!icon) return false;
@@ -65,7 +54,7 @@ bool Decorations::DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, 
     const LayoutRect area = LayoutRect::FromEdges(x, y, Checked(x) + std::max(oldWidth, icon->Width),
                                                   Checked(y) + std::max(oldHeight, icon->Height));
     {
-        const BesideStrip clip(host_.hDC(), state_.Layout.BarStripRect, area);
+        const ClipOutside besideRow(host_.hDC(), RowRect(state_));
         FramePainter(host_, state_, surfaces_).PaintUnderlay(area);
         const PixelBlock beneath = icons_.Read(x, y, icon->Width, icon->Height);
         if (isReadable) icons_.Draw(role, 0, style, beneath, DirectOf(state_.Properties));
@@ -93,8 +82,22 @@ bool Decorations::DrawMenuButton(std::int32_t x, std::int32_t y, Boolean pressed
     return ShowButton(DrawButton(state_.SkinIcons.MenuBarIcon, x, y, MenuStyle(pressed)));
 }
 
+// A longer or a shorter bar at the row's end pushes them aside without anything else being repainted.
+void Decorations::EraseButtonsThatMoveTo(const ButtonRects& rects) {
+    const std::optional<ButtonRects> old = std::exchange(shownButtons_, rects);
+    if (!old || *old == rects) return;
+    const ClipOutside besideRow(host_.hDC(), RowRect(state_));
+    for (const LayoutRect& rect : {old->Previous, old->Next, old->Menu}) {
+        const LayoutRect area =
+            LayoutRect::FromEdges(rect.Left, rect.Top, Checked(rect.Right) + 1, Checked(rect.Bottom) + 1);
+        FramePainter(host_, state_, surfaces_).PaintUnderlay(area);
+        Invalidate(host_.hWnd(), area);
+    }
+}
+
 void Decorations::DrawNavButtons() {
     const ButtonRects rects = NavButtonRects(state_);
+    EraseButtonsThatMoveTo(rects);
     const SkinIcons& icons = state_.SkinIcons;
     DrawButton(icons.LeftButtonIcon, rects.Previous.Left, rects.Previous.Top, PrevStyle(False));
     DrawButton(icons.RightButtonIcon, rects.Next.Left, rects.Next.Top, NextStyle(False));

@@ -241,6 +241,21 @@ TEST_CASE("a press tests the row buttons where they were seen, whatever it did b
     CHECK(g.Control.ActiveTab() == 2);
 }
 
+TEST_CASE("a press on a bar presses no row button that reaches under the bar") {
+    DrivenControl f(12);
+    f.Control.Let<std::int16_t>(Property::NavBtnXjust, -40); // moves all three towards the row
+    const std::int32_t last = f.State().Layout.VisibleBarCount - 1;
+    const LayoutRect strip = f.State().Layout.BarStripRect, menu = f.Buttons().Menu;
+    REQUIRE(menu.Left < strip.Right);
+    REQUIRE(menu.Right > strip.Right);
+    f.Log();
+    f.Press(menu.Left, menu.Top); // seen there is the last bar
+    const std::string tab = std::to_string(last);
+    CHECK(f.Log() == "TabMove " + tab + "; TabDown " + tab + " 1");
+    f.Press(menu.Right, menu.Top);
+    CHECK(f.Log() == "DownBarDown");
+}
+
 TEST_CASE("a row button that moved is shown pressed where it lies now") {
     DrivenControl f(4), other(3);
     f.MoveTo(f.Close(3));

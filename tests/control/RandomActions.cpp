@@ -20,7 +20,7 @@ constexpr Choice Choices[] = {
     {Property::CaptionColor0, 0, 99}, {Property::CaptionXjust, -5, 30}, {Property::CaptionYjust, -3, 5},
     {Property::IcoXjust, -2, 5},      {Property::IcoYjust, -3, 3},      {Property::DelButton, -1, 0},
     {Property::DelBtnXJust, -4, 4},   {Property::DelBtnYJust, -3, 3},   {Property::NavBtnXjust, 0, 8},
-    {Property::NavBtnYjust, 0, 8},    {Property::TabToTab, 0, 6},       {Property::TabBorder, -1, 0},
+    {Property::NavBtnYjust, 0, 8},    {Property::TabToTab, -12, 6},     {Property::TabBorder, -1, 0},
     {Property::FrameDist, 0, 12},
 };
 

@@ -176,6 +176,28 @@ TEST_CASE("before the buttons would leave the control their gaps shrink, that be
     CHECK(above(43) == "0 42");
 }
 
+TEST_CASE("what the last bar hides behind the strip is kept free for as long as there is room") {
+    ControlState c = Row(Windowtop);
+    const auto placed = [&](std::int16_t gap, std::int32_t extent, std::int16_t shift = 0) {
+        c.Properties.TabToTab = gap;
+        c.Properties.NavBtnXjust = shift;
+        c.Layout.ControlRect = LayoutRect::FromEdges(0, 0, extent, 100);
+        const ButtonRects rects = NavButtonRects(c);
+        return std::to_string(rects.Previous.Left - 126) + " " +
+               std::to_string(rects.Menu.Left - rects.Next.Right - 1);
+    };
+    CHECK(placed(-6, 300) == "8 2");
+    CHECK(placed(-16, 300) == "18 2");
+    CHECK(placed(-16, 177) == "16 2"); // 51 pixels for the 33 of the buttons
+    CHECK(placed(-16, 176) == "16 1");
+    CHECK(placed(-16, 174) == "15 0");
+    CHECK(placed(-16, 300, 10) == "18 2"); // the shift counts
+    CHECK(placed(-16, 300, 30) == "38 2");
+    c.Properties.TabBarPos = TabRight; // nothing is hidden before the strip
+    c.Layout.BarStripRect = LayoutRect::FromEdges(80, 3, 126, 25);
+    CHECK(placed(-16, 300) == "-89 2");
+}
+
 TEST_CASE("buttons that have no room on their side of the strip stand on the other one") {
     ControlState c = Row(Windowtop);
     c.Layout.BarStripRect = LayoutRect::FromEdges(80, 3, 280, 25);

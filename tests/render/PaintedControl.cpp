@@ -113,12 +113,15 @@ private:
             }
     }
 
-    // A pixel of a bar as it is drawn for the top, turned to its side; a bar stays inside its slot.
+    // A pixel of a bar as it is drawn for the top, turned to its side. It stays inside the strip, but where bars are longer
+    // than their slots the last one has its end behind it.
     void Plot(std::int32_t slot, std::int32_t u, std::int32_t v, std::uint32_t colour) {
         const LayoutRect& strip = state_.Layout.BarStripRect;
-        const std::int32_t width = state_.Properties.BarWidth, along = slot * width + u;
+        const std::int32_t along = slot * state_.Properties.BarWidth + u;
+        const std::int32_t length = state_.Layout.IsHorizontal ? strip.Width : strip.Height;
         const std::int32_t thickness = state_.Layout.IsHorizontal ? strip.Height : strip.Width;
-        if (u < 0 || u >= width || v < 0 || v >= thickness) return;
+        const std::int32_t gap = state_.Properties.TabToTab;
+        if (along < 0 || along >= length + (gap < 0 ? -gap : 0) || v < 0 || v >= thickness) return;
         switch (state_.Properties.TabPos) {
         case Windowtop: return picture_.Set(strip.Left + along, strip.Top + v, colour);
         case WindowBottom: return picture_.Set(strip.Left + along, strip.Bottom - 1 - v, colour);
@@ -146,7 +149,8 @@ void FakeDecorations::DrawCloseButton(std::int16_t index, std::uint8_t& state, s
     Note("close " + std::to_string(index) + " " + std::to_string(state) + " " + std::to_string(flag));
     state = 5;
     flag = 7;
-    Square(index, control_.Properties.BarWidth - 2, RGB(200, 0, 0)); // sticks out of its slot
+    const std::int32_t gap = control_.Properties.TabToTab;
+    Square(index, control_.Properties.BarWidth - gap - 2, RGB(200, 0, 0)); // more than there is room for
 }
 
 void FakeDecorations::DrawNavButtons() { Note("buttons"); }
@@ -160,9 +164,13 @@ std::string FakeDecorations::TakeLog() { return std::exchange(log_, {}); }
 
 void FakeDecorations::Square(std::int16_t index, std::int32_t u, COLORREF colour) {
     if (!Paints) return;
-    const LayoutRect at = PartRect(control_, SlotOf(control_, index), u, 4, 5, 5);
-    for (std::int32_t y = at.Top; y < at.Bottom; ++y)
-        for (std::int32_t x = at.Left; x < at.Right; ++x) SetPixelV(host_.hDC(), x, y, colour);
+    const PropertyValues& p = control_.Properties;
+    const std::int32_t end = std::max<std::int32_t>(p.BarWidth, p.BarWidth - p.TabToTab);
+    for (std::int32_t i = std::max(0, -u); i < 5 && u + i < end; ++i) {
+        const LayoutRect at = PartRect(control_, SlotOf(control_, index), u + i, 4, 1, 5);
+        for (std::int32_t y = at.Top; y < at.Bottom; ++y)
+            for (std::int32_t x = at.Left; x < at.Right; ++x) SetPixelV(host_.hDC(), x, y, colour);
+    }
 }
 
 PaintedControl::PaintedControl(std::int32_t width, std::int32_t height, bool withWindow)
@@ -183,15 +191,17 @@ void PaintedControl::MakeSkin(std::uint32_t seed, SkinWish wish) {
 
     std::int32_t x = 0;
     const auto cut = [&](std::int32_t index, std::int32_t width, std::int32_t height) {
-        const std::int32_t top = between(0, 8);
+        const std::int32_t top = between(0, SkinHeight - height);
         State.SkinRects[index] = {x, top, x + width - 1, top + height - 1, width, height};
         x += width;
     };
+    const std::int32_t tall = wish.Unusual ? 30 : 22,
+                       wide = wish.Unusual ? 20 : 6; // the strip's thickness is 22
     for (std::int32_t s = 0; s < 3; ++s) {
-        cut(FillPic0 + s, 1, between(14, 22));
-        cut(LeftPic0 + s, between(1, 6), between(12, 22));
-        cut(RightPic0 + s, between(1, 6), between(12, 22));
-        cut(Line0 + s, between(1, 2), between(12, 22));
+        cut(FillPic0 + s, 1, between(14, tall));
+        cut(LeftPic0 + s, between(1, wide), between(12, tall));
+        cut(RightPic0 + s, between(1, wide), between(12, tall));
+        cut(Line0 + s, between(1, 2), between(12, tall));
     }
     cut(FBackPic, 1, 1);
     Skin.Set(State.SkinRects[FBackPic].Left, State.SkinRects[FBackPic].Top, 0x336699);
@@ -232,12 +242,12 @@ RandomControl::RandomControl(std::uint32_t seed) : Random(seed), Painted(Between
     p.TabBarPos = Between(0, 3);
     p.TabBorder = Chance(50) ? True : False;
     p.BarWidth = Small(1, 40);
-    p.TabToTab = Chance(30) ? Small(0, 5) : std::int16_t{0};
+    p.TabToTab = Chance(50) ? Small(-25, 5) : std::int16_t{0};
     p.FrameDist = Chance(30) ? Small(0, 9) : std::int16_t{0};
     p.TabBarPosXJust = Chance(30) ? Small(-9, 9) : std::int16_t{0};
     p.TabBarPosYJust = Chance(30) ? Small(-9, 9) : std::int16_t{0};
     Painted.State.Layout.FirstVisibleTab = Small(0, 8);
-    Painted.MakeSkin(Random());
+    Painted.MakeSkin(Random(), {.Unusual = Chance(40)});
     if (Chance(30)) {
         Painted.Picture = Patterned(Between(1, 250), Between(1, 250), Random());
         for (std::uint32_t& value : Painted.Picture.Values)

@@ -39,6 +39,7 @@ private:
 // key colour.
 struct SkinWish {
     bool PlainFrame = false; // edges of one colour and one pixel, and no corners
+    bool Unusual = false;    // pieces that may be longer than their bar and taller than the strip
 };
 
 struct PaintedControl {

@@ -1,6 +1,7 @@
 // The laws of painting, each over many random states. A failure prints the seed of its state.
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "render/BarGeometry.h"
@@ -24,9 +25,34 @@ void ForRandomStates(Law law) {
     }
 }
 
-Pixels Strip(const PaintedControl& painted) {
-    const LayoutRect& r = painted.State.Layout.BarStripRect;
-    return painted.Read().Cut(r.Left, r.Top, r.Width, r.Height);
+// The strip, and behind its far end what bars are longer than their slots.
+RECT RowOf(const ControlState& state) {
+    const LayoutRect& strip = state.Layout.BarStripRect;
+    RECT row = {strip.Left, strip.Top, strip.Right, strip.Bottom};
+    const std::int16_t gap = state.Properties.TabToTab;
+    if (gap < 0) (state.Layout.IsHorizontal ? row.right : row.bottom) -= gap;
+    return row;
+}
+
+Pixels Row(const PaintedControl& painted) {
+    const RECT r = RowOf(painted.State);
+    return painted.Read().Cut(r.left, r.top, r.right - r.left, r.bottom - r.top);
+}
+
+// How far along the strip the bar of a slot may reach, from its slot's leading edge.
+struct Reach {
+    std::int32_t From, To;
+};
+Reach ReachOf(const ControlState& state) {
+    const PropertyValues& p = state.Properties;
+    const std::int32_t length = p.TabBorder == True ? p.BarWidth - p.TabToTab : p.BarWidth;
+    Reach reach = {0, std::max<std::int32_t>(p.BarWidth, p.BarWidth - p.TabToTab)};
+    for (std::int32_t s = 0; s < 3; ++s) {
+        for (const std::int32_t trailing : {RightPic0 + s, Line0 + s})
+            reach.From = std::min(reach.From, length - state.SkinRects[trailing].Width);
+        reach.To = std::max(reach.To, state.SkinRects[LeftPic0 + s].Width);
+    }
+    return reach;
 }
 
 } // namespace
@@ -84,7 +110,7 @@ TEST_CASE("after a change of one tab's looks, redrawing its bar equals a full re
     });
 }
 
-TEST_CASE("redrawing the bars paints nothing outside the strip") {
+TEST_CASE("redrawing the bars paints nothing outside the strip and what the last bar reaches behind it") {
     ForRandomStates([](RandomControl& random, PaintedControl& painted) {
         random.RandomTabs(true);
         painted.Decorations.Paints = true;
@@ -94,20 +120,21 @@ TEST_CASE("redrawing the bars paints nothing outside the strip") {
         painted.Host.Write(expected);
         painted.Driver.RedrawBars();
         const Pixels after = painted.Read();
-        const LayoutRect& strip = painted.State.Layout.BarStripRect;
-        for (std::int32_t y = strip.Top; y < strip.Bottom; ++y)
-            for (std::int32_t x = strip.Left; x < strip.Right; ++x) expected.Set(x, y, after.At(x, y));
+        const RECT row = RowOf(painted.State);
+        for (std::int32_t y = row.top; y < row.bottom; ++y)
+            for (std::int32_t x = row.left; x < row.right; ++x) expected.Set(x, y, after.At(x, y));
         REQUIRE(Difference(after, expected) == "same");
     });
 }
 
 TEST_CASE(
-    "the bottom strip is the top strip flipped, the left one is transposed, the right one turned clockwise") {
+    "the row on the bottom is the top strip flipped, the left one is transposed, the right one turned "
+    "clockwise") {
     ForRandomStates([](RandomControl& random, PaintedControl& painted) {
         ControlState& state = painted.State;
         painted.Host.Resize(220, 220);
         painted.Surfaces.Picture = nullptr;
-        painted.MakeSkin(random.Random(), {.PlainFrame = true});
+        painted.MakeSkin(random.Random(), {.PlainFrame = true, .Unusual = random.Chance(40)});
         random.RandomTabs(false);
         state.Properties.TabBarPos = TabMiddle;
         state.Properties.FrameDist = 0;
@@ -115,19 +142,19 @@ TEST_CASE(
 
         state.Properties.TabPos = Windowtop;
         painted.Driver.RepaintAll();
-        const Pixels top = Strip(painted);
+        const Pixels top = Row(painted);
         const std::int32_t thickness = top.Height;
         const auto turned = [&](std::int32_t side, auto topPixelOf) {
             state.Properties.TabPos = side;
             painted.Driver.RepaintAll();
-            const Pixels strip = Strip(painted);
-            Pixels expected(strip.Width, strip.Height);
-            for (std::int32_t y = 0; y < strip.Height; ++y)
-                for (std::int32_t x = 0; x < strip.Width; ++x) {
+            const Pixels row = Row(painted);
+            Pixels expected(row.Width, row.Height);
+            for (std::int32_t y = 0; y < row.Height; ++y)
+                for (std::int32_t x = 0; x < row.Width; ++x) {
                     const POINT from = topPixelOf(x, y);
                     expected.Set(x, y, top.At(from.x, from.y));
                 }
-            return Difference(strip, expected);
+            return Difference(row, expected);
         };
         REQUIRE(turned(WindowBottom, [&](int x, int y) { return POINT{x, thickness - 1 - y}; }) == "same");
         REQUIRE(turned(WindowLeft, [&](int x, int y) { return POINT{y, x}; }) == "same");
@@ -135,7 +162,7 @@ TEST_CASE(
     });
 }
 
-TEST_CASE("every painted bar pixel hits that bar") {
+TEST_CASE("every painted bar pixel hits that bar, or a bar that it reaches under or over") {
     ForRandomStates([](RandomControl& random, PaintedControl& painted) {
         random.RandomTabs(false);
         painted.Driver.RepaintAll();
@@ -148,14 +175,21 @@ TEST_CASE("every painted bar pixel hits that bar") {
         painted.Driver.RedrawBar(tab, state.StateOf(tab) == BarNormal ? BarActive : BarNormal);
         const Pixels after = painted.Read();
         const LayoutRect& strip = state.Layout.BarStripRect;
+        const RECT row = RowOf(state);
+        const Reach reach = ReachOf(state);
+        const bool isAlone = reach.From == 0 && reach.To == state.Properties.BarWidth;
+        const std::int32_t start = slot * state.Properties.BarWidth;
         int wrong = 0;
         for (std::int32_t y = 0; y < after.Height; ++y)
             for (std::int32_t x = 0; x < after.Width; ++x) {
                 if (after.At(x, y) == before.At(x, y)) continue;
                 const auto px = static_cast<float>(x), py = static_cast<float>(y);
-                if (!PointInRect(px, py, strip) ||
-                    BarSlotAt(px - float(strip.Left), py - float(strip.Top), state) != slot)
-                    ++wrong;
+                const float fromLeft = px - float(strip.Left), fromTop = py - float(strip.Top);
+                const std::int32_t along = state.Layout.IsHorizontal ? x - strip.Left : y - strip.Top;
+                const bool hits = PointInRect(px, py, strip) && BarSlotAt(fromLeft, fromTop, state) == slot;
+                const bool reaches =
+                    PtInRect(&row, {x, y}) && along >= start + reach.From && along < start + reach.To;
+                if (isAlone ? !hits : !reaches) ++wrong;
             }
         REQUIRE(wrong == 0);
     });

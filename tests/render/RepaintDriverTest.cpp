@@ -87,6 +87,33 @@ TEST_CASE("a bars-only repaint invalidates the strip alone") {
     CHECK(row.Host.TakeLog() == "Cls"); // the full repaint's own
 }
 
+namespace {
+
+// Leaves erasing to who paints, so that BeginPaint says whether it was asked for.
+LRESULT CALLBACK ErasesNothing(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return message == WM_ERASEBKGND ? 0 : DefWindowProcW(window, message, wParam, lParam);
+}
+
+} // namespace
+
+TEST_CASE("whatever is repainted, the window is told to erase it first") {
+    Row row(true);
+    SetWindowLongPtrW(row.Host.hWnd(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ErasesNothing));
+    const auto asksToErase = [&] {
+        PAINTSTRUCT paint;
+        BeginPaint(row.Host.hWnd(), &paint);
+        EndPaint(row.Host.hWnd(), &paint);
+        return paint.fErase != FALSE;
+    };
+    row.Driver.RepaintAll();
+    CHECK(asksToErase());
+    CHECK_FALSE(asksToErase()); // nothing is left to paint
+    row.Driver.RedrawBars();
+    CHECK(asksToErase());
+    row.Driver.RedrawBar(1, BarNormal);
+    CHECK(asksToErase());
+}
+
 TEST_CASE("a bars-only repaint without tabs invalidates nothing") {
     Row row(true);
     row.AddTabs(0);
@@ -107,6 +134,98 @@ TEST_CASE("a single-bar redraw draws and invalidates only that bar") {
     CHECK(row.Decorations.TakeLog() == "icon 1 2; close 1 0 0");
     row.State.Properties.ActiveTab = 1;
     CHECK(Difference(row.Read(), row.Expected()) == "same");
+}
+
+namespace {
+
+// Overlapping bars with edges of their own, in different looks.
+struct OverlappingRow : Row {
+    explicit OverlappingRow(std::int32_t side) : Row(true) {
+        State.Properties.TabPos = side;
+        State.Properties.TabBorder = True;
+        State.Properties.TabToTab = -6;
+        State.Properties.ActiveTab = 1;
+        Driver.RepaintAll();
+        Host.TakeInvalidated();
+    }
+    std::string RowText() const {
+        LayoutRect row = State.Layout.BarStripRect;
+        (State.Layout.IsHorizontal ? row.Right : row.Bottom) += 6;
+        const auto n = [](std::int32_t value) { return std::to_string(value); };
+        return n(row.Left) + "," + n(row.Top) + "," + n(row.Right) + "," + n(row.Bottom);
+    }
+};
+
+constexpr std::int32_t Sides[] = {WindowLeft, WindowRight, Windowtop, WindowBottom};
+
+} // namespace
+
+TEST_CASE(
+    "bars with a negative gap overlap, a later one over the one before, and the last one keeps its end") {
+    for (const std::int32_t side : Sides) {
+        CAPTURE(side);
+        OverlappingRow row(side);
+        CHECK(Difference(row.Read(), row.Expected()) == "same");
+        row.Driver.RedrawBars();
+        CHECK(Difference(row.Read(), row.Expected()) == "same");
+    }
+    OverlappingRow row(Windowtop);
+    const std::int32_t end = row.State.Layout.BarStripRect.Right + 6;
+    const SkinRect& piece = row.State.SkinRects[RightPic0];
+    int seen = 0;
+    for (std::int32_t y = 0; y < piece.Height; ++y) {
+        const std::uint32_t pixel = row.Skin.At(piece.Right, piece.Top + y);
+        const std::int32_t at = row.State.SkinRects[RightPic0 + 2].Height - piece.Height + y;
+        if (pixel != 0xFF00FF && at >= 0 && at < 22) seen += row.Read().At(end - 1, at) == pixel;
+    }
+    CHECK(seen > 5);
+}
+
+TEST_CASE(
+    "a bars-only repaint of overlapping bars invalidates the strip and what the last one reaches behind it") {
+    for (const std::int32_t side : Sides) {
+        CAPTURE(side);
+        OverlappingRow row(side);
+        row.Driver.RedrawBars();
+        CHECK(row.Host.TakeInvalidated() == row.RowText());
+    }
+}
+
+TEST_CASE("a single-bar redraw among overlapping bars keeps those over it over it, and invalidates the row") {
+    for (const std::int32_t side : Sides) {
+        CAPTURE(side);
+        OverlappingRow row(side);
+        row.State.Properties.ActiveTab = -1;
+        row.Driver.RedrawBar(1, BarNormal);
+        CHECK(Difference(row.Read(), row.Expected()) == "same");
+        CHECK(row.Host.TakeInvalidated() == row.RowText());
+        row.Driver.RedrawBar(1, BarHover);
+        row.State.HoverTab = 1;
+        CHECK(Difference(row.Read(), row.Expected()) == "same");
+    }
+}
+
+TEST_CASE("bars that become shorter leave nothing behind the strip") {
+    for (const std::int32_t side : Sides) {
+        CAPTURE(side);
+        OverlappingRow row(side);
+        row.State.Properties.TabToTab = 0;
+        row.Driver.RepaintFrame(); // what follows an assignment of TabToTab
+        row.Driver.RedrawBars();
+        CHECK(Difference(row.Read(), row.Expected()) == "same");
+    }
+}
+
+TEST_CASE("pieces taller than the strip end at its edges") {
+    for (const std::int32_t side : Sides) {
+        CAPTURE(side);
+        OverlappingRow row(side);
+        row.MakeSkin(7, {.Unusual = true});
+        row.Driver.RepaintAll();
+        CHECK(Difference(row.Read(), row.Expected()) == "same");
+        row.Driver.RedrawBar(1, BarActive);
+        CHECK(Difference(row.Read(), row.Expected()) == "same");
+    }
 }
 
 TEST_CASE("a single-bar redraw of a bar outside the visible row draws nothing") {

@@ -1,6 +1,7 @@
 // Laws of painting with decorations, over random states.
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "render/BarGeometry.h"
@@ -41,8 +42,8 @@ void Shuffle(SkinnedControl& control, Dice& dice) {
     PropertyValues& p = control.State.Properties;
     p.TabPos = dice.From(WindowLeft, WindowBottom);
     p.TabBarPos = dice.From(TabLeft, TabCustom);
-    p.BarWidth = dice.From(14, 70);
-    p.TabToTab = Seldom(dice, -2, 6);
+    p.BarWidth = dice.Once(5) ? dice.From(3, 13) : dice.From(14, 70);
+    p.TabToTab = dice.Once(2) ? dice.From(-30, 6) : std::int16_t{0};
     p.TabBorder = dice.Once(2) ? True : False;
     p.FrameDist = dice.From(0, 4);
     p.DelButton = dice.Once(4) ? False : True;
@@ -70,9 +71,10 @@ void ShuffleLooks(SkinnedControl& control, Dice& dice) {
     }
 }
 
-// A control with the icons that the looks name; its skin's pieces are of unequal heights.
+// A control with the icons that the looks name; its skin's pieces are of unequal heights, half of them unusual.
 struct ChanceControl : SkinnedControl {
     explicit ChanceControl(Dice& dice) : SkinnedControl(dice.Seed()) {
+        if (dice.Once(2)) CutUnusualPieces(dice.Seed());
         AddButtons();
         AddIcon(u"SUN", RandomIcon(16, 16, dice.Seed()));
         AddIcon(u"TALL", RandomIcon(6, 20, dice.Seed()));
@@ -98,6 +100,22 @@ void ForRandomStates(Law law) {
             law(control, dice);
         }
     }
+}
+
+// The part of a bar's room that no later bar is painted over: these begin with their slots, or with a trailing piece that
+// is longer than its bar.
+RECT FreeOfLaterBars(const SkinnedControl& control, std::int16_t tab) {
+    const ControlState& state = control.State;
+    const PropertyValues& p = state.Properties;
+    const bool isLast = tab == state.Layout.FirstVisibleTab + state.Layout.VisibleBarCount - 1;
+    if (isLast) return control.Room(tab);
+    std::int32_t widest = 0;
+    for (std::int32_t i = RightPic0; i < RLeftTopPic; ++i)
+        widest = std::max(widest, state.SkinRects[i].Width);
+    const std::int32_t length = p.TabBorder ? p.BarWidth - p.TabToTab : p.BarWidth;
+    RECT room = control.Slot(tab);
+    (state.Layout.IsHorizontal ? room.right : room.bottom) -= std::max(widest - length, 0);
+    return room;
 }
 
 // How many pixels changed where no point hits.
@@ -142,7 +160,10 @@ TEST_CASE(
         control.Driver.RedrawBar(tab, control.State.StateOf(tab));
         const Pixels after = control.Shown();
         const LayoutRect strip = layout.BarStripRect;
+        const RECT room = control.Room(tab);
         const auto hits = [&](float x, float y) {
+            if (control.State.Properties.TabToTab < 0) // reaches under the bars behind it
+                return PtInRect(&room, {static_cast<LONG>(x), static_cast<LONG>(y)}) != FALSE;
             return PointInRect(x, y, strip) &&
                    BarSlotAt(x - float(strip.Left), y - float(strip.Top), control.State) == slot;
         };
@@ -201,14 +222,22 @@ TEST_CASE("every pixel that a hovered close button lights up hits it, and leavin
     ForRandomStates([](SkinnedControl& control, Dice& dice) {
         const LayoutCache& layout = control.State.Layout;
         if (layout.VisibleBarCount < 1) return;
-        const std::int16_t slot = dice.From(0, layout.VisibleBarCount - 1);
+        const auto slot = dice.From(0, layout.VisibleBarCount - 1);
         const auto tab = static_cast<std::int16_t>(layout.FirstVisibleTab + slot);
         const Pixels plain = control.Shown();
         const LayoutRect button = CloseButtonRect(control.State, slot);
+        const RECT free = FreeOfLaterBars(control, tab);
         std::uint8_t look = 1, flag = 3;
         control.Decorations.RedrawCloseButton(tab, look, flag);
-        const auto hits = [&](float x, float y) { return PointInRect(x, y, button); };
-        REQUIRE(ChangedOutside(plain, control.Shown(), hits) == 0);
+        const auto hits = [&](float x, float y) {
+            return PointInRect(x, y, button) && PtInRect(&free, {static_cast<LONG>(x), static_cast<LONG>(y)});
+        };
+        const Pixels hovered = control.Shown();
+        REQUIRE(ChangedOutside(plain, hovered, hits) == 0);
+        const Pixels expected = control.Expected(tab);
+        const SIZE size = {free.right - free.left, free.bottom - free.top};
+        REQUIRE(hovered.Cut(free.left, free.top, size.cx, size.cy) ==
+                expected.Cut(free.left, free.top, size.cx, size.cy));
         look = flag = 0;
         control.Decorations.RedrawCloseButton(tab, look, flag);
         REQUIRE(Difference(control.Shown(), plain) == "same");

@@ -199,6 +199,31 @@ TEST_CASE("a button that is shifted over the strip stays behind the bars") {
     CHECK(Difference(control.Shown(), all) == "same");
 }
 
+TEST_CASE("buttons that a longer bar at the row's end pushes aside leave nothing where they were") {
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom}) {
+        CAPTURE(side);
+        Scrolled control;
+        PropertyValues& p = control.State.Properties;
+        p.TabPos = side;
+        p.TabBorder = True;
+        const bool isFar = side == WindowBottom || side == WindowRight;
+        // Towards the page, so that they are not only on what a frame's repaint restores.
+        (side == Windowtop || side == WindowBottom ? p.NavBtnYjust : p.NavBtnXjust) = isFar ? -15 : 15;
+        control.SetTabCount(2);
+        control.RepaintAll();
+        const ButtonRects before = control.Rects();
+        p.TabToTab = -22;
+        control.Driver.RepaintFrame(); // what follows an assignment of TabToTab
+        control.RedrawBars();
+        CHECK(control.Rects() != before);
+        CHECK(Difference(control.Shown(), control.Expected()) == "same");
+        p.TabToTab = 0;
+        control.Driver.RepaintFrame();
+        control.RedrawBars();
+        CHECK(Difference(control.Shown(), control.Expected()) == "same");
+    }
+}
+
 TEST_CASE("the window paints the buttons' places again") {
     SkinnedControl control(1, true);
     control.AddButtons();

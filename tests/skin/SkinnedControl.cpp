@@ -23,14 +23,41 @@ private:
     BarDecorations& real_;
 };
 
-void CutPieces(SkinRects& rects, std::uint32_t seed) {
+// What decorations add to a bar, by plain loops, when the bar is painted: later bars come on top of it.
+class PlainDecorations final : public BarDecorations {
+public:
+    PlainDecorations(SkinnedControl& control, std::int16_t hoveredClose)
+        : control_(control), hoveredClose_(hoveredClose) {}
+    void DrawTabIcon(std::int16_t index, std::uint8_t) override {
+        Pixels shown = control_.Shown();
+        control_.MixTabIcon(shown, index);
+        control_.Host.Write(shown);
+    }
+    void DrawCloseButton(std::int16_t index, std::uint8_t&, std::uint8_t&) override {
+        if (!control_.State.Properties.DelButton) return;
+        Pixels shown = control_.Shown();
+        control_.MixCloseButton(shown, index, index == hoveredClose_ ? 3 : 0);
+        control_.Host.Write(shown);
+    }
+    void DrawNavButtons() override {}
+    std::int32_t TabIconWidth(std::int16_t index) override {
+        return control_.Decorations.TabIconWidth(index);
+    }
+
+private:
+    SkinnedControl& control_;
+    std::int16_t hoveredClose_;
+};
+
+void CutPieces(SkinRects& rects, std::uint32_t seed, std::uint32_t widths = 5, std::uint32_t heights = 6) {
     std::mt19937 random(seed);
     for (std::int32_t i = 0; i <= FRightLine; ++i) {
-        const auto width = 1 + static_cast<std::int32_t>(random() % 5);
-        const auto height = i < RLeftTopPic ? 17 + static_cast<std::int32_t>(random() % 6)
-                                            : 1 + static_cast<std::int32_t>(random() % 4);
-        const auto left = static_cast<std::int32_t>(random() % 40),
-                   top = static_cast<std::int32_t>(random() % 40);
+        const bool isOfBars = i < RLeftTopPic;
+        const auto width = 1 + static_cast<std::int32_t>(random() % (isOfBars ? widths : 5));
+        const auto height = isOfBars ? 17 + static_cast<std::int32_t>(random() % heights)
+                                     : 1 + static_cast<std::int32_t>(random() % 4);
+        const auto left = static_cast<std::int32_t>(random() % 36),
+                   top = static_cast<std::int32_t>(random() % 36);
         rects[i] = {left, top, left + width - 1, top + height - 1, width, height};
     }
     rects[BRect].Height = 22;
@@ -87,6 +114,8 @@ void SkinnedControl::RemoveFile(std::int16_t icon) const {
     DeleteFileW(AsWide(State.SkinIcons.At(icon)->FilePath));
 }
 
+void SkinnedControl::CutUnusualPieces(std::uint32_t seed) { CutPieces(State.SkinRects, seed, 20, 12); }
+
 void SkinnedControl::SetTabCount(std::int16_t count) {
     State.Properties.TabCount = count;
     State.Tabs.Resize(count);
@@ -102,19 +131,31 @@ Pixels SkinnedControl::WithoutDecorations() {
     return bare;
 }
 
-Pixels SkinnedControl::Expected() {
-    Pixels picture = WithoutDecorations();
-    for (std::int16_t i = 0; i < std::min(State.Layout.VisibleBarCount, State.Properties.TabCount); ++i) {
-        const auto tab = static_cast<std::int16_t>(State.Layout.FirstVisibleTab + i);
-        MixTabIcon(picture, tab);
-        if (State.Properties.DelButton) MixCloseButton(picture, tab, 0);
-    }
-    const Pixels bars = picture;
+Pixels SkinnedControl::Expected(std::int16_t hoveredClose) {
+    const Pixels shown = Host.Read();
+    PlainDecorations plain(*this, hoveredClose);
+    RepaintDriver(Host, State, Surfaces, plain).RepaintAll();
+    const Pixels bars = Host.Read();
+    Host.Write(shown);
+    Pixels picture = bars;
     MixNavButtons(picture);
-    const LayoutRect& strip = State.Layout.BarStripRect; // in front of a button that is shifted over it
-    for (std::int32_t y = strip.Top; y < strip.Bottom; ++y)
-        for (std::int32_t x = strip.Left; x < strip.Right; ++x) picture.Set(x, y, bars.At(x, y));
+    const RECT row = Row(); // in front of a button that reaches into it
+    for (std::int32_t y = row.top; y < row.bottom; ++y)
+        for (std::int32_t x = row.left; x < row.right; ++x) picture.Set(x, y, bars.At(x, y));
     return picture;
+}
+
+RECT SkinnedControl::Row() const {
+    const LayoutRect& strip = State.Layout.BarStripRect;
+    const std::int32_t beyond = std::max(-State.Properties.TabToTab, 0);
+    if (IsVertical(State)) return {strip.Left, strip.Top, strip.Right, strip.Bottom + beyond};
+    return {strip.Left, strip.Top, strip.Right + beyond, strip.Bottom};
+}
+
+RECT SkinnedControl::Room(std::int16_t tab) const {
+    RECT room = Slot(tab);
+    (IsVertical(State) ? room.bottom : room.right) += std::max(-State.Properties.TabToTab, 0);
+    return room;
 }
 
 RECT SkinnedControl::Slot(std::int16_t tab) const {
@@ -148,7 +189,7 @@ void SkinnedControl::MixTabIcon(Pixels& onto, std::int16_t tab) const {
         at = {slot.left + end + p.IcoXjust, strip.Top + (fill - picture.Height) / 2 + p.IcoYjust};
         if (p.TabPos == Windowtop) at.y += strip.Height - fill;
     }
-    Mix(onto, picture, at.x, at.y, State.Tabs(tab).Enable ? 3 : 1, slot);
+    Mix(onto, picture, at.x, at.y, State.Tabs(tab).Enable ? 3 : 1, Room(tab));
 }
 
 void SkinnedControl::MixCloseButton(Pixels& onto, std::int16_t tab, int style) const {
@@ -166,7 +207,7 @@ void SkinnedControl::MixCloseButton(Pixels& onto, std::int16_t tab, int style) c
     else
         at = {slot.right - p.TabToTab - widest - picture.Width,
               slot.top + (slot.bottom - slot.top - picture.Height) / 2};
-    Mix(onto, picture, at.x + p.DelBtnXJust, at.y + p.DelBtnYJust, style, slot);
+    Mix(onto, picture, at.x + p.DelBtnXJust, at.y + p.DelBtnYJust, style, Room(tab));
 }
 
 void SkinnedControl::MixButton(Pixels& onto, std::int16_t role, POINT at, bool greyed) const {
@@ -198,13 +239,15 @@ void SkinnedControl::MixNavButtons(Pixels& onto) const {
     bool before = p.TabBarPos == TabRight;
     const bool roomBefore = first >= length, roomBehind = end - last >= length;
     if (roomBefore != roomBehind) before = before ? roomBefore : !roomBehind;
-    std::int32_t beside = 8, beforeMenu = 2, along = 0;
+    // What the last bar hides behind the strip is kept free before anything else.
+    const std::int32_t hidden = before ? 0 : std::max(-p.TabToTab - std::max(shift, 0), 0);
+    std::int32_t beside = std::max(8, hidden + 2), beforeMenu = 2, along = 0;
     for (;;) {
         const std::int32_t whole = length + beforeMenu;
         along = shift + (before ? first - beside - whole : last + beside);
         const bool inside = before ? along >= 0 : along + whole <= end;
         if (inside || beside + beforeMenu == 0) break;
-        --(beside > 0 ? beside : beforeMenu);
+        --(beside > hidden || beforeMenu == 0 ? beside : beforeMenu);
     }
     while (along + length + beforeMenu > end + std::max(shift, 0)) --along;
     while (along < std::min(shift, 0)) ++along;

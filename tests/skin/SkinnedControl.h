@@ -22,6 +22,9 @@ public:
     void AddButtons();
     void RemoveFile(std::int16_t icon) const;
 
+    // Some pieces are longer than a narrow bar, some taller than the strip.
+    void CutUnusualPieces(std::uint32_t seed);
+
     void SetTabCount(std::int16_t count); // all enabled, without icons
     void RepaintAll() { Driver.RepaintAll(); }
     void RedrawBars() { Driver.RedrawBars(); }
@@ -30,14 +33,17 @@ public:
     Pixels Shown() const { return Host.Read(); }
     Pixels WithoutDecorations();
 
-    // By plain loops: all that a full repaint has to show.
-    Pixels Expected();
+    // The painted bars with decorations by plain loops: all that a full repaint has to show. With a tab, its close button
+    // is in the hover look.
+    Pixels Expected(std::int16_t hoveredClose = -1);
 
     // Adds to a picture what one bar has, and the buttons beside the strip.
     void MixTabIcon(Pixels& onto, std::int16_t tab) const;
     void MixCloseButton(Pixels& onto, std::int16_t tab, int style) const;
     void MixNavButtons(Pixels& onto) const;
     RECT Slot(std::int16_t tab) const;
+    RECT Room(std::int16_t tab) const; // the slot, or the whole bar when that is longer
+    RECT Row() const;                  // all that bars are painted on
 
     TemporaryFolder Folder;
     FakeUserControl Host;
