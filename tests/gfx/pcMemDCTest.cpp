@@ -270,6 +270,22 @@ TEST_CASE("Stretch90Draw of a narrower image is the turned column alone") {
     CHECK(target.Result() == "same");
 }
 
+TEST_CASE("Stretch90Draw with a negative extent paints the mirrored image and, over no rows, no column") {
+    for (const SIZE extent : {SIZE{-8, 9}, SIZE{-8, -9}, SIZE{8, -9}, SIZE{-2, 4}, SIZE{2, -4}}) {
+        CAPTURE(extent.cx);
+        CAPTURE(extent.cy);
+        Source source(Patterned(4, 3, 1));
+        Target target;
+        source.Surface.Stretch90Draw(target.Surface.DC(), 30, 31, extent.cx, extent.cy, 1, 0, 1, 3);
+        TestSurface expected(target.Before);
+        StretchBlt(expected.DC(), 30, 31, extent.cx, extent.cy, source.Surface.hdc(), 1, 0, 1, 3, SRCCOPY);
+        target.Expected = expected.Read();
+        CHECK(Difference(target.Expected, target.Before) != "same");
+        PlainRepeat(Turn::Transposed, source.Content, target.Expected, {1, 0}, 3, {30, 31}, extent.cy);
+        CHECK(target.Result() == "same");
+    }
+}
+
 TEST_CASE("turned columns are exact whatever stretching mode the destination has, and leave it that mode") {
     Source source(Patterned(6, 21, 1));
     Target target;

@@ -142,6 +142,73 @@ TEST_CASE("end pieces, icon and close button take their widths from the caption'
     CHECK(units() == (length - 30) / a.cx);
     c.State.Properties.DelButton = False;
     CHECK(units() == (length - 16) / a.cx);
+    c.State.Properties.TabToTab = 30; // the bar ends earlier
+    CHECK(units() == (length - 46) / a.cx);
+    c.Decorations.IconWidth = 0;
+    c.AddTabs(1);
+    c.State.Properties.TabToTab = -60; // the next bar begins before this one ends
+    CHECK(units() == (100 - c.State.SkinRects[LeftPic0].Width) / a.cx);
+    c.State.SkinIcons.Entries[0].Width = 90;
+    c.State.Properties.DelButton = True;
+    CHECK(units() == (length - 30) / a.cx);
+}
+
+namespace {
+
+// How many of a hundred like characters are kept of a caption, dots not counted, and how many letters "A".
+struct Kept {
+    std::size_t Characters, Letters;
+};
+Kept KeptOf(char16_t character) {
+    Captions c;
+    c.AddTabs(1);
+    const auto kept = [&](char16_t of) {
+        c.Caption(0, std::u16string(100, of));
+        return c.Surfaces.ShortCaption.size() - 3;
+    };
+    return {kept(character), kept(u'A')};
+}
+
+constexpr char16_t Chinese = u'\u4E2D', Accented = u'\u00E9';
+
+} // namespace
+
+TEST_CASE("where the code page has no double-byte characters, each counts as one letter") {
+    for (const char16_t character : {Chinese, Accented, u'i'}) {
+        const Kept kept = KeptOf(character);
+        CHECK(kept.Characters == kept.Letters);
+    }
+}
+
+TEST_SUITE("chinese") {
+    TEST_CASE("what the code page writes in two bytes counts as two letters") {
+        REQUIRE(GetACP() == 936);
+        for (const char16_t character : {Chinese, Accented}) {
+            const Kept kept = KeptOf(character);
+            REQUIRE(kept.Letters > 3);
+            CHECK(kept.Characters == kept.Letters / 2);
+        }
+        const Kept narrow = KeptOf(u'i');
+        CHECK(narrow.Characters == narrow.Letters);
+    }
+}
+
+TEST_CASE("a caption of overlapping bars stays in the part that the next bar leaves free") {
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom}) {
+        for (const std::int32_t position : {AlignLeft, AlignMiddle, AlignRight}) {
+            CAPTURE(side);
+            CAPTURE(position);
+            Captions c(side);
+            c.State.Properties.TabBorder = True;
+            c.State.Properties.TabToTab = -30;
+            c.State.Properties.CaptionPos = position;
+            c.Caption(0, u"HIH");
+            const LayoutRect covered = c.Written();
+            c.State.Properties.TabToTab = 0;
+            c.Caption(0, u"HIH");
+            CHECK(Text(covered) == Text(c.Written()));
+        }
+    }
 }
 
 TEST_CASE("no caption is written under or beyond a close button") {
@@ -270,6 +337,31 @@ TEST_CASE(
         CHECK(right.Top <= bar.Top + 3);
         const LayoutRect band = FillBand(c.State, 0, BarActive);
         CHECK(std::abs(left.Left + left.Right - band.Left - band.Right) <= 4);
+    }
+}
+
+TEST_CASE("captions on the left and right stand in the middle of their own look's fill") {
+    for (const std::int32_t side : {WindowLeft, WindowRight}) {
+        CAPTURE(side);
+        Captions c(side);
+        constexpr std::int32_t heights[] = {16, 20, 22};
+        for (std::int32_t look = 0; look < 3; ++look) {
+            SkinRect& fill = c.State.SkinRects[FillPic0 + look];
+            fill = {fill.Left, 0, fill.Left, heights[look] - 1, 1, heights[look]};
+        }
+        const auto writtenIn = [&](std::uint8_t look) {
+            c.State.Properties.ActiveTab = look == BarActive ? 1 : 0;
+            c.State.HoverTab = look == BarHover ? 1 : -1;
+            c.Caption(1, u"HIH");
+            return c.Written();
+        };
+        // On the left a lower fill stands 22 - height farther in, on the right as much nearer to the page.
+        const std::int32_t sign = side == WindowLeft ? 1 : -1;
+        const std::int32_t normal = writtenIn(BarNormal).Left, hover = writtenIn(BarHover).Left;
+        CHECK(normal - hover == sign * ((22 - 16) - (22 - 20) - (20 - 16) / 2));
+        const LayoutRect active = writtenIn(BarActive);
+        const LayoutRect band = FillBand(c.State, 1, BarActive);
+        CHECK(std::abs(active.Left + active.Right - band.Left - band.Right) <= 3);
     }
 }
 
