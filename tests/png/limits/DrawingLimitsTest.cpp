@@ -43,8 +43,22 @@ Drawn Draw(const Bytes& png) {
 
 constexpr std::uint32_t Width = 20000;
 
+const Bytes Palette(6, 1), Transparency(6);
+
+// Of a stream that inflates to all scanlines.
+std::size_t StreamSize(const HeaderFields& fields, std::uint32_t height) {
+    constexpr std::uint64_t Channels[] = {1, 1, 3, 1, 2, 1, 4};
+    const std::uint64_t bits = Channels[fields.ColourType] * fields.BitDepth;
+    const std::uint64_t raw = std::uint64_t{height} * (2 + fields.Width * bits / 8);
+    return static_cast<std::size_t>(raw / 1000 + 64);
+}
+
+// Its chunks count, too.
 bool FitsMemory(HeaderFields fields, bool isTransparent, std::uint32_t height) {
     PngContents png;
+    png.ImageData = Bytes(2 + StreamSize(fields, height));
+    png.Palette = Palette;
+    if (isTransparent) png.Transparency = Transparency;
     png.Header = {static_cast<std::int32_t>(fields.Width),
                   static_cast<std::int32_t>(height),
                   fields.BitDepth,
@@ -68,14 +82,11 @@ std::uint32_t TallestOf(const HeaderFields& fields, bool isTransparent) {
 }
 
 Bytes PictureOf(const HeaderFields& fields, bool isTransparent) {
-    constexpr std::uint64_t Channels[] = {1, 1, 3, 1, 2, 1, 4};
-    const std::uint64_t bits = Channels[fields.ColourType] * fields.BitDepth;
-    const std::uint64_t raw = std::uint64_t{fields.Height} * (2 + fields.Width * bits / 8);
     Bytes data = {0x78, 0x9C};
-    Append(data, LongRun(static_cast<std::size_t>(raw / 1000 + 64)));
+    Append(data, LongRun(StreamSize(fields, fields.Height)));
     PngBytes png;
-    png.Header(fields).Chunk("PLTE", Bytes(6, 1));
-    if (isTransparent) png.Chunk("tRNS", Bytes(6));
+    png.Header(fields).Chunk("PLTE", Palette);
+    if (isTransparent) png.Chunk("tRNS", Transparency);
     return png.Chunk("IDAT", data).End();
 }
 
