@@ -166,6 +166,16 @@ TEST_CASE("with style 4 an opaque white pixel is grey level 204, with style 5 ev
         CHECK(Mixed({level, 255 - level, 77}, 255, 5, nullptr) == Bgr{0, 0, 0});
 }
 
+TEST_CASE("black is recoloured like any other colour, at the very first pixel too") {
+    CHECK(Mixed({0, 0, 0}, 255, 4, nullptr) == Bgr{204, 204, 204});
+    DibImage image = NewTransparentImage(3, 1);
+    SetPixel(image, 0, 0, {0, 0, 0}, 255);
+    SetPixel(image, 1, 0, {255, 255, 255}, 255);
+    SetPixel(image, 2, 0, {0, 0, 0}, 255);
+    Composite(image, 4, nullptr);
+    for (int x = 0; x < 3; ++x) CHECK(PixelAt(image, x, 0) == Bgr{204, 204, 204});
+}
+
 TEST_CASE("without a background the picture is mixed with black") {
     CHECK(Mixed({200, 100, 50}, 0, 3, nullptr) == Bgr{0, 0, 0});
     CHECK(Mixed({200, 100, 50}, 255, 3, nullptr) == Bgr{200, 100, 50});

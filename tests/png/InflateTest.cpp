@@ -225,6 +225,13 @@ TEST_CASE("a reference to what lies before the start raises a subscript error") 
     CHECK(ErrorOf(first.Bytes(), 100) == 9);
 }
 
+TEST_CASE("a reference behind the limit cuts the output off, even one to what lies before the start") {
+    BitWriter bits;
+    bits.Block(true, 1).Fixed('a').Fixed('b').Fixed(257).FixedDistance(3).Fixed(256); // indexes 0 and 1 only
+    CheckEnd(bits.Bytes(), 0, BytesOf("a"), -99);
+    CHECK(ErrorOf(bits.Bytes(), -98) == 9);
+}
+
 TEST_CASE("symbols that no valid stream uses end with -1") {
     for (const int padding : {0, 40}) {
         for (const unsigned symbol : {286u, 287u}) {

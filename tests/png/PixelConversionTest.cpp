@@ -2,6 +2,7 @@
 
 #include "png/ColourTables.h"
 #include "tests/RunTimeErrors.h"
+#include "tests/png/BitWriter.h"
 #include "tests/png/DecodedPng.h"
 
 namespace vantik {
@@ -39,6 +40,7 @@ TEST_CASE(
     const HeaderFields fields = {.Width = 2, .BitDepth = 1, .ColourType = 3};
     CHECK(RgbaOf(PictureWith(fields, {0, 0x40}, {1, 2, 3, 4, 5, 6})) == Bytes{1, 2, 3, 255, 4, 5, 6, 255});
     CHECK(RgbaOf(PictureWith(fields, {0, 0x40}, BlackRedGreen)) == Bytes{0, 0, 0, 255, 255, 255, 255, 255});
+    CHECK(RgbaOf(PictureWith(fields, {0, 0x40}, {1, 2, 3})) == Bytes{0, 0, 0, 255, 255, 255, 255, 255});
     CHECK(RgbaOf(PictureWith(fields, {0, 0x40})) == Bytes{0, 0, 0, 255, 255, 255, 255, 255});
 }
 
@@ -114,6 +116,46 @@ TEST_CASE("tRNS marks one RGB colour as transparent, and gives palette entries t
                               .End();
     CHECK(RgbaOf(palette) == Bytes{0, 0, 0, 0, 255, 0, 0, 128, 0, 255, 0, 255}); // beyond tRNS: 255
     CHECK(ToRgba(DecodePng(palette, Nothing)) == Bytes{0, 0, 0, 255, 255, 0, 0, 255, 0, 255, 0, 255});
+}
+
+TEST_CASE("tRNS means nothing to pictures with an alpha channel") {
+    const auto picture = [](std::uint8_t type, const Bytes& row, const Bytes& key) {
+        return PngBytes().Header({.ColourType = type}).Chunk("tRNS", key).StoredImage(row).End();
+    };
+    const PngBytes grey = picture(4, {0, 7, 99}, {0, 7});
+    const PngBytes colour = picture(6, {0, 1, 2, 3, 99}, {0, 1, 0, 2, 0, 3});
+    CHECK(RgbaOf(grey) == Bytes{7, 7, 7, 99});
+    CHECK(RgbaOf(colour) == Bytes{1, 2, 3, 99});
+    for (const PngBytes& png : {grey, colour}) {
+        const DibImage image = DecodePng(png, {.AppliesTransparency = true, .AppliesAlpha = false});
+        CHECK(!image.IsTransparent);
+        CHECK(image.IsTopDown);
+    }
+}
+
+TEST_CASE("unconverted pictures of type 4 have the palette's colours with 4 bits and grey ones with 8") {
+    const Bytes palette = {1, 2, 3, 4, 5, 6};
+    const HeaderFields four = {.Width = 2, .BitDepth = 4, .ColourType = 4};
+    CHECK(RgbaOf(PictureWith(four, {0, 0x01, 0}, palette)) == Bytes{1, 2, 3, 255, 4, 5, 6, 255});
+    const HeaderFields eight = {.Width = 2, .BitDepth = 8, .ColourType = 4, .Interlace = 2};
+    CHECK(RgbaOf(PictureWith(eight, {0, 1}, palette)) == Bytes{0, 0, 0, 255, 1, 1, 1, 255});
+    const HeaderFields one = {.Width = 2, .BitDepth = 1, .ColourType = 4};
+    CHECK(RgbaOf(PictureWith(one, {0, 0x40}, palette)) == Bytes{0, 0, 0, 255, 255, 255, 255, 255});
+}
+
+TEST_CASE("faults of the stream behind the last scanline show, too") {
+    BitWriter bits;
+    bits.Block(true, 1);
+    for (int i = 0; i < 4 + 101; ++i) bits.Fixed(0); // the scanline and the room behind it
+    BitWriter tooMany = bits;
+    tooMany.Fixed(0);
+    const auto raised = [](BitWriter stream) {
+        Bytes data = {0x78, 0x9C};
+        Append(data, stream.Fixed(256).Bytes());
+        return NumberRaisedBy([&] { DecodePng(PngBytes().Header({}).Chunk("IDAT", data).End()); });
+    };
+    CHECK(raised(bits) == 0);
+    CHECK(raised(tooMany) == 9);
 }
 
 TEST_CASE("colour types and bit depths that nothing is defined for") {

@@ -198,6 +198,50 @@ TEST_CASE("an error number is never cleared, the flags of tRNS and bKGD are") {
     CHECK(!reader.Contents().HasTransparency);
 }
 
+TEST_CASE("a file without header, palette, texts, time and gamma is read with those of the file before") {
+    const HeaderFields twoIndexes = {.Width = 2, .ColourType = 3};
+    const Bytes full = PngBytes()
+                           .Header(twoIndexes)
+                           .Chunk("PLTE", {1, 2, 3, 4, 5, 6})
+                           .Chunk("zTXt", BytesOf("key"))
+                           .Chunk("tIME", {0x07, 0xD9, 3, 7, 14, 5, 9})
+                           .Chunk("gAMA", BigEndian32(45455))
+                           .StoredImage({0, 0, 1})
+                           .End();
+    const Bytes bare = PngBytes().StoredImage({0, 1, 0}).End();
+    PngReader reader;
+    const auto open = [&](const Bytes& png) {
+        MemorySource source(png);
+        REQUIRE(reader.Read(source));
+        return ToRgba(reader.Decode(Everything));
+    };
+    CHECK(open(full) == Bytes{1, 2, 3, 255, 4, 5, 6, 255});
+    CHECK(open(bare) == Bytes{4, 5, 6, 255, 1, 2, 3, 255});
+    CHECK(reader.Contents().CompressedText == TextOf({u"key", u""}));
+    CHECK(reader.Contents().ModificationTime == u"07.03.2009 14:05:09");
+    CHECK(reader.Contents().Gamma == 45455);
+}
+
+TEST_CASE("compressed texts grow from open to open, time and gamma are replaced") {
+    const auto file = [](const char* key, std::uint8_t day) {
+        return PngBytes()
+            .Header({})
+            .Chunk("zTXt", BytesOf(key))
+            .Chunk("tIME", {0x07, 0xD9, 3, day, 14, 5, 9})
+            .Chunk("gAMA", BigEndian32(day))
+            .StoredImage(OnePixel)
+            .End();
+    };
+    PngReader reader;
+    for (const PngBytes& png : {file("one", 1), file("two", 2)}) {
+        MemorySource source(png.All());
+        CHECK(reader.Read(source));
+    }
+    CHECK(reader.Contents().CompressedText == TextOf({u"one", u"", u"two", u""}));
+    CHECK(reader.Contents().ModificationTime == u"02.03.2009 14:05:09");
+    CHECK(reader.Contents().Gamma == 2);
+}
+
 TEST_CASE("whether there is an alpha channel is known when a picture was converted, not before") {
     PngReader reader;
     const auto open = [&](const Bytes& png) {
