@@ -14,31 +14,54 @@ SIZE SizeOf(const RECT& area) noexcept { return {area.right - area.left, area.bo
 Activation::Activation(Control& control) noexcept
     : control_(control), messages_(control), window_(control, messages_) {}
 
+// An activation that comes to no end, be it by an error, is undone.
+class Activation::Attempt {
+public:
+    explicit Attempt(Activation& activation) noexcept : activation_(activation) {}
+    ~Attempt() {
+        if (failed_) activation_.InPlaceDeactivate();
+    }
+    Attempt(const Attempt&) = delete;
+    Attempt& operator=(const Attempt&) = delete;
+
+    HRESULT Succeeded() noexcept {
+        failed_ = !activation_.IsHere();
+        return failed_ ? E_FAIL : S_OK;
+    }
+
+private:
+    Activation& activation_;
+    bool failed_ = true;
+};
+
 HRESULT Activation::InPlaceActivate() {
     if (IsHere()) return S_OK;
+    if (leaving_) return E_UNEXPECTED;
     control_.Document.Need();
-    const HRESULT entered = active_ ? S_OK : EnterSite();
+    const HRESULT entered = EnterSite();
     if (entered != S_OK) return entered;
+    Attempt attempt(*this);
     const HRESULT made = MakeWindow();
-    if (FAILED(made)) {
-        InPlaceDeactivate();
-        return made;
-    }
+    if (FAILED(made)) return made;
     control_.Engine.UserControl_WindowCreated();
     if (const ComPtr<IOleClientSite> site(control_.Site.Get()); site) site->ShowObject();
-    return IsHere() ? S_OK : E_FAIL;
+    return attempt.Succeeded();
 }
 
-// Any of these calls may lead to the opposite of what was begun; what is said to the host stays in balance.
+// Any of these calls may lead to the opposite of what was begun, or to all of it at once; what is said to the host stays
+// in balance. A site that refuses hears of no deactivation.
 HRESULT Activation::EnterSite() {
     const auto site = control_.Site.As<IOleInPlaceSite>();
+    if (active_) return S_OK;
     if (!site || site->CanInPlaceActivate() != S_OK) return OLE_E_NOT_INPLACEACTIVE;
+    if (active_) return S_OK;
     site_ = site;
     active_ = true;
     const HRESULT agreed = site->OnInPlaceActivate();
     if (SUCCEEDED(agreed)) return active_ ? S_OK : E_FAIL;
-    active_ = false;
-    site_.Reset();
+    if (site_.Get() != site.Get()) return agreed; // the host took it elsewhere meanwhile
+    TakeWindowAway();
+    ForgetSite();
     return agreed;
 }
 
@@ -50,12 +73,21 @@ HRESULT Activation::MakeWindow() {
     RECT position = {}, clip = {};
     OLEINPLACEFRAMEINFO info = {};
     info.cb = sizeof info;
-    const HRESULT known = site->GetWindowContext(frame_.Put(), document_.Put(), &position, &clip, &info);
-    if (!active_) return E_FAIL; // the host thought better of it
+    ComPtr<IOleInPlaceFrame> frame;
+    ComPtr<IOleInPlaceUIWindow> document;
+    const HRESULT known = site->GetWindowContext(frame.Put(), document.Put(), &position, &clip, &info);
+    if (!active_ || site_.Get() != site.Get()) return E_FAIL; // the host thought better of it
+    if (Window()) return S_OK;                                // or did it by itself
     if (FAILED(known)) position = clip = {0, 0, control_.Size.Pixels().cx, control_.Size.Pixels().cy};
+    std::swap(frame_, frame);
+    std::swap(document_, document);
     position_ = position;
     clipped_ = false;
     if (!window_.Create(parent, position)) return E_FAIL;
+    if (!active_) { // ended by one of the window's first messages
+        window_.Destroy();
+        return E_FAIL;
+    }
     ClipTo(clip);
     if (control_.Size.Pixels(SizeOf(position))) control_.Resized();
     window_.Show(true);
@@ -68,7 +100,7 @@ HRESULT Activation::UIActivate(FocusOn wanted) {
     const HRESULT agreed = uiActive_ ? S_OK : EnterUI();
     if (agreed != S_OK) return agreed;
     TakeFocus(wanted);
-    if (uiActive_) AnnounceActiveObject(true);
+    if (uiActive_) AnnounceActiveObject();
     return uiActive_ ? S_OK : E_FAIL;
 }
 
@@ -78,6 +110,7 @@ HRESULT Activation::EnterUI() {
     const HRESULT agreed = site->OnUIActivate();
     if (SUCCEEDED(agreed)) return uiActive_ ? S_OK : E_FAIL;
     uiActive_ = false;
+    if (announced_) AnnounceActiveObject(); // by an activation inside that call
     return agreed;
 }
 
@@ -92,37 +125,53 @@ void Activation::Pressed() {
     if (UIActivate() != S_OK && IsChild(Window(), GetFocus())) SetFocus(Window());
 }
 
-void Activation::AnnounceActiveObject(bool active) noexcept {
+// Whoever is told may change what the next one had been told.
+void Activation::AnnounceActiveObject() noexcept {
+    const bool active = announced_ = uiActive_;
     const auto object = active ? QueryFor<IOleInPlaceActiveObject>(&control_.Controlling) : nullptr;
-    const wchar_t* name = active ? ControlTitle : nullptr;
+    const auto tell = [&](IOleInPlaceUIWindow* window) {
+        if (window && uiActive_ == active)
+            window->SetActiveObject(object.Get(), active ? ControlTitle : nullptr);
+        if (window && uiActive_ && active) window->SetBorderSpace(nullptr);
+    };
     const auto frame = frame_;
     const auto document = document_;
-    if (frame) frame->SetActiveObject(object.Get(), name);
-    if (frame && active) frame->SetBorderSpace(nullptr);
-    if (document) document->SetActiveObject(object.Get(), name);
-    if (document && active) document->SetBorderSpace(nullptr);
+    tell(frame.Get());
+    tell(document.Get());
 }
 
 void Activation::UIDeactivate() noexcept {
     if (!uiActive_) return;
     uiActive_ = false;
-    AnnounceActiveObject(false);
+    AnnounceActiveObject();
     if (const auto site = site_) site->OnUIDeactivate(FALSE);
 }
 
 void Activation::InPlaceDeactivate() noexcept {
     if (!active_) return;
+    TakeWindowAway();
+    if (const auto site = ForgetSite()) site->OnInPlaceDeactivate();
+}
+
+void Activation::End() noexcept {
+    leaving_ = true;
+    InPlaceDeactivate();
+    window_.Destroy();
+}
+
+void Activation::TakeWindowAway() noexcept {
+    const bool before = std::exchange(leaving_, true);
     UIDeactivate();
     active_ = false;
     window_.Destroy();
-    LeaveSite();
+    leaving_ = before;
 }
 
-void Activation::LeaveSite() noexcept {
-    const auto site = std::exchange(site_, nullptr);
-    frame_.Reset();
-    document_.Reset();
-    if (site) site->OnInPlaceDeactivate();
+// What the site gave goes last: that may run code of the host.
+ComPtr<IOleInPlaceSite> Activation::ForgetSite() noexcept {
+    const auto frame = std::exchange(frame_, nullptr);
+    const auto document = std::exchange(document_, nullptr);
+    return std::exchange(site_, nullptr);
 }
 
 void Activation::SetRects(const RECT& position, const RECT* clip) {

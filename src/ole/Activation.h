@@ -24,6 +24,9 @@ public:
     void UIDeactivate() noexcept;
     void InPlaceDeactivate() noexcept;
 
+    // For good: whatever the host does from now on, there is no window any more.
+    void End() noexcept;
+
     void SetRects(const RECT& position, const RECT* clip);
     void Show(bool visible) noexcept;
 
@@ -42,13 +45,16 @@ public:
     bool KeyDown(WPARAM key) noexcept { return messages_.KeyDown(key); }
 
 private:
+    class Attempt;
+
     bool IsHere() const noexcept { return active_ && Window(); }
     HRESULT EnterSite();
     HRESULT MakeWindow();
     HRESULT EnterUI();
     void TakeFocus(FocusOn wanted) noexcept;
-    void LeaveSite() noexcept;
-    void AnnounceActiveObject(bool active) noexcept;
+    void TakeWindowAway() noexcept;
+    ComPtr<IOleInPlaceSite> ForgetSite() noexcept;
+    void AnnounceActiveObject() noexcept;
     void ClipTo(const RECT& clip) noexcept;
 
     Control& control_;
@@ -59,6 +65,8 @@ private:
     ComPtr<IOleInPlaceUIWindow> document_;
     RECT position_ = {};
     bool active_ = false, uiActive_ = false, clipped_ = false;
+    bool announced_ = false; // as the object that has the keyboard
+    bool leaving_ = false;   // nothing begins before that is over
 };
 
 // The host's windows take no input while one of these lives.

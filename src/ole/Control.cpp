@@ -11,7 +11,7 @@ Control::Control(IUnknown& controlling, const Resolution& screen)
       PropertySinks(controlling, IID_IPropertyNotifySink, IID_IPropertyNotifySink) {}
 
 // Everything is still whole while the window goes.
-Control::~Control() { Activation.InPlaceDeactivate(); }
+Control::~Control() { Activation.End(); }
 
 void Control::SetSite(IOleClientSite* site) {
     if (site == Site.Get()) return;

@@ -30,7 +30,6 @@ ControlWindow* OwnerOf(HWND window) noexcept {
 void UnregisterControlWindowClass() noexcept { UnregisterClassW(ClassName, ThisModule()); }
 
 bool ControlWindow::Create(HWND parent, const RECT& position) noexcept {
-    Destroy();
     RegisterControlWindowClass();
     CreateWindowExW(0, ClassName, nullptr, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, position.left,
                     position.top, position.right - position.left, position.bottom - position.top, parent,
@@ -48,8 +47,9 @@ void ControlWindow::Show(bool visible) noexcept {
 }
 
 void ControlWindow::Destroy() noexcept {
-    if (window_) DestroyWindow(window_); // detaches on its last message
-    Detach();
+    const HWND window = window_;
+    if (window) DestroyWindow(window); // detaches on its last message
+    if (window_ == window) Detach();
 }
 
 void ControlWindow::Attach(HWND window) noexcept {
@@ -66,7 +66,9 @@ void ControlWindow::Detach() noexcept {
 LRESULT CALLBACK ControlWindow::Procedure(HWND window, UINT number, WPARAM wParam, LPARAM lParam) noexcept {
     if (number == WM_NCCREATE) {
         const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
-        static_cast<ControlWindow*>(creation->lpCreateParams)->Attach(window);
+        auto* creator = static_cast<ControlWindow*>(creation->lpCreateParams);
+        if (creator->window_) return FALSE; // code of others that ran before this message made it already
+        creator->Attach(window);
     }
     ControlWindow* owner = OwnerOf(window);
     if (!owner) return DefWindowProcW(window, number, wParam, lParam);

@@ -51,10 +51,12 @@ public:
 
     STDMETHODIMP GetWindow(HWND* window) noexcept override {
         *window = Window;
-        return oddities_.ParentWindow;
+        return Visit("GetWindow", oddities_.ParentWindow);
     }
     STDMETHODIMP ContextSensitiveHelp(BOOL) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP CanInPlaceActivate() noexcept override { return oddities_.CanActivate; }
+    STDMETHODIMP CanInPlaceActivate() noexcept override {
+        return Visit("CanInPlaceActivate", oddities_.CanActivate);
+    }
     STDMETHODIMP OnInPlaceActivate() noexcept override {
         return Note("OnInPlaceActivate", oddities_.Activate);
     }
@@ -111,6 +113,9 @@ private:
     }
     HRESULT Note(const char* call, HRESULT result = S_OK) {
         Calls.emplace_back(call);
+        return Visit(call, result);
+    }
+    HRESULT Visit(const char* call, HRESULT result) { // a mere question
         if (During) During(call);
         return result;
     }
