@@ -34,6 +34,7 @@ public:
     void AskForSize(SIZE pixels);
 
     HWND Window() const noexcept { return window_.Handle(); }
+    bool KeepsWithWindow(IUnknown& lastReference) noexcept { return window_.Keeps(lastReference); }
     void ReleaseCapture() noexcept { messages_.ReleaseCapture(); }
     bool TakesWheel(std::int32_t turn) { return messages_.TakesWheel(turn); }
     POINT Position() const noexcept; // pixels, in the host's window

@@ -26,12 +26,20 @@ ControlObject::ControlObject(IUnknown* outer, const Resolution& screen)
     : control_(outer ? *outer : *this, screen) {}
 
 STDMETHODIMP_(ULONG) ControlObject::Release() noexcept {
-    const ULONG left = --references_;
-    if (left) return left;
+    ULONG count = references_;
+    do
+        if (count == 1 && EndsElsewhere()) return 0;
+    while (!references_.compare_exchange_weak(count, count - 1));
+    if (count > 1) return count - 1;
     // What is said to the host while the control ends may take and give back references: none of these is the last.
     references_ = 1;
     delete this;
     return 0;
+}
+
+// An inner object cannot outlive the outer one: there the window alone stays behind.
+bool ControlObject::EndsElsewhere() noexcept {
+    return &control_.Controlling == this && control_.Activation.KeepsWithWindow(*this);
 }
 
 STDMETHODIMP ControlObject::QueryInterface(REFIID iid, void** object) noexcept {

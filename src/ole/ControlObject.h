@@ -36,6 +36,7 @@ private:
     ~ControlObject() = default;
 
     IUnknown* Find(REFIID iid) noexcept;
+    bool EndsElsewhere() noexcept; // the last reference passes on to who may end the control
 
     ModuleReference module_;
     std::atomic<ULONG> references_ = 1;

@@ -1,6 +1,7 @@
 #include "ole/ControlWindow.h"
 
 #include "ole/Control.h"
+#include "ole/Module.h"
 #include "ole/WindowClass.h"
 #include "platform/Module.h"
 
@@ -15,10 +16,20 @@ void RegisterControlWindowClass() noexcept {
     WNDCLASSEXW description = {};
     description.cbSize = sizeof description;
     description.lpfnWndProc = ControlWindow::Procedure;
+    description.cbWndExtra = sizeof(LONG_PTR); // whether it counts
     description.hInstance = ThisModule();
     description.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
     description.lpszClassName = ClassName;
     RegisterClassExW(&description);
+}
+
+void Count(HWND window) noexcept {
+    LockModule();
+    SetWindowLongPtrW(window, 0, TRUE);
+}
+
+void Uncount(HWND window) noexcept {
+    if (SetWindowLongPtrW(window, 0, FALSE)) UnlockModule();
 }
 
 ControlWindow* OwnerOf(HWND window) noexcept {
@@ -46,15 +57,29 @@ void ControlWindow::Show(bool visible) noexcept {
     if (window_) ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
 }
 
+// Only its own thread can destroy a window. On others it is left to itself, and closes when its thread comes by.
 void ControlWindow::Destroy() noexcept {
     const HWND window = window_;
-    if (window) DestroyWindow(window); // detaches on its last message
-    if (window_ == window) Detach();
+    if (window && !DestroyWindow(window)) PostMessageW(window, WM_CLOSE, 0, 0);
+    if (window_ == window) Detach(); // otherwise it was detached on its last message
 }
 
-void ControlWindow::Attach(HWND window) noexcept {
+// Nothing here is touched any more once the reference is kept: the window's thread may end the control at once.
+bool ControlWindow::Keeps(IUnknown& lastReference) noexcept {
+    const HWND window = window_;
+    const DWORD thread = window ? GetWindowThreadProcessId(window, nullptr) : 0;
+    if (!thread || thread == GetCurrentThreadId()) return false;
+    kept_ = &lastReference;
+    PostMessageW(window, WM_NULL, 0, 0);
+    return true;
+}
+
+// Code of others that ran before the window's first message may have made another one already.
+bool ControlWindow::Attach(HWND window) noexcept {
+    if (window_) return false;
     window_ = window;
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    return true;
 }
 
 void ControlWindow::Detach() noexcept {
@@ -65,14 +90,20 @@ void ControlWindow::Detach() noexcept {
 
 LRESULT CALLBACK ControlWindow::Procedure(HWND window, UINT number, WPARAM wParam, LPARAM lParam) noexcept {
     if (number == WM_NCCREATE) {
+        Count(window);
         const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
-        auto* creator = static_cast<ControlWindow*>(creation->lpCreateParams);
-        if (creator->window_) return FALSE; // code of others that ran before this message made it already
-        creator->Attach(window);
+        if (!static_cast<ControlWindow*>(creation->lpCreateParams)->Attach(window)) return FALSE;
     }
-    ControlWindow* owner = OwnerOf(window);
-    if (!owner) return DefWindowProcW(window, number, wParam, lParam);
-    return owner->Dispatch({window, number, wParam, lParam});
+    const LRESULT result = Process({window, number, wParam, lParam});
+    if (number == WM_NCDESTROY) Uncount(window);
+    return result;
+}
+
+LRESULT ControlWindow::Process(const Message& message) noexcept {
+    ControlWindow* owner = OwnerOf(message.Window);
+    const auto last = ComPtr<IUnknown>::Adopt(owner ? owner->kept_.exchange(nullptr) : nullptr);
+    if (owner && !last) return owner->Dispatch(message);
+    return DefWindowProcW(message.Window, message.Number, message.WParam, message.LParam);
 }
 
 // The control outlives the message, whatever the host does in it.

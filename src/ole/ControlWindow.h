@@ -1,6 +1,8 @@
-// The control's window: made, moved and destroyed here; what its messages do is the handler's affair.
+// The control's window: made, moved and destroyed here; what its messages do is the handler's affair. As long as a window
+// lives the module is in use, also where its control has gone.
 #pragma once
 
+#include <atomic>
 #include <optional>
 
 #include "platform/mDeclares.h"
@@ -41,13 +43,18 @@ public:
     void Show(bool visible) noexcept;
     void Destroy() noexcept;
 
+    // The last reference to the control is given up by a thread that must not destroy the window: the window keeps it until
+    // its own thread comes by. False where there is no such window.
+    bool Keeps(IUnknown& lastReference) noexcept;
+
     // Null when there is no window, also when somebody else destroyed it.
     HWND Handle() const noexcept { return window_; }
 
     static LRESULT CALLBACK Procedure(HWND window, UINT number, WPARAM wParam, LPARAM lParam) noexcept;
 
 private:
-    void Attach(HWND window) noexcept;
+    static LRESULT Process(const Message& message) noexcept;
+    bool Attach(HWND window) noexcept;
     void Detach() noexcept;
     LRESULT Dispatch(const Message& message) noexcept;
     LRESULT Filtered(ISimpleFrameSite& frame, const Message& message) noexcept;
@@ -56,6 +63,7 @@ private:
     Control& control_;
     MessageHandler& handler_;
     HWND window_ = nullptr;
+    std::atomic<IUnknown*> kept_ = nullptr;
 };
 
 } // namespace vantik
