@@ -12,6 +12,8 @@ bool IsMissing(const VARIANT& value) noexcept {
     return value.vt == VT_ERROR && value.scode == DISP_E_PARAMNOTFOUND;
 }
 
+bool LeadsNowhere(const VARIANT& value) noexcept { return (value.vt & VT_BYREF) && !value.byref; }
+
 // Through the variants that refer to others, to the one that has the value or refers to it. Their number is limited:
 // nobody has to believe a caller that they end.
 VARIANT* Unwrap(VARIANT* value) noexcept {
@@ -172,6 +174,7 @@ HRESULT DispatchCall::ConvertOne(Argument& argument, const Parameter& parameter)
         argument.Given = nullptr;
         return S_OK;
     }
+    if (LeadsNowhere(*argument.Given)) return DISP_E_TYPEMISMATCH; // not every conversion looks
     if (parameter.Type == VT_DISPATCH) return ConvertObject(argument.Value, *argument.Given);
     const HRESULT converted = ConvertValue(argument.Value, *argument.Given, parameter.Type, locale_);
     return SUCCEEDED(converted) ? VariantCopy(&argument.Before, &argument.Value) : converted;

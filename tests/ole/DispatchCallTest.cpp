@@ -278,6 +278,22 @@ TEST_CASE("An object is asked for the parameter's interface, and nothing else wi
           DISP_E_MEMBERNOTFOUND); // there is only a put by reference
 }
 
+TEST_CASE("A reference that leads nowhere is no value, whatever type it says") {
+    for (const VARTYPE type : {VT_I2, VT_I4, VT_R8, VT_BOOL, VT_BSTR, VT_CY, VT_DATE, VT_DECIMAL, VT_DISPATCH,
+                               VT_UNKNOWN, VT_ERROR, VT_SAFEARRAY, VT_RECORD, VT_VARIANT}) {
+        CAPTURE(type);
+        Caller caller;
+        VARIANT nowhere = {};
+        nowhere.vt = static_cast<VARTYPE>(type | VT_BYREF);
+        const HRESULT expected = type == VT_VARIANT ? DISP_E_BADPARAMCOUNT : DISP_E_TYPEMISMATCH;
+        CHECK(caller.Put(Face, nowhere, DISPATCH_PROPERTYPUTREF) == expected);
+        CHECK(caller.Put(Colour, nowhere) == expected);
+        CHECK(caller.Call(Keep, {nowhere, Number(1)}) == expected);
+        VARIANT around = Reference(VT_VARIANT, nowhere);
+        CHECK(caller.Put(Face, around, DISPATCH_PROPERTYPUTREF) == expected);
+    }
+}
+
 TEST_CASE("A failing function reports its run-time error, and what it changed by then is written back") {
     Caller caller;
     long number = 1;
