@@ -13,13 +13,13 @@ constexpr wchar_t Caption[] = L"Form1";
 constexpr int PictureWidth = 400, PictureHeight = 300; // pixels
 constexpr DWORD Style = WS_POPUP | WS_CAPTION | WS_SYSMENU;
 
-// The card that is up, for the next call to replace; all cards belong to the one user-interface thread.
-HWND loadedForm = nullptr;
-
 struct Form {
     ComPtr<IPicture> Picture;
-    HWND Disabled; // the owner, if it takes input again after the card
+    HWND Disabled;         // the owner, if it takes input again after the card
+    HWND Window = nullptr; // null again when the card is gone
 };
+
+Form* FormOf(HWND window) { return reinterpret_cast<Form*>(GetWindowLongPtrW(window, GWLP_USERDATA)); }
 
 void Paint(HWND window, const Form& form) {
     PAINTSTRUCT paint;
@@ -34,13 +34,13 @@ void Paint(HWND window, const Form& form) {
 
 // The owner is enabled before the card goes, or another program's window would come to the front.
 void Unload(HWND window) {
-    const auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    const Form* form = FormOf(window);
     if (form && form->Disabled) EnableWindow(form->Disabled, TRUE);
     DestroyWindow(window);
 }
 
 LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* form = reinterpret_cast<Form*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    Form* form = FormOf(window);
     switch (message) {
     case WM_PAINT:
         if (form)
@@ -57,28 +57,35 @@ LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
         if (wParam == VK_ESCAPE) Unload(window);
         return 0;
     case WM_NCDESTROY:
-        if (loadedForm == window) loadedForm = nullptr;
+        if (form) form->Window = nullptr;
         PostMessageW(nullptr, WM_NULL, 0, 0); // a loop that waits for input looks whether its card is there
         break;
     }
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-// Unregistered again with the last card, so that no class outlives the module's code.
-class FormClass {
-public:
-    FormClass() noexcept {
-        WNDCLASSW description = {};
-        description.lpfnWndProc = FormProcedure;
-        description.hInstance = ThisModule();
-        description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-        description.lpszClassName = ClassName;
-        RegisterClassW(&description); // fails harmlessly while an earlier card is up
-    }
-    ~FormClass() { UnregisterClassW(ClassName, ThisModule()); }
-    FormClass(const FormClass&) = delete;
-    FormClass& operator=(const FormClass&) = delete;
-};
+// Where the class is known already this fails, and where it failed the next card tries again.
+void RegisterFormClass() noexcept {
+    WNDCLASSW description = {};
+    description.lpfnWndProc = FormProcedure;
+    description.hInstance = ThisModule();
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.lpszClassName = ClassName;
+    RegisterClassW(&description);
+}
+
+BOOL CALLBACK FindForm(HWND window, LPARAM found) {
+    const bool isForm = GetClassLongPtrW(window, GCLP_WNDPROC) == reinterpret_cast<ULONG_PTR>(FormProcedure);
+    if (isForm) *reinterpret_cast<HWND*>(found) = window;
+    return !isForm;
+}
+
+// The card that is up, if there is one: each apartment has its own.
+HWND LoadedForm() {
+    HWND found = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), FindForm, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
 
 RECT CentredOver(HWND owner) {
     RECT area = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
@@ -92,13 +99,13 @@ RECT CentredOver(HWND owner) {
 }
 
 // Returns when the window is gone, or when the program is told to end.
-void RunModal(HWND window) {
+void RunModal(const Form& form) {
     MSG message;
-    while (IsWindow(window)) {
+    while (form.Window) {
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got <= 0) {
             if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));
-            if (IsWindow(window)) Unload(window);
+            if (form.Window) Unload(form.Window);
             return;
         }
         TranslateMessage(&message);
@@ -108,22 +115,23 @@ void RunModal(HWND window) {
 
 } // namespace
 
+void UnregisterAboutWindowClass() noexcept { UnregisterClassW(ClassName, ThisModule()); }
+
 void ShowAbout(HWND control) noexcept {
-    if (loadedForm) Unload(loadedForm);
-    const FormClass formClass;
+    if (const HWND earlier = LoadedForm()) Unload(earlier);
+    RegisterFormClass();
     const HWND owner = control ? GetAncestor(control, GA_ROOT) : GetActiveWindow();
     Form form{PictureFrom(ResourceBytes(L"ABOUT", L"CUSTOM")), IsWindowEnabled(owner) ? owner : nullptr};
     const RECT place = CentredOver(owner);
-    const HWND window =
+    form.Window =
         CreateWindowExW(0, ClassName, Caption, Style, place.left, place.top, place.right - place.left,
                         place.bottom - place.top, owner, nullptr, ThisModule(), nullptr);
-    if (!window) return;
-    loadedForm = window;
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&form));
+    if (!form.Window) return;
+    SetWindowLongPtrW(form.Window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&form));
     if (form.Disabled) EnableWindow(form.Disabled, FALSE);
-    ShowWindow(window, SW_SHOW);
-    SetFocus(window);
-    RunModal(window);
+    ShowWindow(form.Window, SW_SHOW);
+    SetFocus(form.Window);
+    RunModal(form);
 }
 
 } // namespace vantik

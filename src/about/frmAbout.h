@@ -6,7 +6,10 @@
 namespace vantik {
 
 // Shows the card in the middle of the window's top-level window, modal to it, and returns when it was closed. A card
-// that is up already is closed first. Never raises; without memory or picture there is just less to see.
+// that the apartment has up already is closed first. Never raises; without memory or picture there is just less to see.
 void ShowAbout(HWND control) noexcept;
+
+// One window class serves the cards of all apartments until the module goes.
+void UnregisterAboutWindowClass() noexcept;
 
 } // namespace vantik

@@ -1,4 +1,5 @@
 // The functions that the module exports.
+#include "about/frmAbout.h"
 #include "ole/ClassFactory.h"
 #include "ole/ErrorInfo.h"
 #include "ole/Identifiers.h"
@@ -6,10 +7,19 @@
 #include "ole/Registration.h"
 #include "ole/WindowClass.h"
 
+namespace {
+
+// A class that stays behind would lead to a window procedure that is gone.
+void UnregisterWindowClasses() noexcept {
+    vantik::UnregisterControlWindowClass();
+    vantik::UnregisterAboutWindowClass();
+}
+
+} // namespace
+
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/) {
     if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(instance);
-    // A class that stays behind would lead to a window procedure that is gone.
-    if (reason == DLL_PROCESS_DETACH) vantik::UnregisterControlWindowClass();
+    if (reason == DLL_PROCESS_DETACH) UnregisterWindowClasses();
     return TRUE;
 }
 

@@ -77,7 +77,7 @@ private:
 };
 
 struct FormWithControl : ControlOnForm {
-    FormWithControl() {
+    explicit FormWithControl(FormHandlers handlers = {}) : ControlOnForm({}, std::move(handlers)) {
         SetWindowTextW(Owner(), L"The form");
         SetWindowPos(Owner(), nullptr, 60, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
         OpenWithTabs(2);
@@ -248,6 +248,93 @@ TEST_CASE("The control may be closed while its About card is up") {
     CHECK(Cards().empty());
     CHECK(IsWindowEnabled(test.Owner()));
     CHECK(test.Module().CanUnload());
+}
+
+namespace {
+
+// One thread that shows its card again and again over a form of its own; the form closes each from inside the card's loop.
+class AboutApartment {
+public:
+    static constexpr int Showings = 60;
+
+    AboutApartment() = default;
+    ~AboutApartment() { CloseHandle(thread_); }
+    AboutApartment(const AboutApartment&) = delete;
+    AboutApartment& operator=(const AboutApartment&) = delete;
+
+    void Start() { thread_ = CreateThread(nullptr, 0, Run, this, 0, nullptr); }
+    bool Ended() const { return thread_ && WaitForSingleObject(thread_, 60000) == WAIT_OBJECT_0; }
+
+    int Shown = 0;    // cards that were there, alone, over the disabled form
+    int Returned = 0; // forms that took input again, without a card
+    std::string Error;
+
+private:
+    static DWORD WINAPI Run(void* self) {
+        auto& apartment = *static_cast<AboutApartment*>(self);
+        try {
+            apartment.Live();
+        } catch (const std::exception& error) {
+            apartment.Error = error.what();
+        }
+        return 0;
+    }
+    void Live() {
+        FormHandlers handlers;
+        handlers.Message = [this](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+            if (message != WM_APP) return std::nullopt;
+            CloseCard();
+            return 0;
+        };
+        FormWithControl test(handlers);
+        owner_ = test.Owner();
+        for (int showing = 0; showing < Showings; ++showing) {
+            PostMessageW(owner_, WM_APP, 0, 0);
+            test.About();
+            Returned += Cards().empty() && IsWindowEnabled(owner_);
+            PumpMessages(test.Form());
+        }
+    }
+    void CloseCard() {
+        const auto cards = Cards();
+        Shown +=
+            cards.size() == 1 && GetWindow(cards.front(), GW_OWNER) == owner_ && !IsWindowEnabled(owner_);
+        for (const HWND card : cards) PostMessageW(card, WM_LBUTTONDOWN, 0, 0);
+    }
+
+    HANDLE thread_ = nullptr;
+    HWND owner_ = nullptr;
+};
+
+} // namespace
+
+TEST_CASE("Every apartment has an About card of its own and gives its own form back") {
+    FormWithControl first; // leaves the built-in skin and the system's first window behind for the others
+    AboutApartment apartments[3];
+    for (auto& each : apartments) each.Start();
+    for (auto& each : apartments) {
+        REQUIRE(each.Ended());
+        CHECK(each.Error == "");
+        CHECK(each.Shown == AboutApartment::Showings);
+        CHECK(each.Returned == AboutApartment::Showings);
+    }
+    first.Form().Close();
+    CHECK(first.Module().CanUnload());
+}
+
+TEST_CASE("The About card's window class goes with the module") {
+    const OleApartment apartment;
+    HMODULE module = nullptr;
+    WNDCLASSW unused = {};
+    const auto isRegistered = [&] { return GetClassInfoW(module, L"VantikFrameTab.frmAbout", &unused) != 0; };
+    {
+        FormWithControl test;
+        module = GetModuleHandleW(L"VantikFrameTab.ocx");
+        ShowThen(test, {[] { Send(WM_LBUTTONDOWN); }});
+        CHECK(isRegistered());
+    }
+    REQUIRE(!GetModuleHandleW(L"VantikFrameTab.ocx"));
+    CHECK(!isRegistered());
 }
 
 TEST_CASE("Without a form the About card comes up all the same") {
