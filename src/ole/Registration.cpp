@@ -74,26 +74,26 @@ void RegisterLibrary() {
     Check(LoadTypeLibEx(ModuleFile().c_str(), REGKIND_REGISTER, library.Put()));
 }
 
-bool LibraryIsRegistered() {
-    BSTR path = nullptr;
-    const HRESULT found = QueryPathOfRegTypeLib(LIBID_VantikFrameTabProject, LibraryMajorVersion,
-                                                LibraryMinorVersion, LOCALE_NEUTRAL, &path);
-    SysFreeString(path);
-    return SUCCEEDED(found);
-}
-
 // Systems that run programs of both bitnesses keep their classes apart, but not the names that lead to them.
 bool OtherBitnessIsRegistered() {
     return RegistryKey::Exists(HKEY_CLASSES_ROOT, ClassKey(),
                                sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY);
 }
 
-// The other bitness of the control may be registered still: only this one's entry goes.
+// Where the library of this bitness is entered, beside that of the other one.
+std::wstring LibraryKey() {
+    return L"TypeLib\\" + TextOf(LIBID_VantikFrameTabProject) + L"\\" + LibraryVersion() + L"\\0\\" +
+           (sizeof(void*) == 8 ? L"win64" : L"win32");
+}
+
+// The system takes the entries of the interfaces away with the library, for both bitnesses: the other one needs them still.
 HRESULT UnregisterLibrary() {
-    if (!LibraryIsRegistered()) return S_OK;
-    const SYSKIND system = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
-    return UnRegisterTypeLib(LIBID_VantikFrameTabProject, LibraryMajorVersion, LibraryMinorVersion,
-                             LOCALE_NEUTRAL, system);
+    if (!RegistryKey::Exists(HKEY_CLASSES_ROOT, LibraryKey())) return S_OK;
+    if (!OtherBitnessIsRegistered())
+        return UnRegisterTypeLib(LIBID_VantikFrameTabProject, LibraryMajorVersion, LibraryMinorVersion,
+                                 LOCALE_NEUTRAL, sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
+    RegistryKey::Delete(HKEY_CLASSES_ROOT, LibraryKey());
+    return S_OK;
 }
 
 } // namespace

@@ -28,7 +28,7 @@ public:
     static void Delete(HKEY parent, const std::wstring& path);
 
     // View: which registry of a system with two of them.
-    static bool Exists(HKEY parent, const std::wstring& path, REGSAM view) noexcept;
+    static bool Exists(HKEY parent, const std::wstring& path, REGSAM view = 0) noexcept;
 
 private:
     HKEY key_ = nullptr;
