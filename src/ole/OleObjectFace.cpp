@@ -78,7 +78,7 @@ HRESULT OleObjectFace::Perform(LONG verb, HWND parent, LPCRECT position) {
     case OLEIVERB_PROPERTIES: return ShowPropertyPages(control_, parent, position);
     case OLEIVERB_HIDE: return Hide();
     case OLEIVERB_DISCARDUNDOSTATE: return S_OK; // nothing is kept to be undone
-    case OLEIVERB_SHOW:
+    case OLEIVERB_SHOW: return Show();
     case OLEIVERB_INPLACEACTIVATE: return control_.Activation.InPlaceActivate();
     case OLEIVERB_PRIMARY:
     case OLEIVERB_OPEN:
@@ -88,6 +88,13 @@ HRESULT OleObjectFace::Perform(LONG verb, HWND parent, LPCRECT position) {
     if (verb < 0) return E_NOTIMPL;
     const HRESULT result = control_.Activation.UIActivate(); // as for the primary verb
     return result == S_OK ? OLEOBJ_S_INVALIDVERB : result;
+}
+
+// Also what an earlier verb has hidden.
+HRESULT OleObjectFace::Show() {
+    const HRESULT here = control_.Activation.InPlaceActivate();
+    if (here == S_OK) control_.Activation.Show(true);
+    return here;
 }
 
 HRESULT OleObjectFace::Hide() {

@@ -36,6 +36,7 @@ public:
 
 private:
     HRESULT Perform(LONG verb, HWND parent, LPCRECT position);
+    HRESULT Show();
     HRESULT Hide();
 
     Control& control_;
