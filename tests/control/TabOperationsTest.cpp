@@ -309,3 +309,31 @@ TEST_CASE("a spare record always stands past the last tab") {
     f.Control.RemoveTab(1);
     CHECK(f.Control.State().Tabs.UpperBound() == f.Control.TabCount());
 }
+
+TEST_CASE("an operation on a tab that the host takes away meanwhile ends there") {
+    // The host takes it away at its first call, its second, and so on: the error of each run, 9 where the tab was in use.
+    const auto errorsOf = [](const std::function<void(ControlFixture&)>& operation) {
+        std::string errors;
+        for (int takenAt = 1;; ++takenAt) {
+            CAPTURE(takenAt);
+            ControlFixture f(6);
+            f.Control.ActiveTab(5);
+            f.AddChild(u"child", 100);
+            int calls = 0;
+            f.Host.OnCall = [&] {
+                if (++calls == takenAt) f.Control.TabCount(2);
+            };
+            const int error = NumberRaisedBy([&] { operation(f); });
+            f.Host.OnCall = nullptr;
+            if (calls < takenAt) return errors;
+            CHECK(f.Captions() == "Tab0 Tab1");
+            CHECK(f.Control.State().Tabs.UpperBound() == 2);
+            CHECK(f.Control.ActiveTab() <= 1);
+            errors += std::to_string(error);
+        }
+    };
+    CHECK(errorsOf([](ControlFixture& f) { f.Insert(4); }) ==
+          "00099"); // twice 9: the new tab is there, not yet active
+    CHECK(errorsOf([](ControlFixture& f) { f.Control.RemoveTab(4); }) == "0000");
+    CHECK(errorsOf([](ControlFixture& f) { f.Control.ActiveTab(4); }) == "99");
+}

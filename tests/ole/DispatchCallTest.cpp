@@ -274,6 +274,10 @@ TEST_CASE("An object is asked for the parameter's interface, and nothing else wi
     CHECK(caller.Put(Face, nothing, DISPATCH_PROPERTYPUTREF) == S_OK);
     CHECK(caller.Object.SeenFace == nullptr);
     CHECK(caller.Put(Face, Number(1), DISPATCH_PROPERTYPUTREF) == DISP_E_TYPEMISMATCH);
+    CHECK(caller.Put(Face, Number(0), DISPATCH_PROPERTYPUTREF) == DISP_E_TYPEMISMATCH);
+    VARIANT broken = {};
+    broken.vt = VT_BSTR | VT_VECTOR; // no variant holds one
+    CHECK(caller.Put(Face, broken, DISPATCH_PROPERTYPUTREF) == DISP_E_BADVARTYPE);
     CHECK(caller.Put(Face, nothing, DISPATCH_PROPERTYPUT) ==
           DISP_E_MEMBERNOTFOUND); // there is only a put by reference
 }

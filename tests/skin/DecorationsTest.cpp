@@ -337,6 +337,25 @@ TEST_CASE("any number of different backgrounds leaves few pictures behind") {
     CHECK(alive < MixedPictures::PicturesPerSlot);
 }
 
+TEST_CASE("a kept picture is not shown over what differs in one row or one column") {
+    SkinnedControl control;
+    WithThreeTabs(control).RepaintAll();
+    const Pixels plain = Patterned(64, 64, 100);
+    for (std::int32_t line = 0; line < 64; ++line) {
+        CAPTURE(line);
+        Pixels inRow = plain, inColumn = plain;
+        for (std::int32_t i = 0; i < 64; ++i) {
+            inRow.Set(i, line, ~plain.At(i, line) & 0xFFFFFF);
+            inColumn.Set(line, i, ~plain.At(line, i) & 0xFFFFFF);
+        }
+        for (const Pixels& skin : {plain, inRow, inColumn}) {
+            control.Surfaces.SkinDC.CreateFromPicture(PictureOf(skin).Get());
+            control.RepaintAll();
+            CHECK(Difference(control.Shown(), control.Expected()) == "same");
+        }
+    }
+}
+
 TEST_CASE("icons that were forgotten leave no picture to those that take their places") {
     SkinnedControl control;
     WithThreeTabs(control).RepaintAll();

@@ -175,6 +175,21 @@ TEST_CASE("a button whose file is gone or no picture takes the size read last, w
     }
 }
 
+TEST_CASE("a button that shows the picture it has counts as read, too") {
+    Scrolled control;
+    control.Folder.Write(u"iconc.png",
+                         AsPng(RandomIcon(5, 4, 77))); // the next button's, read before the menu's
+    control.Decorations.DrawNavButtons();
+    CHECK(control.State.SkinIcons.At(control.State.SkinIcons.RightButtonIcon)->Width == 5);
+    CHECK(control.State.LastPng.LastPngWidth == 6);
+    CHECK(control.State.LastPng.LastPngHeight == 9);
+    control.RemoveFile(control.State.SkinIcons.LeftButtonIcon);
+    control.Decorations.DrawNavButtons();
+    const SkinIcon& left = *control.State.SkinIcons.At(control.State.SkinIcons.LeftButtonIcon);
+    CHECK(left.Width == 6);
+    CHECK(left.Height == 9);
+}
+
 TEST_CASE("a button whose picture is too large for 16 bits keeps its size and is not drawn") {
     for (const auto& [width, height] : {std::pair{40000u, 5u}, std::pair{5u, 40000u}}) {
         CAPTURE(width);
