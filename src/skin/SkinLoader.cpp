@@ -8,6 +8,7 @@
 #include "platform/PictureLoading.h"
 #include "png/ByteSource.h"
 #include "skin/DefaultSkin.h"
+#include "skin/PictureFile.h"
 #include "skin/SkinFolder.h"
 #include "skin/SkinParser.h"
 
@@ -36,8 +37,10 @@ void ReadDefinition(const SkinFolder& folder, ControlState& state) {
 
 // Not by the platform's own way from a path to a picture, which takes the path for a URL.
 ComPtr<IPictureDisp> LoadPicture(const std::u16string& path) {
-    const std::string bytes = ReadBytes(path);
-    const auto picture = PictureFrom({reinterpret_cast<const BYTE*>(bytes.data()), bytes.size()});
+    const std::string file = ReadBytes(path);
+    const std::span<const std::uint8_t> bytes(reinterpret_cast<const std::uint8_t*>(file.data()),
+                                              file.size());
+    const auto picture = IsWholePicture(bytes) ? PictureFrom(bytes) : nullptr;
     if (!picture)
         Raise(RunTimeErrorNumber::InvalidPicture, PathText{path}, u": ",
               DescriptionOf(RunTimeErrorNumber::InvalidPicture));

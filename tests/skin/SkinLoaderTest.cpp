@@ -4,7 +4,9 @@
 
 #include "platform/Files.h"
 #include "tests/RunTimeErrors.h"
+#include "tests/png/PngBytes.h"
 #include "tests/render/FakeUserControl.h"
+#include "tests/skin/BitmapFile.h"
 #include "tests/skin/TemporaryFolder.h"
 
 using namespace vantik;
@@ -24,6 +26,9 @@ struct Loaded {
         const RaisedError raised = ErrorRaisedBy([&] { LoadSkin(Host, State, Surfaces); });
         Text = raised.Text;
         return raised.Number;
+    }
+    void Write(const Bytes& bitmap) const {
+        Folder.Write(u"Skin\\a.bmp", std::string(bitmap.begin(), bitmap.end()));
     }
     // A path in the host's folder, as an error shows it.
     std::string Path(std::string_view name) const {
@@ -144,6 +149,48 @@ TEST_CASE("a bitmap that is missing is not found, one that is none is an invalid
     CHECK(test.Load() == 481);
     test.Folder.Write(u"Skin\\skin.ini", "Start\n[Tab]\nFile: folder\\a.bmp\n");
     CHECK(test.Load() == 76);
+}
+
+TEST_CASE("a bitmap that promises more than it holds is an invalid picture") {
+    Loaded test;
+    test.Folder.MakeFolder(u"Skin");
+    test.Folder.Write(u"Skin\\skin.ini", "Start\n[Tab]\nFile: a.bmp\n");
+    test.Write(BitmapFile{.Width = 214, .Height = 100000, .Pixels = Bytes(306)}.File());
+    CHECK(test.Load() == 481);
+    CHECK(test.Text == "The skin's bitmap " + test.Path("Skin\\A.BMP") + ": Invalid picture");
+    test.Write(BitmapFile{.Pixels = Bytes(47)}.File());
+    CHECK(test.Load() == 481);
+    test.Write(BitmapFile{}.File());
+    CHECK(test.Load() == 0);
+}
+
+TEST_CASE("all legal kinds of bitmaps are skins, and the loader's other formats") {
+    const Bytes gif = {'G', 'I',  'F', '8', '9', 'a', 1, 0, 1, 0, 0x80, 0, 0, 0x55, 0x55, 0x55, 0,   0,
+                       0,   0x2C, 0,   0,   0,   0,   1, 0, 1, 0, 0,    2, 2, 0x44, 1,    0,    0x3B};
+    const HeaderFields grey = {.ColourType = 0};
+    const Bytes indexes(24), rle = {5, 0, 0, 0, 0, 5, 0, 0, 0, 0, 0, 0, 0, 0, 5, 0, 0, 1};
+    const BitmapFile indexed = {.Bits = 8, .TableSize = 1024, .TableFill = 0x55, .Pixels = indexes};
+    BitmapFile core = indexed, runs = indexed, topDown = indexed, v4 = indexed, v5 = indexed, os2 = indexed;
+    core.HeaderSize = 12;
+    core.TableSize = 768;
+    runs.Compression = 1;
+    runs.Pixels = rle;
+    runs.ImageSize = static_cast<std::uint32_t>(rle.size());
+    topDown.Height = -3;
+    v4.HeaderSize = 108;
+    v5.HeaderSize = 124;
+    os2.HeaderSize = 64;
+    for (const Bytes& file :
+         {BitmapFile{}.File(), indexed.File(), core.File(), runs.File(), topDown.File(), v4.File(), v5.File(),
+          os2.File(), gif, PngBytes().Header(grey).StoredImage({0, 0x55}).End().All()}) {
+        CAPTURE(file[14]);
+        Loaded test;
+        test.Folder.MakeFolder(u"Skin");
+        test.Folder.Write(u"Skin\\skin.ini", "Start\n[Tab]\nFile: a.bmp\n");
+        test.Write(file);
+        CHECK(test.Load() == 0);
+        CHECK((GetPixel(test.Surfaces.SkinDC.hdc(), 0, 0) & 0xFFFFFF) == 0x555555);
+    }
 }
 
 TEST_CASE("a definition or a button's picture that cannot be opened is named") {
