@@ -30,8 +30,8 @@ void ReadableFile::Closer::operator()(void* handle) const noexcept { CloseHandle
 
 ReadableFile ReadableFile::Open(const std::u16string& path, Obstacle& obstacle) noexcept {
     const HANDLE handle =
-        CreateFileW(AsWide(path), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                    FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+        CreateFileW(AsWide(path), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
     ReadableFile file;
     if (handle != INVALID_HANDLE_VALUE) file.handle_.reset(handle);
     obstacle = file ? Obstacle::None : ObstacleOf(GetLastError());

@@ -1,11 +1,12 @@
 #include "skin/DefaultSkin.h"
 
-#include <memory>
+#include <span>
+#include <string_view>
 
 #include "base/ErrorText.h"
 #include "platform/Files.h"
 #include "platform/Module.h"
-#include "platform/mDeclares.h"
+#include "skin/SharedFile.h"
 
 namespace vantik {
 
@@ -24,37 +25,39 @@ constexpr BuiltInFile BuiltInFiles[] = {
     {u"DELETE1", u"\\Temp\\delete1.png"}, {u"HANDNO", u"\\Temp\\handno.png"},
 };
 
-struct HandleCloser {
-    using pointer = HANDLE;
-    void operator()(HANDLE handle) const noexcept { CloseHandle(handle); }
-};
-using UniqueHandle = std::unique_ptr<HANDLE, HandleCloser>;
+void Write(const std::u16string& hostFolder, const BuiltInFile& file) {
+    SaveResourceToFile(file.ResourceName, u"CUSTOM", hostFolder + file.Path);
+}
 
-RunTimeErrorNumber NumberOf(DWORD error) noexcept {
-    switch (error) {
-    case ERROR_FILE_NOT_FOUND: return RunTimeErrorNumber::FileNotFound;
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_BAD_NETPATH: return RunTimeErrorNumber::PathNotFound;
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION: return RunTimeErrorNumber::PermissionDenied;
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL: return RunTimeErrorNumber::DiskFull;
-    case ERROR_CRC:
-    case ERROR_NOT_READY:
-    case ERROR_IO_DEVICE: return RunTimeErrorNumber::DeviceError;
-    default: return RunTimeErrorNumber::PathFileAccess;
+bool IsMissing(const std::u16string& path) noexcept { return !FileExists(path) && !FolderExists(path); }
+
+bool IsNewDefinition(const std::u16string& hostFolder, const BuiltInFile& file) {
+    return file.ResourceName == std::u16string_view(u"SKINFILE") && IsMissing(hostFolder + file.Path);
+}
+
+void WriteAll(const std::u16string& hostFolder, std::span<const BuiltInFile> files) {
+    for (const BuiltInFile& file : files) Write(hostFolder, file);
+}
+
+// Also when the others cannot be written: it stands before them in the order.
+void WriteBehind(const std::u16string& hostFolder, std::span<const BuiltInFile> others,
+                 const BuiltInFile& file) {
+    try {
+        WriteAll(hostFolder, others);
+    } catch (const RunTimeError&) {
+        Write(hostFolder, file);
+        throw;
     }
+    Write(hostFolder, file);
 }
 
-[[noreturn]] void RaiseFor(const std::u16string& path, RunTimeErrorNumber number) {
-    Raise(number, PathText{path}, u": ", DescriptionOf(number));
-}
-
-UniqueHandle OpenToWrite(const std::u16string& path) {
-    const HANDLE file = CreateFileW(AsWide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) RaiseFor(path, NumberOf(GetLastError()));
-    return UniqueHandle(file);
+// In their order, but for a definition that was missing: another process that finds it reads the files that it names.
+void WriteInOrder(const std::u16string& hostFolder, std::span<const BuiltInFile> files) {
+    for (; !files.empty(); files = files.subspan(1)) {
+        const BuiltInFile& first = files.front();
+        if (IsNewDefinition(hostFolder, first)) return WriteBehind(hostFolder, files.subspan(1), first);
+        Write(hostFolder, first);
+    }
 }
 
 } // namespace
@@ -64,20 +67,12 @@ void SaveResourceToFile(const std::u16string& resourceName, const std::u16string
     const auto bytes = ResourceBytes(AsWide(resourceName), AsWide(resourceType));
     if (bytes.empty()) // the module was built without its resources
         Raise(RunTimeErrorNumber::InternalError, u"There is no resource ", Quoted{resourceName});
-    const UniqueHandle file = OpenToWrite(filePath);
-    const auto size = static_cast<DWORD>(bytes.size());
-    DWORD written = 0;
-    if (!WriteFile(file.get(), bytes.data(), size, &written, nullptr))
-        RaiseFor(filePath, NumberOf(GetLastError()));
-    if (written != size) RaiseFor(filePath, RunTimeErrorNumber::DiskFull);
+    WriteShared(filePath, bytes);
 }
 
 void ExtractDefaultSkin(const std::u16string& hostFolder) {
-    const std::u16string folder = hostFolder + u"\\Temp";
-    if (!FolderExists(folder) && !CreateDirectoryW(AsWide(folder), nullptr))
-        RaiseFor(folder, NumberOf(GetLastError()));
-    for (const BuiltInFile& file : BuiltInFiles)
-        SaveResourceToFile(file.ResourceName, u"CUSTOM", hostFolder + file.Path);
+    NeedFolder(hostFolder + u"\\Temp");
+    WriteInOrder(hostFolder, BuiltInFiles);
 }
 
 } // namespace vantik
