@@ -41,6 +41,17 @@ check 'functions that find other modules by name, or take what is not given back
 
 architecture=x86
 [[ $BUILD != *win64 ]] || architecture=amd64
+
+# How the file is protected.
+protection='DYNAMIC_BASE NO_SEH NX_COMPAT'
+[[ $architecture == x86 ]] || protection='DYNAMIC_BASE HIGH_ENTROPY_VA NX_COMPAT'
+check 'protection' "$(sed -n '/^DllCharacteristics/,/^Size/s/^[[:space:]]*\([A-Z_]*\)$/\1/p' <<<"$headers" | in_one_line)" \
+    "$protection"
+sections=$(x86_64-w64-mingw32-objdump -h "$Product" | sed '1,/^Idx/d' | paste - - | grep -oE '\.[a-zA-Z_]+ .*')
+check 'sections that can be written' "$(grep -v READONLY <<<"$sections" | cut -d ' ' -f 1 | in_one_line)" '.bss .data'
+check 'sections that can be run' "$(grep CODE <<<"$sections" | cut -d ' ' -f 1 | in_one_line)" '.text'
+check 'who guards the stack' "$(grep -oE 'lib(ssp|stack_guard)[a-z_]*\.a' "$Map" | sort -u | in_one_line)" libstack_guard.a
+
 check 'architecture of the manifest' "$(grep -o 'processorArchitecture="[a-z0-9]*"' "$Manifest")" \
     "processorArchitecture=\"$architecture\""
 # The identifiers of the library's source, by their places in it.
