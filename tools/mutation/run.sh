@@ -16,7 +16,7 @@ source "$Here/../../scripts/lib/setup.sh"
 source "$Root/scripts/lib/suites.sh"
 
 # The most that a mutant may write into one file, in blocks of 1 KB, and allocate, in KB.
-MaxFile=$((1 << 20)) MaxMemory=$((4 << 20))
+MaxFile=$((3 << 20)) MaxMemory=$((4 << 20))
 
 # Every second compilation is that of a file as it was. The user's own cache is spared what is compiled once only.
 use_ccache() {
