@@ -112,12 +112,24 @@ Checked LeadOf(std::int32_t position, Checked barLength, std::int32_t length) {
     return position == AlignRight ? barLength - length : Checked(0);
 }
 
+// What CaptionPos says to DrawText, less the only flag that would write into the text: it changes no pixel. A second
+// ellipsis, behind the one in a path, is left out where even the first leaves the text too long: not every system
+// survives looking for a place for it.
+UINT FormatOf(HDC surface, const std::u16string& text, RECT area, std::int32_t position) noexcept {
+    constexpr UINT AtEnd = DT_END_ELLIPSIS | DT_WORD_ELLIPSIS;
+    const UINT format = static_cast<UINT>(position) & ~UINT{DT_MODIFYSTRING};
+    if (!(format & DT_PATH_ELLIPSIS) || !(format & AtEnd)) return format;
+    const LONG room = area.right - area.left;
+    DrawTextW(surface, AsWide(text), static_cast<int>(text.size()), &area, (format & ~AtEnd) | DT_CALCRECT);
+    return area.right - area.left > room ? format & ~AtEnd : format;
+}
+
 } // namespace
 
 void CaptionPainter::DrawHorizontal(HDC surface, const Place& place) {
     const auto& [bar, room] = place;
     const PropertyValues& p = control_.Properties;
-    std::u16string& text = surfaces_.ShortCaption;
+    const std::u16string& text = surfaces_.ShortCaption;
     Checked shift = p.CaptionXjust;
     if (room != bar) {
         const std::int32_t length = ExtentOf(surface, text).cx;
@@ -127,11 +139,10 @@ void CaptionPainter::DrawHorizontal(HDC surface, const Place& place) {
     }
     const LayoutRect moved = LayoutRect::FromEdges(bar.Left + shift, Checked(bar.Top) + p.CaptionYjust,
                                                    bar.Right + shift, Checked(bar.Bottom) + p.CaptionYjust);
-    // The only flag of DrawText that would write into the text; it changes no pixel.
-    const UINT format = static_cast<UINT>(p.CaptionPos) & ~UINT{DT_MODIFYSTRING};
     RECT rect = ToRect(moved);
+    const UINT format = FormatOf(surface, text, rect, p.CaptionPos);
     if (moved != room) IntersectClipRect(surface, room.Left, room.Top, room.Right, room.Bottom);
-    DrawTextW(surface, AsWide(text.data()), static_cast<int>(text.size()), &rect, format);
+    DrawTextW(surface, AsWide(text), static_cast<int>(text.size()), &rect, format);
 }
 
 OwnedFont CaptionPainter::MakeTurnedFont(bool heavy) {

@@ -71,7 +71,8 @@ struct Captions : PaintedControl {
         SetBkMode(surface.DC(), TRANSPARENT);
         SetTextColor(surface.DC(), Ink);
         RECT rect = {into.Left, into.Top, into.Right, into.Bottom};
-        DrawTextW(surface.DC(), AsWide(text), -1, &rect, format);
+        std::u16string changeable = text + u"...."; // by one of the flags
+        DrawTextW(surface.DC(), AsWide(changeable.data()), static_cast<int>(text.size()), &rect, format);
         return surface.Read();
     }
 };
@@ -91,6 +92,52 @@ TEST_CASE("a caption is written into its bar with CaptionPos as the format") {
         c.Caption(0, u"Text");
         const LayoutRect bar = BarRect(c.State, 0);
         CHECK(Difference(c.Read(), c.ExpectedText(u"Text", bar, bar, static_cast<UINT>(position))) == "same");
+    }
+}
+
+namespace {
+
+// Every flag of the system's text call alone, with every other one, and with two that ask for ellipses.
+std::vector<UINT> FlagsTogether() {
+    std::vector<UINT> all;
+    for (UINT first = 1; first <= DT_PREFIXONLY; first *= 2) {
+        for (UINT second = first; second <= DT_PREFIXONLY; second *= 2) all.push_back(first | second);
+        for (const UINT atEnd : {UINT{DT_END_ELLIPSIS}, UINT{DT_WORD_ELLIPSIS}})
+            all.push_back(first | DT_PATH_ELLIPSIS | atEnd);
+    }
+    return all;
+}
+
+// Two ellipses in a path: there the system may not live to write the second one.
+bool WantsTwoEllipses(UINT format) {
+    return (format & DT_PATH_ELLIPSIS) && (format & (DT_END_ELLIPSIS | DT_WORD_ELLIPSIS));
+}
+
+} // namespace
+
+TEST_CASE(
+    "CaptionPos reaches the system's text call as its flags, whatever they are, and none harms the process") {
+    for (const std::int16_t width : {std::int16_t{100}, std::int16_t{40}, std::int16_t{30}}) {
+        for (const std::u16string& text : {std::u16string(u"c:\\WWW\\W.W"), std::u16string(u"&WWWWW\nWW"),
+                                           std::u16string(u"W\tW\tWW&"), std::u16string(10, u'W')}) {
+            Captions c;
+            c.State.Properties.BarWidth = width;
+            for (const UINT format : FlagsTogether()) {
+                CAPTURE(width);
+                CAPTURE(format);
+                c.State.Properties.CaptionPos = static_cast<std::int32_t>(format);
+                c.Caption(0, text);
+                c.Driver.RedrawBar(0, BarActive);
+                CHECK(c.State.Tabs(0).Caption == text);
+                if (WantsTwoEllipses(format)) continue;
+                const LayoutRect bar = BarRect(c.State, 0);
+                const Pixels expected = c.ExpectedText(c.Surfaces.ShortCaption, bar, bar, format);
+                const auto onBar = [&](const Pixels& all) {
+                    return all.Cut(bar.Left, bar.Top, bar.Width, bar.Height);
+                };
+                CHECK(Difference(onBar(c.Read()), onBar(expected)) == "same");
+            }
+        }
     }
 }
 
