@@ -76,7 +76,7 @@ void VantikFrameTab::UserControl_ReadProperties(PropertyReader& bag) {
     }
     With(bag, Property::TabCount, [&] { MakeTabs(tabs); });
     wasShown_ = true; // also when it fails: the error went to the loader
-    With(bag, Property::SkinFile, [&] { LoadSkin(host_, state_, surfaces_); });
+    With(bag, Property::SkinFile, [&] { ReadSkin(); });
     With(bag, Property::BarWidth,
          [&] { RepaintAll(); }); // on which, more than on any other, the layout depends
     InstallHookAtRunTime();

@@ -1,5 +1,7 @@
 #include "control/VantikFrameTab.h"
 
+#include <utility>
+
 #include "about/frmAbout.h"
 #include "render/CaptionFont.h"
 #include "skin/SkinLoader.h"
@@ -53,7 +55,7 @@ void VantikFrameTab::SkinFile(const std::u16string& name) {
     host_.PropertyChanged(Property::SkinFile);
     skinWasLoaded_ = true;
     merged_.CarryOut(); // no repaint follows when the skin turns out to be bad
-    LoadSkin(host_, state_, surfaces_);
+    ReadSkin();
     RepaintAll();
 }
 
@@ -76,12 +78,19 @@ void VantikFrameTab::RedrawBars() { merged_.RedrawBars(); }
 
 void VantikFrameTab::UserControl_Resize() { RepaintAll(); }
 
+// What shortage made of the picture since the last look is painted over: the whole of it, as nobody knows where it was.
 void VantikFrameTab::UserControl_Paint() noexcept {
     try {
+        const unsigned shortages = ShortagesSoFar();
+        if (std::exchange(shortages_, shortages) != shortages) {
+            RetrySkin();
+            merged_.RepaintAfresh();
+        }
         if (IsFirstShowing()) RepaintAll();
         merged_.CarryOut();
         painting_.Succeeded();
     } catch (...) {
+        TellIfShortage();
         painting_.Failed(u"while it was painted"); // the surface shows what was painted so far
     }
 }
@@ -93,11 +102,35 @@ bool VantikFrameTab::IsFirstShowing() { return !wasShown_ && host_.hWnd() && Tab
 void VantikFrameTab::ShowForTheFirstTime() noexcept {
     if (!IsFirstShowing()) return;
     wasShown_ = true; // once: a failure leaves the control unskinned and alive
+    skinIsDue_ = !skinWasLoaded_;
     try {
         InstallHookAtRunTime();
-        if (!skinWasLoaded_) LoadSkin(host_, state_, surfaces_);
+        if (skinIsDue_) ReadSkin();
     } catch (...) {
+        TellIfShortage();
         TellDebugger(u"when it was first shown");
+    }
+}
+
+// One that could not be had for want of resources is due at the next look.
+void VantikFrameTab::ReadSkin() {
+    skinIsDue_ = false;
+    try {
+        LoadSkin(host_, state_, surfaces_);
+    } catch (...) {
+        skinIsDue_ = TellIfShortage();
+        throw;
+    }
+}
+
+void VantikFrameTab::RetrySkin() noexcept {
+    if (!skinIsDue_) return;
+    try {
+        UserControl_WindowCreated(); // its hook may have failed with it
+        ReadSkin();
+        retrying_.Succeeded();
+    } catch (...) {
+        retrying_.Failed(u"when its skin was tried again");
     }
 }
 

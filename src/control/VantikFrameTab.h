@@ -13,6 +13,7 @@
 #include "control/PropertyBag.h"
 #include "model/ControlState.h"
 #include "platform/DebugLine.h"
+#include "platform/Shortage.h"
 #include "platform/UserControl.h"
 #include "render/DecorationGeometry.h"
 #include "render/MergedRepaint.h"
@@ -135,6 +136,8 @@ private:
     void MeasureCaptionHeight();
     bool IsFirstShowing();
     void ShowForTheFirstTime() noexcept;
+    void ReadSkin();
+    void RetrySkin() noexcept;
     void InstallHookAtRunTime();
 
     UserControl& host_;
@@ -146,9 +149,11 @@ private:
     MergedRepaint merged_;
     HookedInput hookedInput_{*this};
     MessageHook hook_{hookedInput_};
-    RepeatedFailure painting_;
+    RepeatedFailure painting_, retrying_;
     bool wasShown_ = false; // or came with saved properties
     bool skinWasLoaded_ = false;
+    bool skinIsDue_ = false;
+    unsigned shortages_ = ShortagesSoFar(); // at the last look
     bool wantsHook_ = false;
 };
 

@@ -3,6 +3,7 @@
 
 #include "gfx/Handles.h"
 #include "model/LayoutRect.h"
+#include "platform/Shortage.h"
 
 namespace vantik {
 
@@ -10,12 +11,11 @@ namespace vantik {
 // at its end.
 class [[nodiscard]] Clip {
 public:
-    Clip(HDC dc, const LayoutRect& area) noexcept : saved_(dc) {
+    Clip(HDC dc, const LayoutRect& area) : saved_(dc) {
         // GDI would turn an inside-out rectangle round; an empty one lets nothing through.
-        if (area.Width < 1 || area.Height < 1)
-            IntersectClipRect(dc, 0, 0, 0, 0);
-        else
-            IntersectClipRect(dc, area.Left, area.Top, area.Right, area.Bottom);
+        const LayoutRect inside = area.Width < 1 || area.Height < 1 ? LayoutRect{} : area;
+        const int clipped = IntersectClipRect(dc, inside.Left, inside.Top, inside.Right, inside.Bottom);
+        TellShortageUnless(clipped != ERROR);
     }
 
 private:
@@ -25,9 +25,10 @@ private:
 // Painting outside a rectangle only.
 class [[nodiscard]] ClipOutside {
 public:
-    ClipOutside(HDC dc, const LayoutRect& area) noexcept : saved_(dc) {
-        if (area.Width > 0 && area.Height > 0)
-            ExcludeClipRect(dc, area.Left, area.Top, area.Right, area.Bottom);
+    ClipOutside(HDC dc, const LayoutRect& area) : saved_(dc) {
+        if (area.Width < 1 || area.Height < 1) return;
+        const int clipped = ExcludeClipRect(dc, area.Left, area.Top, area.Right, area.Bottom);
+        TellShortageUnless(clipped != ERROR);
     }
 
 private:

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "base/RunTimeError.h"
 #include "platform/mDeclares.h"
 
 namespace vantik {
@@ -72,15 +73,16 @@ private:
 
 inline Selection Select(HDC dc, HGDIOBJ object) noexcept { return {dc, object}; }
 
-// Restores everything that was set in the context since: selected objects, colours, modes, clipping.
+// Restores everything that was set in the context since: selected objects, colours, modes, clipping. Raises where that
+// could not be done, before anything is set.
 class [[nodiscard]] SavedDC {
 public:
-    explicit SavedDC(HDC dc) noexcept : dc_(dc), state_(SaveDC(dc)) {}
+    explicit SavedDC(HDC dc) : dc_(dc), state_(SaveDC(dc)) {
+        if (!state_) Raise(RunTimeErrorNumber::OutOfMemory);
+    }
     SavedDC(const SavedDC&) = delete;
     SavedDC& operator=(const SavedDC&) = delete;
-    ~SavedDC() {
-        if (state_) RestoreDC(dc_, state_);
-    }
+    ~SavedDC() { RestoreDC(dc_, state_); }
 
 private:
     HDC dc_;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Shortage.h"
+
 namespace vantik {
 
 namespace {
@@ -15,7 +17,7 @@ bool IsKey(std::uint32_t pixel) noexcept { return (pixel & ColourBits) == KeyCol
 
 DibSurface CopyOf(HDC surface, SIZE size) {
     DibSurface copy(size.cx, size.cy);
-    if (copy) BitBlt(copy.DC(), 0, 0, size.cx, size.cy, surface, 0, 0, SRCCOPY);
+    if (copy && !BitBlt(copy.DC(), 0, 0, size.cx, size.cy, surface, 0, 0, SRCCOPY)) return {};
     GdiFlush();
     return copy;
 }
@@ -96,18 +98,21 @@ void TurnedTwin::Draw(HDC target, POINT source, SIZE size, POINT destination, bo
     if (!part) return;
     const POINT to = {destination.x + part->ShiftX, destination.y + part->ShiftY};
     if (masked && HasKey(*part)) return DrawMasked(target, *part, to);
-    BitBlt(target, to.x, to.y, part->Width, part->Height, pixels_.DC(), part->X, part->Y, SRCCOPY);
+    TellShortageUnless(
+        BitBlt(target, to.x, to.y, part->Width, part->Height, pixels_.DC(), part->X, part->Y, SRCCOPY));
 }
 
 void TurnedTwin::DrawMasked(HDC target, const Part& part, POINT to) {
     MakeMask();
-    if (!mask_ || !keyed_) return;
-    BitBlt(target, to.x, to.y, part.Width, part.Height, mask_.DC(), part.X, part.Y, SRCAND);
-    BitBlt(target, to.x, to.y, part.Width, part.Height, keyed_.DC(), part.X, part.Y, SRCPAINT);
+    if (!mask_ || !keyed_) return TellShortage();
+    const auto copy = [&](HDC from, DWORD operation) {
+        return BitBlt(target, to.x, to.y, part.Width, part.Height, from, part.X, part.Y, operation);
+    };
+    TellShortageUnless(copy(mask_.DC(), SRCAND) && copy(keyed_.DC(), SRCPAINT));
 }
 
 void TurnedTwin::MakeMask() {
-    if (mask_) return;
+    if (mask_ && keyed_) return;
     mask_ = DibSurface(pixels_.Width(), pixels_.Height());
     keyed_ = DibSurface(pixels_.Width(), pixels_.Height());
     if (!mask_ || !keyed_) return;
@@ -128,8 +133,8 @@ void TurnedTwin::Repeat(HDC target, POINT source, std::int32_t height, POINT des
     const POINT to = {destination.x + part->ShiftX, destination.y + part->ShiftY};
     const std::int32_t width = SwapsAxes(turn_) ? part->Width : repeats;
     const std::int32_t rows = SwapsAxes(turn_) ? repeats : part->Height;
-    StretchBlt(target, to.x, to.y, width, rows, pixels_.DC(), part->X, part->Y, part->Width, part->Height,
-               SRCCOPY);
+    TellShortageUnless(StretchBlt(target, to.x, to.y, width, rows, pixels_.DC(), part->X, part->Y,
+                                  part->Width, part->Height, SRCCOPY));
 }
 
 } // namespace vantik

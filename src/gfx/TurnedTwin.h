@@ -13,6 +13,7 @@ class TurnedTwin {
 public:
     // Copies the surface's pixels as they are now.
     TurnedTwin(HDC surface, SIZE size, Turn turn);
+    explicit operator bool() const noexcept { return static_cast<bool>(pixels_); } // false: not to be had
 
     // A rectangle of the surface, turned, to `destination`; what lies outside the surface is left out. Masked: pixels
     // of the key colour leave the destination unchanged.

@@ -2,6 +2,7 @@
 
 #include "base/Checked.h"
 #include "gfx/TurnedTwin.h"
+#include "platform/Shortage.h"
 
 namespace vantik {
 
@@ -68,11 +69,14 @@ HDC pcMemDC::hdc() noexcept {
 void pcMemDC::CreateSurface(std::int32_t newWidth, std::int32_t newHeight) {
     DestroySurface();
     const MemoryDC display(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
-    if (!display) return;
+    if (!display) return TellShortage();
     MemDC = CreateCompatibleDC(display.Get());
     MemBitmap = CreateCompatibleBitmap(display.Get(), newWidth, newHeight);
     if (MemDC && MemBitmap) OldBitmap = SelectObject(MemDC, MemBitmap);
-    if (!OldBitmap) return DestroySurface();
+    if (!OldBitmap) {
+        TellShortage();
+        return DestroySurface();
+    }
     PatBlt(MemDC, 0, 0, newWidth, newHeight, BLACKNESS);
     Width = newWidth;
     Height = newHeight;
@@ -87,26 +91,33 @@ void pcMemDC::DestroySurface() noexcept {
     Width = Height = 0;
 }
 
-void pcMemDC::CreateFromPicture(IPictureDisp* picture) {
+bool pcMemDC::CreateFromPicture(IPictureDisp* picture) {
     const SIZE size = BitmapSizeOf(picture);
-    if (size.cx < 1 || size.cy < 1) return;
+    if (size.cx < 1 || size.cy < 1) return true;
     width(size.cx);
     height(size.cy);
     for (auto& twin : twins_) twin.reset();
     const MemoryDC display(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
     const MemoryDC source(CreateCompatibleDC(display.Get()));
+    TellShortageUnless(source.Get());
+    if (!MemDC || !source) return false;
     // A bitmap that is selected elsewhere cannot be selected here; then there is nothing to copy from.
     const HGDIOBJ previous = SelectObject(source.Get(), BitmapOf(picture));
-    if (!previous) return;
-    BitBlt(MemDC, 0, 0, size.cx, size.cy, source.Get(), 0, 0, SRCCOPY);
+    if (!previous) return true;
+    const bool copied = BitBlt(MemDC, 0, 0, size.cx, size.cy, source.Get(), 0, 0, SRCCOPY);
     SelectObject(source.Get(), previous);
+    TellShortageUnless(copied);
+    return copied;
 }
 
 TurnedTwin* pcMemDC::TwinOf(Turn turn) {
     if (!MemDC || Width < 1 || Height < 1) return nullptr;
     auto& twin = twins_[static_cast<std::size_t>(turn)];
     if (!twin || drawnByOthers_) twin = std::make_unique<TurnedTwin>(MemDC, SIZE{Width, Height}, turn);
-    return twin.get();
+    if (*twin) return twin.get();
+    twin.reset(); // the next one may be had
+    TellShortage();
+    return nullptr;
 }
 
 void pcMemDC::StretchDraw(HDC target, std::int32_t xDst, std::int32_t yDst, std::int32_t widthDst,
@@ -116,7 +127,8 @@ void pcMemDC::StretchDraw(HDC target, std::int32_t xDst, std::int32_t yDst, std:
     const bool onePixel = width == 1 && height == 1 && widthDst > 0 && heightDst > 0;
     if (onePixel && std::int64_t{widthDst} * heightDst >= LargeArea)
         return FillWith(target, GetPixel(MemDC, xSrc, ySrc), xDst, yDst, widthDst, heightDst);
-    StretchBlt(target, xDst, yDst, widthDst, heightDst, MemDC, xSrc, ySrc, width, height, SRCCOPY);
+    TellShortageUnless(!MemDC || StretchBlt(target, xDst, yDst, widthDst, heightDst, MemDC, xSrc, ySrc, width,
+                                            height, SRCCOPY));
 }
 
 void pcMemDC::Stretch90Draw(HDC target, std::int32_t xDst, std::int32_t yDst, std::int32_t widthDst,
@@ -155,7 +167,7 @@ void pcMemDC::Draw(HDC target, std::int32_t xSrc, std::int32_t ySrc, std::int32_
                    std::int32_t heightSrc, std::int32_t xDst, std::int32_t yDst, bool useMask) {
     const std::int32_t width = OrAll(widthSrc, Width), height = OrAll(heightSrc, Height);
     if (!useMask) {
-        BitBlt(target, xDst, yDst, width, height, MemDC, xSrc, ySrc, SRCCOPY);
+        TellShortageUnless(!MemDC || BitBlt(target, xDst, yDst, width, height, MemDC, xSrc, ySrc, SRCCOPY));
     } else if (TurnedTwin* twin = TwinOf(Turn::Plain)) {
         twin->Draw(target, {xSrc, ySrc}, {width, height}, {xDst, yDst}, true);
     }

@@ -67,8 +67,9 @@ public:
                     std::int32_t heightSrc = 0, std::int32_t xDst = 0, std::int32_t yDst = 0,
                     bool useMask = false);
 
-    // Grows to the size of the picture's bitmap and copies it to (0, 0). An object without a bitmap changes nothing.
-    void CreateFromPicture(IPictureDisp* picture);
+    // Grows to the size of the picture's bitmap and copies it to (0, 0). An object without a bitmap changes nothing. False
+    // where there are no resources for it.
+    bool CreateFromPicture(IPictureDisp* picture);
 
 private:
     void CreateSurface(std::int32_t newWidth, std::int32_t newHeight);

@@ -2,6 +2,7 @@
 
 #include "ole/Control.h"
 #include "ole/InputState.h"
+#include "platform/Shortage.h"
 
 namespace vantik {
 
@@ -96,6 +97,7 @@ bool ControlMessages::KeyDown(WPARAM key) noexcept {
     try {
         control_.Engine.UserControl_KeyDown(static_cast<std::int16_t>(key), ShiftState());
     } catch (...) {
+        TellIfShortage();
         TellDebugger(u"on a key");
     }
     control_.ShowChanges();

@@ -4,6 +4,7 @@
 #include "ole/Module.h"
 #include "ole/WindowClass.h"
 #include "platform/Module.h"
+#include "platform/Shortage.h"
 
 namespace vantik {
 
@@ -130,6 +131,7 @@ LRESULT ControlWindow::HandleOrDefault(const Message& message) noexcept {
     try {
         if (const auto answer = handler_.Handle(message)) return *answer;
     } catch (...) {
+        TellIfShortage();
         handler_.Failed(message);
         return 0;
     }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "ole/Identifiers.h"
+#include "platform/Shortage.h"
 
 namespace vantik {
 
@@ -113,10 +114,12 @@ HostError ErrorFrom(HRESULT result, EXCEPINFO& exception) {
 }
 
 HRESULT ResultOfCurrentException() noexcept {
+    TellIfShortage();
     return WithCurrentException([](HRESULT result, const char16_t*) { return result; });
 }
 
 HRESULT ReportCurrentException(REFIID iid) noexcept {
+    TellIfShortage();
     return WithCurrentException([&](HRESULT result, const char16_t* description) {
         LeaveErrorInfo(iid, description);
         return result;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/RunTimeError.h"
+#include "platform/Shortage.h"
 
 namespace vantik {
 
@@ -49,6 +50,8 @@ HDC Surface::DC() {
 // Without a bitmap the device context keeps the single pixel that it was born with.
 void Surface::MakeBitmap() noexcept {
     bitmap_ = OwnedBitmap(NewBitmap(dc_.Get(), size_, &bits_));
+    isMakeshift_ = !bitmap_;
+    TellShortageUnless(bitmap_.Get());
     if (!bitmap_) size_ = {1, 1};
     if (!bitmap_) bitmap_ = OwnedBitmap(NewBitmap(dc_.Get(), size_, &bits_));
     if (bitmap_) original_ = SelectObject(dc_.Get(), bitmap_.Get());
@@ -63,12 +66,15 @@ void Surface::DropBitmap() noexcept {
 // The new bitmap is made when somebody draws.
 void Surface::Resize(SIZE pixels) noexcept {
     DropBitmap();
-    size_ = {std::clamp(pixels.cx, 1L, LargestSide), std::clamp(pixels.cy, 1L, LargestSide)};
+    size_ = wanted_ = {std::clamp(pixels.cx, 1L, LargestSide), std::clamp(pixels.cy, 1L, LargestSide)};
 }
 
+// Where the bitmap could not be had before it may be had now.
 void Surface::Clear() {
+    if (isMakeshift_) Resize(wanted_);
+    const HDC dc = DC(); // which knows the size
     const RECT all = {0, 0, size_.cx, size_.cy};
-    FillRect(DC(), &all, GetSysColorBrush(COLOR_BTNFACE));
+    FillRect(dc, &all, GetSysColorBrush(COLOR_BTNFACE));
 }
 
 void Surface::CopyTo(HDC target, const RECT& bounds) {
@@ -81,8 +87,8 @@ void Surface::CopyTo(HDC target, const RECT& bounds) {
 }
 
 void Surface::CopyPart(HDC target, const RECT& area) {
-    BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top, DC(), area.left,
-           area.top, SRCCOPY);
+    TellShortageUnless(BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                              DC(), area.left, area.top, SRCCOPY));
 }
 
 // The one way that works where pixels cannot be copied from one device context to another.

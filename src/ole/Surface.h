@@ -37,7 +37,8 @@ private:
     OwnedBitmap bitmap_;
     HGDIOBJ original_ = nullptr; // what the device context was born with
     void* bits_ = nullptr;
-    SIZE size_ = {1, 1};
+    SIZE size_ = {1, 1}, wanted_ = {1, 1};
+    bool isMakeshift_ = false; // smaller than it should be
 };
 
 } // namespace vantik

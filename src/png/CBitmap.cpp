@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "platform/Shortage.h"
+
 namespace vantik {
 
 namespace CBitmap {
@@ -51,7 +53,10 @@ template <std::size_t Colours>
 OwnedBitmap Build(const DibImage& image, HDC rowTaker) noexcept {
     const BitmapInformation<Colours> information(image);
     const auto* const format = reinterpret_cast<const BITMAPINFO*>(&information);
-    return rowTaker ? CreateFilledBitmap(image, rowTaker, format) : CreateScreenBitmap(image, format);
+    OwnedBitmap bitmap =
+        rowTaker ? CreateFilledBitmap(image, rowTaker, format) : CreateScreenBitmap(image, format);
+    TellShortageUnless(bitmap.Get());
+    return bitmap;
 }
 
 } // namespace

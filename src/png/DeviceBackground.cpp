@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "gfx/Handles.h"
+#include "platform/Shortage.h"
 
 namespace vantik {
 
@@ -21,8 +22,9 @@ void DeviceBackground::ReadRows(std::int32_t width, std::int32_t height,
     const OwnedBitmap copy(CreateDIBSection(nullptr, &information, DIB_RGB_COLORS, &copied, nullptr, 0));
     const MemoryDC memory(CreateCompatibleDC(dc_));
     const Selection selected = Select(memory.Get(), copy.Get());
-    if (!BitBlt(memory.Get(), 0, 0, width, height, dc_, x_, y_, SRCCOPY)) return;
+    if (!BitBlt(memory.Get(), 0, 0, width, height, dc_, x_, y_, SRCCOPY)) return TellShortage();
     GdiFlush();
+    TellShortageUnless(copied);
     if (copied) std::memcpy(rows.data(), copied, rows.size());
 }
 

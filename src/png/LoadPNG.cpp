@@ -1,6 +1,7 @@
 #include "png/LoadPNG.h"
 
 #include "base/RunTimeError.h"
+#include "platform/Shortage.h"
 #include "png/CBitmap.h"
 #include "png/Composite.h"
 #include "png/DeviceBackground.h"
@@ -77,7 +78,8 @@ void LoadPNG::Draw(const DibImage& image) noexcept {
 void LoadPNG::BlitToPicBox() const noexcept {
     const MemoryDC memory(CreateCompatibleDC(picBox_));
     const Selection selected = Select(memory.Get(), bitmap_.Get());
-    BitBlt(picBox_, destinationX_, destinationY_, width(), height(), memory.Get(), 0, 0, SRCCOPY);
+    TellShortageUnless(
+        BitBlt(picBox_, destinationX_, destinationY_, width(), height(), memory.Get(), 0, 0, SRCCOPY));
 }
 
 } // namespace vantik

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "gfx/Clip.h"
+#include "platform/Shortage.h"
 #include "render/BarGeometry.h"
 #include "render/CaptionFont.h"
 #include "render/DecorationGeometry.h"
@@ -141,7 +142,8 @@ void CaptionPainter::DrawHorizontal(HDC surface, const Place& place) {
                                                    bar.Right + shift, Checked(bar.Bottom) + p.CaptionYjust);
     RECT rect = ToRect(moved);
     const UINT format = FormatOf(surface, text, rect, p.CaptionPos);
-    if (moved != room) IntersectClipRect(surface, room.Left, room.Top, room.Right, room.Bottom);
+    if (moved != room)
+        TellShortageUnless(IntersectClipRect(surface, room.Left, room.Top, room.Right, room.Bottom) != ERROR);
     DrawTextW(surface, AsWide(text), static_cast<int>(text.size()), &rect, format);
 }
 
@@ -150,7 +152,9 @@ OwnedFont CaptionPainter::MakeTurnedFont(bool heavy) {
     TakeFace(record, HandleOf(surfaces_.Font.Get()));
     record.lfOrientation = record.lfEscapement;
     record.lfWeight = heavy ? HeavyWeight : NormalWeight;
-    return OwnedFont(CreateFontIndirectW(&record));
+    OwnedFont font(CreateFontIndirectW(&record));
+    TellShortageUnless(font.Get());
+    return font;
 }
 
 void CaptionPainter::DrawVertical(HDC surface, const Place& place, std::int16_t index, std::uint8_t state) {

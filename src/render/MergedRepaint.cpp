@@ -34,6 +34,11 @@ void MergedRepaint::RepaintAll() {
     WaitFor(Waiting::All);
 }
 
+void MergedRepaint::RepaintAfresh() {
+    waiting_ = Waiting::Nothing;
+    RepaintAll();
+}
+
 // A full repaint that waits will paint the bars as they are then.
 void MergedRepaint::RedrawBars() {
     if (waiting_ == Waiting::All) CarryOutOtherRow();

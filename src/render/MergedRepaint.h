@@ -24,6 +24,9 @@ public:
     void RepaintAll();
     void RedrawBars();
 
+    // The same where what waits may have been told to a window that was validated since.
+    void RepaintAfresh();
+
     // Draws the bar at once unless a repaint waits, which will. Whoever changes one bar carries out before what waits for
     // another row: that must not show the change.
     void CarryOutOtherRow();

@@ -1,9 +1,19 @@
 #include "skin/IconPainter.h"
 
 #include "base/ErrorText.h"
+#include "platform/Shortage.h"
 #include "render/PngIconDrawing.h"
 
 namespace vantik {
+
+namespace {
+
+// A file that asks for more memory than any file gets is called so; no other try would change that.
+void TellIfUnexplained(const RunTimeError& error) noexcept {
+    if (!error.IsExplained()) TellIfShortage();
+}
+
+} // namespace
 
 // Of a size whose height does not fit 16 bits the width is there before that raises.
 IconPainter::Answer IconPainter::ReadLast(const std::u16string& path) {
@@ -13,6 +23,7 @@ IconPainter::Answer IconPainter::ReadLast(const std::u16string& path) {
         ReadPngFileSize(path, size);
         if (size.LastPngHeight > 0) answer = Answer::Size;
     } catch (RunTimeError& error) {
+        TellIfUnexplained(error);
         failures_.Failed(path, error);
         answer = Answer::Refused;
     }
@@ -58,6 +69,7 @@ OwnedBitmap IconPainter::DrawFile(const std::u16string& path, IconStyle style, s
         failures_.Succeeded(path);
         return drawn;
     } catch (RunTimeError& error) {
+        TellIfUnexplained(error);
         failures_.Failed(path, error);
         return {};
     }
@@ -66,7 +78,9 @@ OwnedBitmap IconPainter::DrawFile(const std::u16string& path, IconStyle style, s
 void IconPainter::Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, const PixelBlock& beneath,
                        std::int16_t direct) {
     if (pictures_.Copy(host_.hDC(), icon, slot, style, beneath)) return;
+    const unsigned shortages = ShortagesSoFar();
     OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, style, beneath.X, beneath.Y, direct);
+    if (shortages != ShortagesSoFar()) return; // it may be mixed over anything
     if (drawn) pictures_.Keep(icon, slot, style, beneath, std::move(drawn));
 }
 

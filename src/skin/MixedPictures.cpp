@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "gfx/OutlivingBitmaps.h"
+#include "platform/Shortage.h"
 
 namespace vantik {
 
@@ -50,7 +51,7 @@ PixelBlock MixedPictures::Read(HDC surface, std::int32_t x, std::int32_t y, std:
     if (!scratch) return block;
     GdiFlush();
     for (std::int32_t row = 0; row < height; ++row) std::fill_n(scratch.Row(row), width, 0u);
-    BitBlt(scratch.DC(), 0, 0, width, height, surface, x, y, SRCCOPY);
+    if (!BitBlt(scratch.DC(), 0, 0, width, height, surface, x, y, SRCCOPY)) return block;
     GdiFlush();
     block.Values.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     for (std::int32_t row = 0; row < height; ++row)
@@ -62,12 +63,12 @@ PixelBlock MixedPictures::Read(HDC surface, std::int32_t x, std::int32_t y, std:
 void MixedPictures::Write(HDC surface, std::int32_t x, std::int32_t y, const PixelBlock& block) {
     if (block.Values.empty()) return;
     DibSurface& scratch = ScratchOf(block.Width, block.Height);
-    if (!scratch) return;
+    if (!scratch) return TellShortage();
     GdiFlush();
     auto values = block.Values.begin();
     for (std::int32_t row = 0; row < block.Height; ++row, values += block.Width)
         std::copy_n(values, block.Width, scratch.Row(row));
-    BitBlt(surface, x, y, block.Width, block.Height, scratch.DC(), 0, 0, SRCCOPY);
+    TellShortageUnless(BitBlt(surface, x, y, block.Width, block.Height, scratch.DC(), 0, 0, SRCCOPY));
 }
 
 // A slot that somebody else emptied - its icon was forgotten - has no pictures any more.

@@ -50,7 +50,12 @@ ComPtr<IPictureDisp> LoadPicture(const std::u16string& path) {
 void LoadBitmap(const ControlState& state, Surfaces& surfaces) {
     if (state.SkinBitmapPath.empty()) return;
     Explaining(
-        [&] { surfaces.SkinDC.CreateFromPicture(LoadPicture(state.SkinBitmapPath).Get()); },
+        [&] {
+            const auto picture = LoadPicture(state.SkinBitmapPath);
+            if (!surfaces.SkinDC.CreateFromPicture(picture.Get()))
+                Raise(RunTimeErrorNumber::OutOfMemory, PathText{state.SkinBitmapPath}, u": ",
+                      DescriptionOf(RunTimeErrorNumber::OutOfMemory));
+        },
         [](const RunTimeError& error) { return ErrorText(u"The skin's bitmap ", error.Description()); });
 }
 
