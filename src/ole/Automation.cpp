@@ -53,8 +53,8 @@ HRESULT Automation::Let(Property property, std::int32_t value) noexcept {
     return Do([&](VantikFrameTab& engine) { engine.Let(property, value); });
 }
 
-HRESULT Automation::Let(Property property, const std::u16string& value) noexcept {
-    return Do([&](VantikFrameTab& engine) { engine.Let(property, value); });
+HRESULT Automation::Let(Property property, BSTR value) noexcept {
+    return Do([&](VantikFrameTab& engine) { engine.Let(property, FromBstr(value)); });
 }
 
 // Also what the properties in the header are made of.

@@ -95,7 +95,7 @@ private:
     static std::int32_t Plain(Number value) noexcept {
         return static_cast<std::int32_t>(value);
     }
-    static std::u16string Plain(BSTR value) { return FromBstr(value); }
+    static BSTR Plain(BSTR value) noexcept { return value; }
 
     HRESULT Get(Property property, short* value) noexcept;
     HRESULT Get(Property property, BSTR* value) noexcept;
@@ -103,7 +103,7 @@ private:
     HRESULT Get(Property property, Number* value) noexcept;
     HRESULT Let(Property property, std::int16_t value) noexcept;
     HRESULT Let(Property property, std::int32_t value) noexcept;
-    HRESULT Let(Property property, const std::u16string& value) noexcept;
+    HRESULT Let(Property property, BSTR value) noexcept;
 
     // Runs an operation on the engine, which has its values by then; the caller is told of an error in full.
     template <class Operation>

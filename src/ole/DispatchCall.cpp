@@ -53,7 +53,8 @@ void SetDefault(Variant& value, VARTYPE type) {
 
 bool AreEqual(const Variant& a, const Variant& b) noexcept {
     if (a.vt != VT_BSTR) return a.llVal == b.llVal;
-    return FromBstr(a.bstrVal) == FromBstr(b.bstrVal);
+    const UINT bytes = SysStringByteLen(a.bstrVal);
+    return bytes == SysStringByteLen(b.bstrVal) && (!bytes || !memcmp(a.bstrVal, b.bstrVal, bytes));
 }
 
 // The memory of a value, as a variant that refers to it shows it.
