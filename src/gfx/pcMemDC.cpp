@@ -127,8 +127,9 @@ void pcMemDC::StretchDraw(HDC target, std::int32_t xDst, std::int32_t yDst, std:
     const bool onePixel = width == 1 && height == 1 && widthDst > 0 && heightDst > 0;
     if (onePixel && std::int64_t{widthDst} * heightDst >= LargeArea)
         return FillWith(target, GetPixel(MemDC, xSrc, ySrc), xDst, yDst, widthDst, heightDst);
-    TellShortageUnless(!MemDC || StretchBlt(target, xDst, yDst, widthDst, heightDst, MemDC, xSrc, ySrc, width,
-                                            height, SRCCOPY));
+    if (!MemDC || !widthDst || !heightDst) return;
+    TellShortageUnless(
+        StretchBlt(target, xDst, yDst, widthDst, heightDst, MemDC, xSrc, ySrc, width, height, SRCCOPY));
 }
 
 void pcMemDC::Stretch90Draw(HDC target, std::int32_t xDst, std::int32_t yDst, std::int32_t widthDst,

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <random>
 
+#include "platform/Shortage.h"
 #include "render/BarGeometry.h"
 #include "tests/render/PaintedControl.h"
 
@@ -56,6 +57,14 @@ Reach ReachOf(const ControlState& state) {
 }
 
 } // namespace
+
+TEST_CASE("painting that lacks nothing is not taken for one that has to be repeated") {
+    ForRandomStates([](RandomControl&, PaintedControl& painted) {
+        const unsigned before = ShortagesSoFar();
+        painted.Driver.RepaintAll();
+        CHECK(ShortagesSoFar() == before);
+    });
+}
 
 TEST_CASE("a full repaint paints what the loops paint") {
     ForRandomStates([](RandomControl& random, PaintedControl& painted) {
