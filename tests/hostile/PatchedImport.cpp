@@ -1,7 +1,6 @@
 #include "hostile/PatchedImport.h"
 
 #include <cstring>
-#include <string>
 #include <utility>
 
 #include "host/HostError.h"
@@ -15,29 +14,40 @@ const Part* At(HMODULE module, std::size_t offset) {
     return reinterpret_cast<const Part*>(reinterpret_cast<const std::byte*>(module) + offset);
 }
 
-std::size_t ImportsOf(HMODULE module) {
+const IMAGE_IMPORT_DESCRIPTOR* LibrariesOf(HMODULE module) {
     const auto* headers =
         At<IMAGE_NT_HEADERS>(module, static_cast<std::size_t>(At<IMAGE_DOS_HEADER>(module, 0)->e_lfanew));
-    return headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
+    return At<IMAGE_IMPORT_DESCRIPTOR>(
+        module, headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
 }
 
-bool HasName(HMODULE module, const IMAGE_THUNK_DATA& import, const char* name) {
-    if (IMAGE_SNAP_BY_ORDINAL(import.u1.Ordinal)) return false;
-    const auto* hint = At<std::byte>(module, import.u1.AddressOfData);
-    return std::strcmp(reinterpret_cast<const char*>(hint + sizeof(WORD)), name) == 0;
+const char* NameOf(HMODULE module, const IMAGE_THUNK_DATA& import) {
+    if (IMAGE_SNAP_BY_ORDINAL(import.u1.Ordinal)) return "";
+    return reinterpret_cast<const char*>(At<std::byte>(module, import.u1.AddressOfData) + sizeof(WORD));
+}
+
+// Calls the visitor with the name of each import and the place of its address, until it has enough.
+template <class Visitor>
+void VisitImports(HMODULE module, Visitor visit) {
+    for (auto* library = LibrariesOf(module); library->FirstThunk; ++library) {
+        const auto* import = At<IMAGE_THUNK_DATA>(module, library->OriginalFirstThunk);
+        for (std::size_t i = 0; import[i].u1.Ordinal; ++i) {
+            const auto* thunk = At<IMAGE_THUNK_DATA>(module, library->FirstThunk) + i;
+            if (!visit(NameOf(module, import[i]),
+                       reinterpret_cast<const void**>(const_cast<IMAGE_THUNK_DATA*>(thunk))))
+                return;
+        }
+    }
 }
 
 const void** FindImport(HMODULE module, const char* name) {
-    for (auto* library = At<IMAGE_IMPORT_DESCRIPTOR>(module, ImportsOf(module)); library->FirstThunk;
-         ++library) {
-        const auto* import = At<IMAGE_THUNK_DATA>(module, library->OriginalFirstThunk);
-        for (std::size_t i = 0; import[i].u1.Ordinal; ++i) {
-            if (!HasName(module, import[i], name)) continue;
-            const auto* thunk = At<IMAGE_THUNK_DATA>(module, library->FirstThunk) + i;
-            return reinterpret_cast<const void**>(const_cast<IMAGE_THUNK_DATA*>(thunk));
-        }
-    }
-    throw HostError(std::string("the module does not import ") + name);
+    const void** found = nullptr;
+    VisitImports(module, [&](const char* other, const void** place) {
+        if (std::strcmp(other, name) == 0) found = place;
+        return !found;
+    });
+    if (!found) throw HostError(std::string("the module does not import ") + name);
+    return found;
 }
 
 const void* Exchange(const void** place, const void* function) {
@@ -49,6 +59,15 @@ const void* Exchange(const void** place, const void* function) {
 }
 
 } // namespace
+
+std::vector<std::string> ImportsOf(HMODULE module) {
+    std::vector<std::string> names;
+    VisitImports(module, [&](const char* name, const void**) {
+        names.emplace_back(name);
+        return true;
+    });
+    return names;
+}
 
 PatchedImport::PatchedImport(HMODULE module, const char* name, const void* replacement)
     : place_(FindImport(module, name)), original_(Exchange(place_, replacement)) {}

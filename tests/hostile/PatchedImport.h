@@ -1,10 +1,17 @@
-// A function that a module imports, replaced for as long as this lives.
+// The functions that a module imports: which they are, and one of them replaced.
 #pragma once
+
+#include <string>
+#include <vector>
 
 #include "platform/mDeclares.h"
 
 namespace vantik {
 
+// By name, library after library.
+std::vector<std::string> ImportsOf(HMODULE module);
+
+// Replaced for as long as this lives.
 class PatchedImport {
 public:
     // Throws HostError when the module does not import it.
