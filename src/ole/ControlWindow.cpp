@@ -25,8 +25,8 @@ void RegisterControlWindowClass() noexcept {
 }
 
 void Count(HWND window) noexcept {
+    LockModule();
     SetWindowLongPtrW(window, 0, TRUE);
-    if (GetWindowLongPtrW(window, 0)) LockModule();
 }
 
 void Uncount(HWND window) noexcept {
@@ -78,9 +78,9 @@ bool ControlWindow::Keeps(IUnknown& lastReference) noexcept {
 // Code of others that ran before the window's first message may have made another one already.
 bool ControlWindow::Attach(HWND window) noexcept {
     if (window_) return false;
+    window_ = window;
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    if (OwnerOf(window) == this) window_ = window;
-    return window_ != nullptr;
+    return true;
 }
 
 void ControlWindow::Detach() noexcept {

@@ -8,6 +8,10 @@ namespace {
 
 void CheckRegistry(LSTATUS status) { Check(HRESULT_FROM_WIN32(static_cast<DWORD>(status))); }
 
+void CheckGone(LSTATUS status) {
+    if (status != ERROR_FILE_NOT_FOUND) CheckRegistry(status);
+}
+
 } // namespace
 
 RegistryKey::RegistryKey(HKEY parent, const std::wstring& path) {
@@ -20,9 +24,8 @@ void RegistryKey::Set(const wchar_t* name, const std::wstring& value) const {
 }
 
 void RegistryKey::Delete(HKEY parent, const std::wstring& path) {
-    const LSTATUS status = RegDeleteTreeW(parent, path.c_str());
-    if (status != ERROR_FILE_NOT_FOUND) CheckRegistry(status);
-    RegDeleteKeyW(parent, path.c_str());
+    CheckGone(RegDeleteTreeW(parent, path.c_str()));
+    CheckGone(RegDeleteKeyW(parent, path.c_str())); // some systems leave the key itself
 }
 
 bool RegistryKey::Exists(HKEY parent, const std::wstring& path, REGSAM view) noexcept {

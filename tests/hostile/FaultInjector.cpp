@@ -73,15 +73,6 @@ constexpr std::size_t FirstRow = __COUNTER__ + 1;
 #define IMPORT_ROW(function, failure, counter) \
     ImportOf<counter - FirstRow, failure, decltype(::function)>(#function)
 
-// Preprocessor names of functions of both bitnesses stand for the one that is imported.
-#ifdef _WIN64
-#define IMPORT_LONG(function, failure) IMPORT_ROW(function##PtrW, failure, __COUNTER__)
-#define IMPORT_LONG_ANSI(function, failure) IMPORT_ROW(function##PtrA, failure, __COUNTER__)
-#else
-#define IMPORT_LONG(function, failure) IMPORT_ROW(function##W, failure, __COUNTER__)
-#define IMPORT_LONG_ANSI(function, failure) IMPORT_ROW(function##A, failure, __COUNTER__)
-#endif
-
 constexpr std::intptr_t NoColour = static_cast<std::int32_t>(CLR_INVALID), OutOfMemory = E_OUTOFMEMORY;
 
 FaultyImport Table[] = {
@@ -115,7 +106,6 @@ FaultyImport Table[] = {
     IMPORT(GetTextExtentPoint32W, 0),
     IMPORT(IntersectClipRect, 0),
     IMPORT(PatBlt, 0),
-    IMPORT(RestoreDC, 0),
     IMPORT(SaveDC, 0),
     IMPORT(SelectObject, 0),
     IMPORT(SetBkMode, 0),
@@ -144,7 +134,6 @@ FaultyImport Table[] = {
     IMPORT(GetActiveWindow, 0),
     IMPORT(GetAncestor, 0),
     IMPORT(GetCapture, 0),
-    IMPORT_LONG(GetClassLong, 0),
     IMPORT(GetDC, 0),
     IMPORT(GetDlgCtrlID, 0),
     IMPORT(GetFocus, 0),
@@ -153,8 +142,6 @@ FaultyImport Table[] = {
     IMPORT(GetPropW, 0),
     IMPORT(GetSysColorBrush, 0),
     IMPORT(GetWindow, 0),
-    IMPORT_LONG(GetWindowLong, 0),
-    IMPORT_LONG_ANSI(GetWindowLong, 0),
     IMPORT(GetWindowRect, 0),
     IMPORT(GetWindowThreadProcessId, 0),
     IMPORT(InvalidateRect, 0),
@@ -173,8 +160,6 @@ FaultyImport Table[] = {
     IMPORT(SetCapture, 0),
     IMPORT(SetFocus, 0),
     IMPORT(SetPropW, 0),
-    IMPORT_LONG(SetWindowLong, 0),
-    IMPORT_LONG_ANSI(SetWindowLong, 0),
     IMPORT(SetWindowPos, 0),
     IMPORT(SetWindowRgn, 0),
     IMPORT(UnregisterClassW, 0),
@@ -258,6 +243,7 @@ const char* const Unfailing[] = {
     "GetMessageTime",
     "GetSysColor",
     "GetSystemMetrics",
+    "GetTickCount",
     "IntersectRect",
     "IsRectEmpty",
     "IsWindow",
@@ -267,6 +253,7 @@ const char* const Unfailing[] = {
     "QueryPerformanceCounter",
     "SendMessageW",
     "SetLastError",
+    "SysStringByteLen",
     "SysStringLen",
     "TlsGetValue",
     "TranslateMessage",
@@ -279,7 +266,20 @@ const char* const Unfailing[] = {
     "strlen",
     "strncmp",
     "wcslen",
-    "GetTickCount",
+    // what fails for windows only that are not there
+    "GetClassLongPtrW",
+    "GetClassLongW",
+    "GetWindowLongA",
+    "GetWindowLongPtrA",
+    "GetWindowLongPtrW",
+    "GetWindowLongW",
+    "SetClassLongPtrW",
+    "SetClassLongW",
+    "SetWindowLongA",
+    "SetWindowLongPtrA",
+    "SetWindowLongPtrW",
+    "SetWindowLongW",
+    "ShowWindow",
     // memory, which is made to fail by tests of its own
     "calloc",
     "malloc",
@@ -297,6 +297,7 @@ const char* const Unfailing[] = {
     "RegCloseKey",
     "ReleaseSRWLockExclusive",
     "RemovePropW",
+    "RestoreDC",
     "Sleep",
     "SysFreeString",
     "VariantClear",
