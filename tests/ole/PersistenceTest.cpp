@@ -2,6 +2,7 @@
 #include <doctest/doctest.h>
 
 #include <functional>
+#include <limits>
 
 #include "host/TextPropertyBag.h"
 #include "ole/Canvas.h"
@@ -42,6 +43,16 @@ ComPtr<IStream> StreamOf(const std::vector<std::byte>& bytes) {
     stream->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
     Rewind(*stream.Get());
     return stream;
+}
+
+// As the control saves into one.
+ComPtr<IStorage> StorageOf(const std::vector<std::byte>& bytes) {
+    auto storage = NewStorage();
+    ComPtr<IStream> inside;
+    REQUIRE(storage->CreateStream(L"VantikFrameTab", STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE, 0, 0,
+                                  inside.Put()) == S_OK);
+    inside->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
+    return storage;
 }
 
 // Every property away from its default, pictures and fonts included.
@@ -265,12 +276,14 @@ TEST_CASE("A stream that was cut short or is none of the control's leaves it as 
     LooseControl control;
     Put(control.Dispatch(), L"FrameDist", std::int16_t{9});
     const std::string before = StateOf(control);
-    for (std::size_t size = 0; size < whole.size(); size += 1 + size / 16) {
+    for (std::size_t size = 0; size < whole.size(); ++size) {
         CAPTURE(size);
-        CHECK(FAILED(control.As<IPersistStreamInit>()->Load(
-            StreamOf({whole.begin(), whole.begin() + long(size)}).Get())));
-        CHECK(StateOf(control) == before);
+        const std::vector<std::byte> part(whole.begin(), whole.begin() + long(size));
+        CHECK(FAILED(control.As<IPersistStreamInit>()->Load(StreamOf(part).Get())));
+        CHECK(FAILED(control.As<IPersistStorage>()->Load(StorageOf(part).Get())));
+        if (size % 16 == 0) CHECK(StateOf(control) == before);
     }
+    CHECK(StateOf(control) == before);
     auto foreign = whole;
     foreign[0] = std::byte{0};
     CHECK(FAILED(control.As<IPersistStreamInit>()->Load(StreamOf(foreign).Get())));
@@ -470,17 +483,82 @@ TEST_CASE("After a load that fails at any key, by any route, every member works"
             const auto bag = MakeCom<WatchedBag>(key, [] { return STG_E_READFAULT; });
             CHECK(byBag.As<IPersistPropertyBag>()->Load(bag.Get(), nullptr) == STG_E_READFAULT);
             CHECK(FAILED(byStream.As<IPersistStreamInit>()->Load(saved.Stream().Get())));
-            const auto storage = NewStorage();
-            ComPtr<IStream> inside;
-            REQUIRE(storage->CreateStream(L"VantikFrameTab", STGM_CREATE | STGM_WRITE | STGM_SHARE_EXCLUSIVE,
-                                          0, 0, inside.Put()) == S_OK);
-            const auto bytes = BytesOf(*saved.Stream().Get());
-            inside->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
-            inside.Reset();
+            const auto storage = StorageOf(BytesOf(*saved.Stream().Get()));
             CHECK(FAILED(byStorage.As<IPersistStorage>()->Load(storage.Get())));
             for (LooseControl* control : {&byBag, &byStream, &byStorage}) CheckThatEveryMemberWorks(*control);
         }
     }
+}
+
+namespace {
+
+// Three tabs, and any value for one key.
+class OfferingBag final : public ComObject<IPropertyBag> {
+public:
+    OfferingBag(std::wstring_view key, const Variant& value) : key_(key), value_(value) {}
+    STDMETHODIMP Read(LPCOLESTR name, VARIANT* value, IErrorLog*) noexcept override {
+        VARIANT three = {};
+        three.vt = VT_I2;
+        three.iVal = 3;
+        if (name == key_) return VariantCopy(value, const_cast<VARIANT*>(&value_.Get()));
+        return std::wstring_view(name) == L"TabCount" ? VariantCopy(value, &three) : E_INVALIDARG;
+    }
+    STDMETHODIMP Write(LPCOLESTR, VARIANT*) noexcept override { return E_NOTIMPL; }
+
+private:
+    std::wstring_view key_;
+    const Variant& value_;
+};
+
+// One value of each type that a variant can have, and the ends of the numbers.
+std::vector<Variant> ValuesOfEveryType(IUnknown* object) {
+    std::vector<Variant> values;
+    const auto add = [&](VARTYPE type, auto set) {
+        VARIANT value = {};
+        value.vt = type;
+        set(value);
+        values.emplace_back(value);
+        VariantClear(&value);
+    };
+    const auto nothing = [](VARIANT&) {};
+    for (const VARTYPE type : {VT_EMPTY, VT_NULL, VT_I1, VT_DATE, VT_CY, VT_DECIMAL, VT_ERROR, VT_DISPATCH,
+                               VT_UNKNOWN, VT_BSTR, VT_UI8, VT_INT})
+        add(type, nothing);
+    for (const std::int16_t number : std::initializer_list<std::int16_t>{INT16_MIN, -1, 0, 1, INT16_MAX})
+        add(VT_I2, [&](VARIANT& value) { value.iVal = number; });
+    for (const std::int32_t number : {INT32_MIN, -2, 40000, INT32_MAX})
+        add(VT_I4, [&](VARIANT& value) { value.lVal = LONG{number}; });
+    for (const double number : {std::numeric_limits<double>::quiet_NaN(), -1e300, 1e300, 0.5})
+        add(VT_R8, [&](VARIANT& value) { value.dblVal = number; });
+    add(VT_UNKNOWN, [&](VARIANT& value) { (value.punkVal = object)->AddRef(); });
+    add(VT_ARRAY | VT_UI1, [](VARIANT& value) { value.parray = SafeArrayCreateVector(VT_UI1, 0, 4); });
+    for (const wchar_t* text : {L"", L"abc", L"7", L"..\\..\\", L"\\\\?\\C:\\con"})
+        add(VT_BSTR, [&](VARIANT& value) { value.bstrVal = SysAllocString(text); });
+    add(VT_BSTR, [](VARIANT& value) { value.bstrVal = SysAllocString(std::wstring(70000, L'x').c_str()); });
+    return values;
+}
+
+} // namespace
+
+TEST_CASE("Whatever a bag holds for a key, the load succeeds or fails and the control lives on") {
+    LooseControl other;
+    const auto values = ValuesOfEveryType(other.Object());
+    const Canvas canvas(300, 200);
+    for (const wchar_t* key : AllKeys)
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            CAPTURE(ToUtf8(key));
+            CAPTURE(i);
+            LooseControl control;
+            control.As<IPersistPropertyBag>()->Load(MakeCom<OfferingBag>(key, values[i]).Get(), nullptr);
+            short count = 0, last = 0;
+            REQUIRE(control.Tab->get_TabCount(&count) == S_OK);
+            BSTR caption = nullptr;
+            last = static_cast<short>(count - 1);
+            CHECK(control.Tab->GetTabCaption(&last, &caption) == S_OK);
+            CHECK((count == 0) == (std::wstring_view(caption) == L"-1"));
+            SysFreeString(caption);
+            Draw(control.Object(), canvas.DC(), {0, 0, 300, 200});
+        }
 }
 
 TEST_CASE("A bag that calls back into the control while it is read finds and leaves a whole one") {
