@@ -23,6 +23,29 @@ private:
     PAINTSTRUCT paint_ = {};
 };
 
+constexpr UINT_PTR LookAgain = 1; // the control's own timer
+constexpr UINT SoonEnough = 1000; // milliseconds
+
+// Where painting lacked something, the window is painted once more a little later: nobody else may ever ask for it.
+class SecondLook {
+public:
+    explicit SecondLook(HWND window) noexcept : window_(window) {}
+    ~SecondLook() {
+        if (ShortagesSoFar() != before_) SetTimer(window_, LookAgain, SoonEnough, nullptr);
+    }
+    SecondLook(const SecondLook&) = delete;
+    SecondLook& operator=(const SecondLook&) = delete;
+
+    static void Take(HWND window) noexcept {
+        KillTimer(window, LookAgain);
+        InvalidateRect(window, nullptr, FALSE);
+    }
+
+private:
+    HWND window_;
+    unsigned before_ = ShortagesSoFar();
+};
+
 // What a plain window on the control has to say is meant for the host, which placed it there.
 bool IsChildNotification(const Message& message) noexcept {
     switch (message.Number) {
@@ -54,6 +77,10 @@ std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
     case WM_PRINTCLIENT: Print(reinterpret_cast<HDC>(message.WParam)); return 0;
     case WM_ERASEBKGND: return 1; // painting covers everything
     case WM_SIZE: Sized(message.LParam); return 0;
+    case WM_TIMER:
+        if (message.WParam != LookAgain) return std::nullopt;
+        SecondLook::Take(message.Window);
+        return 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS: control_.Activation.FocusChanged(message.Number == WM_SETFOCUS); return 0;
     case WM_MOUSEWHEEL: return wheel_.HandOn(message);
@@ -75,6 +102,7 @@ void ControlMessages::Failed(const Message& message) noexcept {
 
 // What waits is painted first: what that invalidates still belongs to this message.
 void ControlMessages::Paint(HWND window) {
+    const SecondLook second(window);
     Surface& surface = control_.PaintedSurface();
     const PaintScope paint(window);
     surface.CopyPart(paint.DC(), paint.Area());

@@ -85,6 +85,15 @@ void Look(const WindowedControl& control) {
     RedrawWindow(control.Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
 
+void PumpFor(DWORD milliseconds) {
+    const ULONGLONG end = GetTickCount64() + milliseconds;
+    MSG message;
+    while (GetTickCount64() < end) {
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        Sleep(10);
+    }
+}
+
 // Of a control that nothing went wrong with.
 test::Pixels PictureOfHealthy(const Deed& deed) {
     PlacedControl control;
@@ -131,6 +140,23 @@ TEST_CASE("what could not be drawn shows with the first paint after that, and th
             CHECK(test::Difference(control.InWindow.Picture(), expected) == "same");
         }
     }
+}
+
+TEST_CASE("and where nobody asks for a paint the window asks itself, until there is enough again") {
+    const Deed& deed = Deeds[0];
+    const test::Pixels expected = PictureOfHealthy(deed);
+    PlacedControl control;
+    MakeTabs(control.Told());
+    Look(control.InWindow);
+    FailingImports imports(Loaded());
+    imports.Fail("StretchBlt");
+    REQUIRE(deed.Do(control.InWindow) == S_OK);
+    Look(control.InWindow);
+    PumpFor(2500); // it asks more than once, in vain
+    imports.FailNone();
+    CHECK(test::Difference(control.InWindow.Picture(), expected) != "same");
+    PumpFor(2500);
+    CHECK(test::Difference(control.InWindow.Picture(), expected) == "same");
 }
 
 TEST_CASE("a control that was first shown while nothing could be had shows its skin with the next paint") {
