@@ -2,7 +2,12 @@
 // would have shown without the failure, and the host does nothing for it.
 #include <doctest/doctest.h>
 
-#include "hostile/FailingImports.h"
+#include <algorithm>
+#include <climits>
+#include <optional>
+
+#include "hostile/FaultInjector.h"
+#include "hostile/ModuleMemory.h"
 #include "ole/LooseControl.h"
 #include "ole/WindowedControl.h"
 
@@ -106,35 +111,58 @@ test::Pixels PictureOfHealthy(const Deed& deed) {
 
 HMODULE Loaded() { return GetModuleHandleW(L"VantikFrameTab.ocx"); }
 
-std::vector<std::string> Failures() {
-    std::vector<std::string> names = FailingImports::Names();
-    names.emplace_back("all");
-    return names;
-}
+// What drawing needs.
+const char* const Needed[] = {
+    "BitBlt",
+    "CreateBitmap",
+    "CreateCompatibleBitmap",
+    "CreateCompatibleDC",
+    "CreateDCW",
+    "CreateDIBSection",
+    "CreateDIBitmap",
+    "CreateFontIndirectW",
+    "ExcludeClipRect",
+    "IntersectClipRect",
+    "SaveDC",
+    "SetDIBits",
+    "StretchBlt",
+    "memory",
+    "all",
+};
 
-void Fail(FailingImports& imports, const std::string& name) {
-    if (name == "all")
-        imports.FailAll();
-    else
-        imports.Fail(name);
-}
+// What the control cannot have for as long as this lives: one of these, or all.
+class Shortage {
+public:
+    explicit Shortage(const std::string& lacking) {
+        const auto lacks = [&](const char* name) { return lacking == name || lacking == "all"; };
+        if (lacks("memory")) memory_.FailAll();
+        for (FaultyImport& import : FaultyImports())
+            if (std::ranges::count(Needed, std::string_view(import.Name)) && lacks(import.Name)) {
+                import.FailsFrom = 1;
+                import.FailsTo = LONG_MAX;
+            }
+    }
+
+private:
+    FaultInjector injector_{Loaded()};
+    ModuleMemory memory_{Loaded()};
+};
 
 } // namespace
 
 TEST_CASE("what could not be drawn shows with the first paint after that, and the window needs no help") {
     for (const Deed& deed : Deeds) {
         const test::Pixels expected = PictureOfHealthy(deed);
-        for (const std::string& name : Failures()) {
+        for (const std::string name : Needed) {
             CAPTURE(std::string(deed.Name));
             CAPTURE(name);
             PlacedControl control;
             MakeTabs(control.Told());
             Look(control.InWindow);
-            FailingImports imports(Loaded());
-            Fail(imports, name);
+            std::optional<Shortage> shortage(name);
             const HRESULT done = deed.Do(control.InWindow);
             Look(control.InWindow);
-            imports.FailNone();
+            shortage.reset();
             if (FAILED(done)) deed.Do(control.InWindow);
             Uncover(control.InWindow);
             CHECK(test::Difference(control.InWindow.Picture(), expected) == "same");
@@ -148,12 +176,11 @@ TEST_CASE("and where nobody asks for a paint the window asks itself, until there
     PlacedControl control;
     MakeTabs(control.Told());
     Look(control.InWindow);
-    FailingImports imports(Loaded());
-    imports.Fail("StretchBlt");
+    std::optional<Shortage> shortage("StretchBlt");
     REQUIRE(deed.Do(control.InWindow) == S_OK);
     Look(control.InWindow);
     PumpFor(2500); // it asks more than once, in vain
-    imports.FailNone();
+    shortage.reset();
     CHECK(test::Difference(control.InWindow.Picture(), expected) != "same");
     PumpFor(2500);
     CHECK(test::Difference(control.InWindow.Picture(), expected) == "same");
@@ -162,15 +189,14 @@ TEST_CASE("and where nobody asks for a paint the window asks itself, until there
 TEST_CASE("a control that was first shown while nothing could be had shows its skin with the next paint") {
     constexpr Deed Nothing = {"nothing", [](WindowedControl&) { return S_OK; }};
     const test::Pixels expected = PictureOfHealthy(Nothing);
-    for (const std::string& name : Failures()) {
+    for (const std::string name : Needed) {
         CAPTURE(name);
         PlacedControl control;
         control.Tab->put_BarWidth(60); // no tabs yet, so nothing was shown
-        FailingImports imports(Loaded());
-        Fail(imports, name);
+        std::optional<Shortage> shortage(name);
         MakeTabs(control.Told());
         Look(control.InWindow);
-        imports.FailNone();
+        shortage.reset();
         MakeTabs(control.Told()); // what it was told, should that have failed
         Uncover(control.InWindow);
         CHECK(test::Difference(control.InWindow.Picture(), expected) == "same");

@@ -5,6 +5,7 @@ from typing import NamedTuple
 
 # Test cases that try thousands of states; they take longer than all others of their program together.
 LONG = "*Laws*,*Endurance*,*Merged*"
+SLOW = "*whichever*,*unloading*,*nor with*,*nor does anything*,*start*"
 
 
 class Judge(NamedTuple):
@@ -33,6 +34,7 @@ JUDGES = (
     Judge("shell", "win32", ("shell_tests",), **SHELL),
     Judge("shell-chinese", "win32", ("shell_tests",), **SHELL),
     Judge("host", "win32", ("host_tests",), **SHELL),
+    Judge("hostile", "win32", ("hostile_tests",), (f"-tce={SLOW}",), **SHELL),
     Judge("script-client", "win32", ("VantikFrameTab",), judges=("src/ole/*",)),
     Judge("engine", "win32", ("engine_tests",), (f"-sf={LONG}",)),
 )
