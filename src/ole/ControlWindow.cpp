@@ -12,6 +12,8 @@ namespace {
 
 constexpr wchar_t ClassName[] = L"VantikFrameTab";
 
+HCURSOR Pointer() noexcept { return LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW)); }
+
 // Where the class is known already this fails, and where it failed the next window tries again.
 void RegisterControlWindowClass() noexcept {
     WNDCLASSEXW description = {};
@@ -19,9 +21,15 @@ void RegisterControlWindowClass() noexcept {
     description.lpfnWndProc = ControlWindow::Procedure;
     description.cbWndExtra = sizeof(LONG_PTR); // whether it counts
     description.hInstance = ThisModule();
-    description.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+    description.hCursor = Pointer();
     description.lpszClassName = ClassName;
     RegisterClassExW(&description);
+}
+
+// When the class was registered there may have been no pointer to be had.
+void NeedPointer(HWND window) noexcept {
+    if (window && !GetClassLongPtrW(window, GCLP_HCURSOR))
+        SetClassLongPtrW(window, GCLP_HCURSOR, reinterpret_cast<LONG_PTR>(Pointer()));
 }
 
 void Count(HWND window) noexcept {
@@ -46,6 +54,7 @@ bool ControlWindow::Create(HWND parent, const RECT& position) noexcept {
     CreateWindowExW(0, ClassName, nullptr, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, position.left,
                     position.top, position.right - position.left, position.bottom - position.top, parent,
                     nullptr, ThisModule(), this);
+    NeedPointer(window_);
     return window_ != nullptr;
 }
 
