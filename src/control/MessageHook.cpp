@@ -10,6 +10,10 @@ namespace vantik {
 
 namespace {
 
+// On a hooked window, the entry that it has. A window takes its properties with it, whoever keeps its last message from the
+// hook: so a new one of the same number can be told from it.
+constexpr wchar_t Mark[] = L"VantikFrameTab.MessageHook";
+
 bool Includes(HookTime when, HookTime part) {
     return static_cast<unsigned>(when) & static_cast<unsigned>(part);
 }
@@ -95,6 +99,8 @@ struct MessageHook::Entry {
         const auto get = IsUnicode ? GetWindowLongPtrW : GetWindowLongPtrA;
         return get(Window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(Procedure);
     }
+    bool SetMark() noexcept { return SetPropW(Window, Mark, this) != FALSE; }
+    bool HasMark() const noexcept { return GetPropW(Window, Mark) == this; }
 };
 
 // Each window belongs to one thread, the map to all of them.
@@ -109,9 +115,10 @@ public:
         const Lock lock(lock_);
         entries_[entry->Window] = entry;
     }
-    void Remove(HWND window) noexcept {
+    void Remove(const Entry& entry) noexcept {
         const Lock lock(lock_);
-        entries_.erase(window);
+        const auto found = entries_.find(entry.Window);
+        if (found != entries_.end() && found->second.get() == &entry) entries_.erase(found);
     }
 
 private:
@@ -121,13 +128,24 @@ private:
 
 MessageHook::HookedWindows MessageHook::allHooked_;
 
+// Whether the entry's window is still the one that was hooked.
+bool MessageHook::IsOn(const Entry& entry) noexcept {
+    return entry.HasMark() || (entry.StandsInFront() && allHooked_.Find(entry.Window).get() == &entry);
+}
+
 std::shared_ptr<MessageHook::Entry> MessageHook::Find(HWND window) const noexcept {
     const auto found = entries_.find(window);
     return found == entries_.end() ? nullptr : found->second;
 }
 
+bool MessageHook::IsHooked(HWND window) const noexcept {
+    const auto entry = Find(window);
+    return entry && IsOn(*entry);
+}
+
 void MessageHook::SubclassStart(HWND window) {
-    if (const auto known = allHooked_.Find(window)) {
+    const auto known = allHooked_.Find(window);
+    if (known && IsOn(*known)) {
         if (known->Owner) return;
         entries_[window] = known; // somebody hooked the window later, and so it could not be unhooked
         known->Owner = this;
@@ -137,7 +155,7 @@ void MessageHook::SubclassStart(HWND window) {
         std::make_shared<Entry>(Entry{this, window, IsWindowUnicode(window) != FALSE, {}, {}, {}});
     entries_[window] = entry;
     allHooked_.Add(entry);
-    entry->Previous = entry->Exchange(Procedure);
+    if (entry->SetMark()) entry->Previous = entry->Exchange(Procedure);
     if (!entry->Previous) SubclassStop(window);
 }
 
@@ -162,9 +180,11 @@ void MessageHook::SubclassStop(HWND window) noexcept {
     entries_.erase(window);
     entry->Owner = nullptr; // a message under way stops delivering
     entry->Before = entry->After = {};
-    if (entry->Previous && !entry->StandsInFront()) return KeepThisModuleLoaded();
-    if (entry->Previous) entry->Exchange(entry->Previous);
-    allHooked_.Remove(window);
+    const bool isInPlace = entry->Previous && IsOn(*entry);
+    if (isInPlace && !entry->StandsInFront()) return KeepThisModuleLoaded();
+    if (isInPlace) entry->Exchange(entry->Previous);
+    if (entry->HasMark()) RemovePropW(window, Mark);
+    allHooked_.Remove(*entry);
 }
 
 void MessageHook::StopAll() noexcept {
@@ -198,7 +218,8 @@ LRESULT MessageHook::Deliver(Entry& entry, UINT message, WPARAM wParam, LPARAM l
 
 void MessageHook::Forget(const Entry& entry) noexcept {
     if (entry.Owner) entry.Owner->entries_.erase(entry.Window);
-    allHooked_.Remove(entry.Window);
+    if (entry.HasMark()) RemovePropW(entry.Window, Mark);
+    allHooked_.Remove(entry);
 }
 
 } // namespace vantik

@@ -46,7 +46,7 @@ private:
 };
 
 // Any number of windows, each with lists of its own and hooked by one object at a time. A window that is destroyed leaves
-// by itself; what is still hooked when this object ends is let go, so that no message reaches a callback that is gone.
+// by itself, even where somebody keeps its last message from the hook; what is still hooked when this object ends is let go, so that no message reaches a callback that is gone.
 //
 // One procedure stands in the place of every hooked window's own and finds the window in a map of the process. Window
 // properties, on which the system's own way of hooking rests, would cost a pointer move more than all the rest of it.
@@ -63,7 +63,7 @@ public:
     void SubclassStop(HWND window) noexcept;
     void StopAll() noexcept;
 
-    bool IsHooked(HWND window) const noexcept { return Find(window) != nullptr; }
+    bool IsHooked(HWND window) const noexcept;
 
 private:
     struct Entry;
@@ -72,6 +72,7 @@ private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static LRESULT Deliver(Entry& entry, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static void Forget(const Entry& entry) noexcept;
+    static bool IsOn(const Entry& entry) noexcept;
     std::shared_ptr<Entry> Find(HWND window) const noexcept;
 
     static HookedWindows allHooked_;

@@ -50,6 +50,7 @@ ControlWindow* OwnerOf(HWND window) noexcept {
 void UnregisterControlWindowClass() noexcept { UnregisterClassW(ClassName, ThisModule()); }
 
 bool ControlWindow::Create(HWND parent, const RECT& position) noexcept {
+    if (window_ && !Owns(window_)) Forget();
     RegisterControlWindowClass();
     CreateWindowExW(0, ClassName, nullptr, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, position.left,
                     position.top, position.right - position.left, position.bottom - position.top, parent,
@@ -67,11 +68,27 @@ void ControlWindow::Show(bool visible) noexcept {
     if (window_) ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
 }
 
+bool ControlWindow::Owns(HWND window) const noexcept {
+    const auto procedure = reinterpret_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC));
+    const ControlWindow* const owner = OwnerOf(window);
+    return procedure == Procedure && (!owner || owner == this);
+}
+
 // Only its own thread can destroy a window. On others it is left to itself, and closes when its thread comes by.
 void ControlWindow::Destroy() noexcept {
     const HWND window = window_;
-    if (window && !DestroyWindow(window)) PostMessageW(window, WM_CLOSE, 0, 0);
-    if (window_ == window) Detach(); // otherwise it was detached on its last message
+    if (!window) return;
+    if (Owns(window) && !DestroyWindow(window)) PostMessageW(window, WM_CLOSE, 0, 0);
+    if (window_ != window) return; // it was detached on its last message
+    if (!Owns(window)) return Forget();
+    Detach();
+}
+
+// The window has gone without its last message: somebody who stands in front of it kept that. Its number may be another
+// window's by now.
+void ControlWindow::Forget() noexcept {
+    window_ = nullptr;
+    UnlockModule();
 }
 
 // Nothing here is touched any more once the reference is kept: the window's thread may end the control at once.

@@ -54,6 +54,8 @@ public:
 
 private:
     static LRESULT Process(const Message& message) noexcept;
+    bool Owns(HWND window) const noexcept; // not another window that has its number now
+    void Forget() noexcept;
     bool Attach(HWND window) noexcept;
     void Detach() noexcept;
     LRESULT Dispatch(const Message& message) noexcept;

@@ -242,3 +242,84 @@ TEST_CASE("hooking leaves a window its kind of text") {
     DestroyWindow(ansi);
     CHECK_FALSE(hook.IsHooked(ansi));
 }
+
+namespace {
+
+LRESULT CALLBACK SwallowTheLast(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCDESTROY) return DefWindowProcW(window, message, wParam, lParam);
+    return StandInFront(window, message, wParam, lParam);
+}
+
+// A hooked window that is destroyed without the hook's being told.
+struct Unnoticed : Hooked {
+    const HWND gone = window.handle;
+
+    Unnoticed() {
+        procedureBehind = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(gone, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(SwallowTheLast)));
+        window.Destroy();
+    }
+};
+
+BOOL CALLBACK RemoveProperty(HWND window, LPCWSTR name, HANDLE) {
+    RemovePropW(window, name);
+    return TRUE;
+}
+
+// Leaves a window as a new one is that has got the number of one that was destroyed: with the procedure of its class,
+// and without any property.
+void BecomeNew(HWND window) {
+    SetWindowLongPtrW(window, GWLP_WNDPROC, static_cast<LONG_PTR>(GetClassLongPtrW(window, GCLP_WNDPROC)));
+    EnumPropsW(window, RemoveProperty);
+}
+
+} // namespace
+
+TEST_CASE("a window that somebody kept the last message of is hooked no more") {
+    Unnoticed u;
+    CHECK_FALSE(u.hook.IsHooked(u.gone));
+    u.hook.SubclassStop(u.gone);
+    CHECK_FALSE(u.hook.IsHooked(u.gone));
+}
+
+TEST_CASE("a new window under the number of one that went unnoticed is hooked anew") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Before);
+    BecomeNew(h.window.handle);
+    CHECK_FALSE(h.hook.IsHooked(h.window.handle));
+    h.hook.SubclassStart(h.window.handle);
+    CHECK(h.hook.IsHooked(h.window.handle));
+    h.Send(1);
+    CHECK(h.window.log == "window 1;"); // the old one's lists went with it
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 2, HookTime::Before);
+    h.Send(2);
+    CHECK(h.window.log == "window 1;before 2;window 2;");
+}
+
+TEST_CASE("so it is for another object, and the first one's end leaves it alone") {
+    TestWindow window;
+    Recorder recorder(window.log), other(window.log);
+    auto first = std::make_unique<MessageHook>(recorder);
+    first->SubclassStart(window.handle);
+    BecomeNew(window.handle);
+    MessageHook second(other);
+    second.SubclassStart(window.handle);
+    second.SubclassAddMsg(window.handle, WM_USER + 1, HookTime::Before);
+    CHECK(second.IsHooked(window.handle));
+    CHECK_FALSE(first->IsHooked(window.handle));
+    first.reset();
+    SendMessageW(window.handle, WM_USER + 1, 0, 0);
+    CHECK(window.log == "before 1;window 1;");
+}
+
+TEST_CASE("a window that lost what the hook left on it stays hooked as it was") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Before);
+    EnumPropsW(h.window.handle, RemoveProperty);
+    h.hook.SubclassStart(h.window.handle);
+    h.Send(1);
+    CHECK(h.window.log == "before 1;window 1;");
+    h.hook.SubclassStop(h.window.handle);
+    h.Send(1);
+    CHECK(h.window.log == "before 1;window 1;window 1;");
+}
