@@ -33,9 +33,10 @@ PixelBlock Decorations::DrawOnBar(std::int16_t index, std::int16_t icon, std::ui
     const SkinIcon& entry = *state_.SkinIcons.At(icon);
     const LayoutRect whole = RectAt(place.Left, place.Top, entry.Width, entry.Height);
     const LayoutRect room = RoomOfTab(state_, index);
+    if (IconPainter::IsHidden(whole, room)) return {};
     std::optional<Clip> clip; // only for icons that do not fit their bar
     if (Intersection(whole, room) != whole) clip.emplace(host_.hDC(), room);
-    PixelBlock beneath = icons_.Read(place.Left, place.Top, place.Width, place.Height);
+    PixelBlock beneath = icons_.ReadBeneath(place, Intersection(room, state_.Layout.ControlRect));
     icons_.Draw(icon, slot, style, beneath);
     return beneath;
 }

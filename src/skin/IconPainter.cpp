@@ -2,6 +2,7 @@
 
 #include "base/ErrorText.h"
 #include "platform/Shortage.h"
+#include "render/FrameGeometry.h"
 #include "render/PngIconDrawing.h"
 
 namespace vantik {
@@ -75,11 +76,25 @@ OwnedBitmap IconPainter::DrawFile(const std::u16string& path, IconStyle style, s
     }
 }
 
+bool IconPainter::IsHidden(const LayoutRect& place, const LayoutRect& room) noexcept {
+    return !IsEmpty(place) && IsEmpty(Intersection(place, room));
+}
+
+PixelBlock IconPainter::ReadBeneath(const LayoutRect& place, const LayoutRect& room) {
+    LayoutRect seen = Intersection(place, room);
+    if (IsEmpty(seen)) seen = place;
+    PixelBlock block = Read(seen.Left, seen.Top, seen.Width, seen.Height);
+    block.SkippedColumns = seen.Left - place.Left;
+    block.SkippedRows = seen.Top - place.Top;
+    return block;
+}
+
 void IconPainter::Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, const PixelBlock& beneath,
                        std::int16_t direct) {
     if (pictures_.Copy(host_.hDC(), icon, slot, style, beneath)) return;
     const unsigned shortages = ShortagesSoFar();
-    OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, style, beneath.X, beneath.Y, direct);
+    OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, style,
+                                 beneath.X - beneath.SkippedColumns, beneath.Y - beneath.SkippedRows, direct);
     if (shortages != ShortagesSoFar()) return; // it may be mixed over anything
     if (drawn) pictures_.Keep(icon, slot, style, beneath, std::move(drawn));
 }

@@ -33,6 +33,12 @@ public:
     PixelBlock Read(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
         return pictures_.Read(host_.hDC(), x, y, width, height);
     }
+    // Whether nothing is to be seen of a picture in this place of the room. One without extent is not known, and drawing
+    // it tells what is wrong with it.
+    static bool IsHidden(const LayoutRect& place, const LayoutRect& room) noexcept;
+
+    // What lies beneath a picture in this place: as much of it as is seen, or all when none is.
+    PixelBlock ReadBeneath(const LayoutRect& place, const LayoutRect& room);
     void Restore(const PixelBlock& block) { pictures_.Write(host_.hDC(), block.X, block.Y, block); }
 
     // Where the pixels were read; they are what the picture is mixed over. A picture that was mixed over the same is

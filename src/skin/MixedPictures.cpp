@@ -9,29 +9,52 @@ namespace vantik {
 
 namespace {
 
-constexpr std::int32_t MaxExtent = 256; // larger icons are mixed afresh each time
+constexpr std::int32_t MaxExtent = 2048; // of what larger icons cover is mixed afresh each time
 constexpr std::size_t ReleasedSlots = 3;
 
 BitmapSlot AsSlot(HBITMAP bitmap) noexcept { return reinterpret_cast<BitmapSlot>(bitmap); }
 
-// The bitmap's top left part, at most as large as what it was mixed over.
-PixelBlock PixelsOf(HBITMAP bitmap, const PixelBlock& beneath) {
-    BITMAP size = {};
-    if (beneath.Values.empty() || !GetObjectW(bitmap, sizeof size, &size)) return {};
+// Some of the bitmap's rows, the lowest one first; empty when they cannot be had.
+std::vector<std::uint32_t> RowsOf(HBITMAP bitmap, SIZE size, std::int32_t first, std::int32_t count) {
     BITMAPINFO info = {};
-    info.bmiHeader = {sizeof(BITMAPINFOHEADER), size.bmWidth, -size.bmHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    const auto stride = static_cast<std::size_t>(size.bmWidth);
-    std::vector<std::uint32_t> rows(stride * static_cast<std::size_t>(size.bmHeight));
+    info.bmiHeader = {sizeof(BITMAPINFOHEADER), size.cx, size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    std::vector<std::uint32_t> rows(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(count));
     const ScreenDC screen = GetScreenDC();
-    const auto count = static_cast<UINT>(size.bmHeight);
-    if (!GetDIBits(screen.Get(), bitmap, 0, count, rows.data(), &info, DIB_RGB_COLORS)) return {};
+    const auto fromBelow = static_cast<UINT>(size.cy - first - count);
+    if (!GetDIBits(screen.Get(), bitmap, fromBelow, static_cast<UINT>(count), rows.data(), &info,
+                   DIB_RGB_COLORS))
+        return {};
+    return rows;
+}
 
+SIZE SizeOf(HBITMAP bitmap) noexcept {
+    BITMAP description = {};
+    if (!GetObjectW(bitmap, sizeof description, &description)) return {0, 0};
+    return {description.bmWidth, description.bmHeight};
+}
+
+// The part of the bitmap that lies over what it was mixed over.
+PixelBlock PixelsOf(HBITMAP bitmap, const PixelBlock& beneath) {
+    const SIZE size = SizeOf(bitmap);
     PixelBlock block;
-    block.Width = std::min<std::int32_t>(beneath.Width, size.bmWidth);
-    block.Height = std::min<std::int32_t>(beneath.Height, size.bmHeight);
-    for (auto row = rows.begin(); row != rows.begin() + block.Height * size.bmWidth; row += size.bmWidth)
-        block.Values.insert(block.Values.end(), row, row + block.Width);
+    block.Width = std::min<std::int32_t>(beneath.Width, size.cx - beneath.SkippedColumns);
+    block.Height = std::min<std::int32_t>(beneath.Height, size.cy - beneath.SkippedRows);
+    if (beneath.Values.empty() || block.Width < 1 || block.Height < 1) return {};
+    const auto rows = RowsOf(bitmap, size, beneath.SkippedRows, block.Height);
+    for (auto row = rows.end(); row != rows.begin();) {
+        row -= size.cx;
+        const auto from = row + beneath.SkippedColumns;
+        block.Values.insert(block.Values.end(), from, from + block.Width);
+    }
     return block;
+}
+
+// A whole icon can be thousands of times as large as what is seen of it.
+OwnedBitmap CutTo(const PixelBlock& seen, OwnedBitmap picture) noexcept {
+    const SIZE size = SizeOf(picture.Get());
+    if (seen.Values.empty() || (seen.Width == size.cx && seen.Height == size.cy)) return picture;
+    OwnedBitmap cut(CreateBitmap(seen.Width, seen.Height, 1, 32, seen.Values.data()));
+    return cut ? std::move(cut) : std::move(picture);
 }
 
 } // namespace
@@ -96,6 +119,7 @@ void MixedPictures::Keep(std::int16_t icon, std::uint8_t slot, std::uint8_t styl
     std::vector<Picture>& pictures = PicturesOf({icon, slot});
     PixelBlock mixed = PixelsOf(picture.Get(), beneath);
     if (mixed.Values.empty()) beneath.Values.clear();
+    picture = CutTo(mixed, std::move(picture));
     const auto isLost = [](const Picture& old) { return old.Beneath.Values.empty(); }; // never found again
     std::erase_if(pictures, isLost);
     if (pictures.size() == PicturesPerSlot) pictures.erase(pictures.begin());

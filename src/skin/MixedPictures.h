@@ -19,9 +19,12 @@ struct PixelBlock {
     std::int32_t X = 0, Y = 0; // where it was read
     std::int32_t Width = 0, Height = 0;
     std::vector<std::uint32_t> Values; // 0xRRGGBB, 0 where the surface has no pixels
+    std::int32_t SkippedColumns = 0,
+                 SkippedRows = 0; // of the picture that goes there: they lie where it is not seen
 
     bool LooksLike(const PixelBlock& other) const noexcept {
-        return Width == other.Width && Height == other.Height && Values == other.Values;
+        return Width == other.Width && Height == other.Height && SkippedColumns == other.SkippedColumns &&
+               SkippedRows == other.SkippedRows && Values == other.Values;
     }
 };
 
@@ -42,7 +45,8 @@ public:
     bool Copy(HDC surface, std::int16_t icon, std::uint8_t slot, std::uint8_t style,
               const PixelBlock& beneath);
 
-    // The slot shows the new picture. Of those it had, the oldest goes when there are too many.
+    // The slot shows the new picture, cut to what lies over the pixels. Of those it had, the oldest goes when there are too
+    // many.
     void Keep(std::int16_t icon, std::uint8_t slot, std::uint8_t style, PixelBlock beneath,
               OwnedBitmap picture);
 

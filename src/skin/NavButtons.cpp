@@ -56,8 +56,11 @@ bool Decorations::DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, 
     {
         const ClipOutside besideRow(host_.hDC(), RowRect(state_));
         FramePainter(host_, state_, surfaces_).PaintUnderlay(area);
-        const PixelBlock beneath = icons_.Read(x, y, icon->Width, icon->Height);
-        if (isReadable) icons_.Draw(role, 0, style, beneath, DirectOf(state_.Properties));
+        const LayoutRect place =
+            LayoutRect::FromEdges(x, y, Checked(x) + icon->Width, Checked(y) + icon->Height);
+        const LayoutRect& room = state_.Layout.ControlRect;
+        if (isReadable && !IconPainter::IsHidden(place, room))
+            icons_.Draw(role, 0, style, icons_.ReadBeneath(place, room), DirectOf(state_.Properties));
     }
     Invalidate(host_.hWnd(), area);
     if (style == Darkened) state_.ButtonPressed = True;

@@ -366,3 +366,81 @@ TEST_CASE("icons that were forgotten leave no picture to those that take their p
     control.RepaintAll();
     CHECK(Difference(control.Shown(), control.Expected()) == "same");
 }
+
+namespace {
+
+// Both extents beyond the longest bar of these controls.
+IconPicture LargeIcon(std::uint32_t seed) { return RandomIcon(300, 290, seed); }
+
+SIZE SizeOf(BitmapSlot slot) {
+    BITMAP bitmap = {};
+    GetObjectW(reinterpret_cast<HGDIOBJ>(slot), sizeof bitmap, &bitmap);
+    return {bitmap.bmWidth, bitmap.bmHeight};
+}
+
+} // namespace
+
+TEST_CASE(
+    "of a close button that is larger than its bar the part on the bar is kept, and shown again without its "
+    "file") {
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom}) {
+        for (const std::int16_t shift : std::initializer_list<std::int16_t>{0, -150}) {
+            CAPTURE(side);
+            CAPTURE(shift);
+            SkinnedControl control;
+            control.AddButtons();
+            const std::int16_t icon = control.AddIcon(u"DELETEBUTTON", LargeIcon(31));
+            control.SetTabCount(3);
+            control.State.Properties.TabPos = side;
+            control.State.Properties.DelBtnXJust = control.State.Properties.DelBtnYJust = shift;
+            control.RepaintAll();
+            CHECK(Difference(control.Shown(), control.Expected()) == "same");
+            CHECK(Difference(control.Shown(), control.WithoutDecorations()) != "same");
+            const RECT room = control.Room(0);
+            const SIZE kept = SizeOf(control.State.SkinIcons.At(icon)->Handles[0]);
+            CHECK(kept.cx <= room.right - room.left);
+            CHECK(kept.cy <= room.bottom - room.top);
+            control.RemoveFile(icon);
+            control.RepaintAll();
+            CHECK(Difference(control.Shown(), control.Expected()) == "same");
+        }
+    }
+}
+
+TEST_CASE("a large close button's hover look is mixed over the bar without the plain button, too") {
+    SkinnedControl control;
+    control.AddButtons();
+    control.AddIcon(u"DELETEBUTTON", LargeIcon(32));
+    control.SetTabCount(3);
+    control.RepaintAll();
+    const Pixels plain = control.Shown();
+    RedrawClose(control, 1, 0, 3);
+    CHECK(Difference(control.Shown(), control.Expected(1)) == "same");
+    RedrawClose(control, 1, 0, 0);
+    CHECK(Difference(control.Shown(), plain) == "same");
+}
+
+TEST_CASE("of a large tab icon no more is kept than is copied again") {
+    SkinnedControl control;
+    control.AddButtons();
+    const std::int16_t icon = control.AddIcon(u"BIG", LargeIcon(33));
+    control.SetTabCount(1);
+    control.State.Tabs(0).Ico = u"BIG";
+    control.RepaintAll();
+    CHECK(Difference(control.Shown(), control.Expected()) == "same");
+    const SIZE kept = SizeOf(control.State.SkinIcons.At(icon)->Handles[0]);
+    CHECK(kept.cx <= 20);
+    CHECK(kept.cy <= 20);
+    CHECK(kept.cx > 0);
+}
+
+TEST_CASE("a large decoration that lies beside its bar is not drawn at all") {
+    SkinnedControl control;
+    control.AddButtons();
+    const std::int16_t icon = control.AddIcon(u"DELETEBUTTON", LargeIcon(34));
+    control.SetTabCount(2);
+    control.State.Properties.DelBtnYJust = 2000;
+    control.RepaintAll();
+    CHECK(Difference(control.Shown(), control.Expected()) == "same");
+    CHECK(Filled(control.State.SkinIcons.At(icon)).empty());
+}

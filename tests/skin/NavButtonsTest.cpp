@@ -253,3 +253,19 @@ TEST_CASE("the window paints the buttons' places again") {
                                                 "," + std::to_string(rects.Menu.Right + 1) + "," +
                                                 std::to_string(bottom + 1));
 }
+
+TEST_CASE("a button larger than the control is kept, as much of it as lies on the control") {
+    SkinnedControl control;
+    control.AddIcon(u"MENUBAR", RandomIcon(400, 390, 78));
+    control.SetTabCount(2);
+    control.RepaintAll();
+    CHECK(Difference(control.Shown(), control.Expected()) == "same");
+    const BitmapSlot first = control.State.SkinIcons.At(0)->Handles[0];
+    BITMAP kept = {};
+    GetObjectW(reinterpret_cast<HGDIOBJ>(first), sizeof kept, &kept);
+    CHECK(kept.bmWidth <= control.State.Layout.ControlRect.Width);
+    CHECK(kept.bmHeight <= control.State.Layout.ControlRect.Height);
+    control.RepaintAll();
+    CHECK(control.State.SkinIcons.At(0)->Handles[0] == first); // another one would be another picture
+    CHECK(Difference(control.Shown(), control.Expected()) == "same");
+}
