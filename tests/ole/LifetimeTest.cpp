@@ -80,6 +80,38 @@ TEST_CASE("After 1,000 lives without a form nothing is left either") {
     CHECK(module.CanUnload());
 }
 
+namespace {
+
+// All tabs have the same icon, so that the active look, the normal one and the close buttons are drawn.
+void LiveWithIcons(HostForm& form, TextPropertyBag& bag) {
+    form.OpenFrom(bag);
+    for (std::int16_t index = 0; index < 3; ++index) Call(form.Control(), L"SetBarIco", {index, L"sun"});
+    PumpMessages(form);
+    form.Close();
+}
+
+} // namespace
+
+TEST_CASE("Of each life with an icon on the active tab just one bitmap stays, until the module goes") {
+    const OleApartment apartment;
+    const auto bag = MakeCom<TextPropertyBag>();
+    bag->Parse("TabCount = 3\nActiveTab = 1\nBarWidth = 60\nDelButton = True\n");
+    const auto live = [&](int lives) {
+        ControlModule module(FindBuiltControl());
+        HostForm form(module, {});
+        form.Window().Show();
+        for (int warming = 0; warming < 5; ++warming) LiveWithIcons(form, *bag.Get());
+        const int before = GdiObjects();
+        for (int life = 0; life < lives; ++life) LiveWithIcons(form, *bag.Get());
+        CHECK(GdiObjects() == before + lives);
+        CHECK(module.CanUnload());
+    };
+    live(1);
+    const int gdi = GdiObjects();
+    live(200);
+    CHECK(GdiObjects() == gdi);
+}
+
 TEST_CASE("The module can be unloaded and loaded again, its window class with it") {
     const OleApartment apartment;
     for (int round = 0; round < 3; ++round) {
