@@ -16,8 +16,7 @@ enum Event : DISPID {
 };
 
 VARIANTARG ByReference(std::int16_t& value) noexcept {
-    VARIANTARG argument;
-    VariantInit(&argument);
+    VARIANTARG argument = {};
     argument.vt = VT_BYREF | VT_I2;
     argument.piVal = &value;
     return argument;

@@ -168,6 +168,17 @@ TEST_CASE("any other icon is kept by name, with size -1 and empty slots") {
     CHECK(skin.State.LastPng.LastPngWidth == 0);
 }
 
+// No initialisation sets the menu's index, unlike those of the others.
+TEST_CASE(
+    "a skin without a menu line shows its first icon there, and no other button without a line of its own") {
+    const ParsedSkin skin = Icon(u"Sun:a\r\nMoon:b");
+    const SkinIcons& icons = skin.State.SkinIcons;
+    CHECK(icons.At(icons.MenuBarIcon) == &icons.Entries[0]);
+    CHECK(icons.At(icons.LeftButtonIcon) == nullptr);
+    CHECK(icons.At(icons.RightButtonIcon) == nullptr);
+    CHECK(icons.At(icons.DeleteButtonIcon) == nullptr);
+}
+
 TEST_CASE("a button whose picture is not there takes the size that was read last") {
     const ParsedSkin skin = Icon(u"LeftButton:a_3x4\r\nRightButton:missing");
     CHECK(skin.Icon(1).Width == 3); // reading a missing file leaves the size members as they were
