@@ -196,6 +196,9 @@ TEST_CASE("sizes beyond 1 GiB of buffers end in error 7, and those the data cann
     CHECK(raised({.Width = 0x7FFFFFFF, .Height = 1, .ColourType = 6}) == 7);
     CHECK(raised({.Width = 1, .Height = 0x7FFFFFFF, .ColourType = 6}) == 7);
     CHECK(raised({.Width = 20000, .Height = 20000, .ColourType = 6}) == 7);
+    // 20 bytes a pixel, 8 of them for the samples that interlacing has taken apart; this is too little data (9) for one that fits.
+    CHECK(raised({.Width = 8000, .Height = 7500, .BitDepth = 16, .ColourType = 6, .Interlace = 1}) == 7);
+    CHECK(raised({.Width = 8000, .Height = 5000, .BitDepth = 16, .ColourType = 6, .Interlace = 1}) == 9);
     CHECK(raised({.Width = 8000, .Height = 8000, .ColourType = 6}) == 9);
     CHECK(raised({.Width = 300, .Height = 300, .ColourType = 6}) == 9);
     CHECK(raised({.Width = 255, .Height = 255, .BitDepth = 255, .ColourType = 6}) == 9);
