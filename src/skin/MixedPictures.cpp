@@ -50,11 +50,19 @@ PixelBlock PixelsOf(HBITMAP bitmap, const PixelBlock& beneath) {
 }
 
 // A whole icon can be thousands of times as large as what is seen of it.
-OwnedBitmap CutTo(const PixelBlock& seen, OwnedBitmap picture) noexcept {
-    const SIZE size = SizeOf(picture.Get());
+OwnedBitmap CutTo(const PixelBlock& seen, SIZE size, OwnedBitmap picture) noexcept {
     if (seen.Values.empty() || (seen.Width == size.cx && seen.Height == size.cy)) return picture;
     OwnedBitmap cut(CreateBitmap(seen.Width, seen.Height, 1, 32, seen.Values.data()));
     return cut ? std::move(cut) : std::move(picture);
+}
+
+// A large icon takes long to decode, and where it covers the caption no two bars look the same beneath it: more of its
+// pictures are kept, as long as little of it is seen.
+std::size_t MostOf(const PixelBlock& seen, SIZE size) noexcept {
+    constexpr std::size_t largeIcon = 64 * 1024, morePictures = 64;
+    const std::size_t pixels = static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy);
+    return pixels > largeIcon && seen.Values.size() <= largeIcon ? morePictures
+                                                                 : MixedPictures::PicturesPerSlot;
 }
 
 } // namespace
@@ -119,10 +127,11 @@ void MixedPictures::Keep(std::int16_t icon, std::uint8_t slot, std::uint8_t styl
     std::vector<Picture>& pictures = PicturesOf({icon, slot});
     PixelBlock mixed = PixelsOf(picture.Get(), beneath);
     if (mixed.Values.empty()) beneath.Values.clear();
-    picture = CutTo(mixed, std::move(picture));
+    const SIZE size = SizeOf(picture.Get());
+    picture = CutTo(mixed, size, std::move(picture));
     const auto isLost = [](const Picture& old) { return old.Beneath.Values.empty(); }; // never found again
     std::erase_if(pictures, isLost);
-    if (pictures.size() == PicturesPerSlot) pictures.erase(pictures.begin());
+    if (pictures.size() >= MostOf(mixed, size)) pictures.erase(pictures.begin());
     pictures.push_back({style, std::move(beneath), std::move(mixed), std::move(picture)});
     icons_.At(icon)->Handles[slot] = AsSlot(pictures.back().Bitmap.Get());
 }

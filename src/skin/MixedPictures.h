@@ -30,7 +30,7 @@ struct PixelBlock {
 
 class MixedPictures {
 public:
-    static constexpr std::size_t PicturesPerSlot = 3; // one for each look of a bar
+    static constexpr std::size_t PicturesPerSlot = 3; // one for each look of a bar; more of large icons
 
     explicit MixedPictures(SkinIcons& icons) noexcept : icons_(icons) {}
     ~MixedPictures() { Terminate(); }

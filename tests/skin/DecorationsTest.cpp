@@ -407,6 +407,26 @@ TEST_CASE(
     }
 }
 
+TEST_CASE("a large close button is kept over each bar's own caption, whichever tab is active") {
+    SkinnedControl control;
+    control.AddButtons();
+    const std::int16_t icon = control.AddIcon(u"DELETEBUTTON", LargeIcon(35));
+    control.SetTabCount(4);
+    control.State.Properties.BarWidth = 30;
+    const auto showEach = [&](bool isExpected) {
+        for (std::int16_t tab = 0; tab < 4; ++tab) {
+            control.State.Properties.ActiveTab = tab;
+            control.RepaintAll();
+            if (isExpected) CHECK(Difference(control.Shown(), control.Expected()) == "same");
+        }
+    };
+    for (std::int16_t tab = 0; tab < 4; ++tab)
+        control.State.Tabs(tab).Caption = std::u16string(1, static_cast<char16_t>(u'A' + tab));
+    showEach(false);
+    control.RemoveFile(icon);
+    showEach(true);
+}
+
 TEST_CASE("a large close button's hover look is mixed over the bar without the plain button, too") {
     SkinnedControl control;
     control.AddButtons();
