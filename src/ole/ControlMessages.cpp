@@ -23,7 +23,8 @@ private:
     PAINTSTRUCT paint_ = {};
 };
 
-constexpr UINT_PTR LookAgain = 1; // the control's own timer
+constexpr UINT_PTR LookAgain =
+    0x46546162;                   // no number that a host would give to a timer of its own on the window
 constexpr UINT SoonEnough = 1000; // milliseconds
 
 // Where painting lacked something, the window is painted once more a little later: nobody else may ever ask for it.
