@@ -308,6 +308,21 @@ TEST_CASE("a caption that would come under the close button ends, or begins, bes
     }
 }
 
+TEST_CASE("a close button that is not shown takes no room from the caption") {
+    for (const std::int32_t side : {WindowLeft, WindowRight, Windowtop, WindowBottom}) {
+        Captions c(side);
+        c.State.Properties.DelButton = False;
+        c.State.Properties.CaptionPos = side == Windowtop || side == WindowBottom ? AlignRight : AlignLeft;
+        c.Caption(0, u"HIH");
+        const LayoutRect without = c.Written();
+        c.GiveCloseButtons(14);
+        c.State.Properties.DelButton = False;
+        c.Caption(0, u"HIH");
+        CAPTURE(side);
+        CHECK(Text(c.Written()) == Text(without));
+    }
+}
+
 TEST_CASE("a close button moved to the bar's leading end leaves the caption the rest") {
     Captions c;
     c.GiveCloseButtons(14);

@@ -35,6 +35,7 @@ JUDGES = (
     Judge("shell-chinese", "win32", ("shell_tests",), **SHELL),
     Judge("host", "win32", ("host_tests",), **SHELL),
     Judge("hostile", "win32", ("hostile_tests",), (f"-tce={SLOW}",), **SHELL),
+    Judge("hostile-skin", "win32", ("hostile_skin_tests",), judges=("src/skin/*", "src/platform/*")),
     Judge("script-client", "win32", ("VantikFrameTab",), judges=("src/ole/*",)),
     Judge("engine", "win32", ("engine_tests",), (f"-sf={LONG}",)),
 )
