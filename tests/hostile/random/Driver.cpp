@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "hostile/random/CrashReport.h"
+#include "hostile/random/Watchdog.h"
 #include "hostile/random/World.h"
 
 namespace {
@@ -37,7 +38,8 @@ bool Read(Wanted& wanted, int count, char** arguments) {
 }
 
 void Run(vantik::World& world, const Wanted& wanted) {
-    for (long i = 0; i < wanted.Actions; ++i) world.Act();
+    vantik::Watchdog watchdog(world.Log);
+    for (long i = 0; i < wanted.Actions; ++i, watchdog.Fed()) world.Act();
     world.End();
     std::printf("seed %llu: %ld actions, digest %016llx\n", wanted.Seed, wanted.Actions,
                 static_cast<unsigned long long>(world.Log.Digest()));

@@ -27,7 +27,7 @@ public:
         VARIANT result;
         VariantInit(&result);
         const HRESULT called =
-            DispCallFunc(control, member_.Offset, CC_STDCALL, VT_HRESULT, static_cast<UINT>(types_.size()),
+            DispCallFunc(control, member_.Offset, CC_STDCALL, VT_ERROR, static_cast<UINT>(types_.size()),
                          types_.data(), pointers.data(), &result);
         return FAILED(called) ? called : result.scode;
     }

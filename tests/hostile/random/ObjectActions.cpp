@@ -29,8 +29,8 @@ void Verb(World& world, Place& place) {
                                      OLEIVERB_SHOW,
                                      OLEIVERB_UIACTIVATE,
                                      OLEIVERB_DISCARDUNDOSTATE,
-                                     1,
-                                     -7,
+                                     2,
+                                     -8,
                                      2147483647};
     const Lent<IOleObject> object(world, place);
     const LONG verb = world.Draw.Of(Verbs);
@@ -42,8 +42,10 @@ void Verb(World& world, Place& place) {
 
 // Only where the site shows its own pages: those of the system are a dialog.
 void Properties(World& world, Place& place) {
-    if (!place.Site.As<IOleControlSite>()) return;
     const Lent<IOleObject> object(world, place);
+    ComPtr<IOleClientSite> site;
+    object->GetClientSite(site.Put());
+    if (!site.As<IOleControlSite>()) return;
     world.Log.Result(object->DoVerb(OLEIVERB_PROPERTIES, nullptr, nullptr, 0, nullptr, nullptr));
 }
 
