@@ -85,7 +85,9 @@ void AdviseData(World& world, Place& place) {
     const Lent<IDataObject> data(world, place);
     FORMATETC format = {CF_METAFILEPICT, nullptr, DVASPECT_CONTENT, -1, TYMED_MFPICT};
     DWORD cookie = 0;
-    world.Log.Result(data->DAdvise(&format, world.Draw.OneIn(2) ? ADVF_PRIMEFIRST : 0,
+    const DWORD flags =
+        ADVF_NODATA; // the holder of some systems never lets go of data that it got for a sink
+    world.Log.Result(data->DAdvise(&format, world.Draw.OneIn(2) ? flags | ADVF_PRIMEFIRST : flags,
                                    MakeCom<RandomAdviseSink>(world).Get(), &cookie));
     const Lent<IDataObject> again(world, place);
     if (!again) return;

@@ -191,7 +191,7 @@ void Change(World& world, Place& place) {
 
 // Plain windows on the control, of which some are taken away again.
 void AddChild(World& world, Place& place) {
-    static constexpr const wchar_t* Classes[] = {L"STATIC", L"BUTTON", L"EDIT"};
+    static constexpr const wchar_t* Classes[] = {L"STATIC", L"BUTTON", L"LISTBOX"};
     const HWND window = WindowOf(place), child = GetWindow(window, GW_CHILD);
     if (!window) return;
     if (child && world.Draw.OneIn(2)) {

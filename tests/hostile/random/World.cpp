@@ -9,7 +9,6 @@
 #include "hostile/random/RandomBag.h"
 #include "hostile/random/RandomSinks.h"
 #include "hostile/random/RandomSite.h"
-#include "tests/gfx/GdiObjects.h"
 
 namespace vantik {
 
@@ -219,10 +218,9 @@ void World::Reload() {
     if (!module_->CanUnload()) throw HostError("without any control the module cannot be unloaded");
     module_.reset();
     if (GetModuleHandleW(L"VantikFrameTab.ocx")) throw HostError("the module stays loaded");
-    const int count = test::GdiObjectCount();
-    if (gdiObjects_ < 0) gdiObjects_ = count;
-    if (count > gdiObjects_ + 40)
-        throw HostError("there are GDI objects left: " + std::to_string(count - gdiObjects_));
+    const GdiCensus census = GdiCensus::Take();
+    if (!gdiObjects_) gdiObjects_ = census;
+    if (census.HasGrown(*gdiObjects_, 20)) throw HostError("GDI objects left:" + census.Since(*gdiObjects_));
     LoadModule();
 }
 

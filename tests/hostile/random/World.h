@@ -4,11 +4,13 @@
 #include <VantikFrameTabProject.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/ControlModule.h"
 #include "host/OleApartment.h"
+#include "hostile/random/GdiCensus.h"
 #include "hostile/random/Journal.h"
 #include "hostile/random/MemberList.h"
 #include "hostile/random/ModalCloser.h"
@@ -89,10 +91,10 @@ private:
     std::vector<std::vector<std::byte>> streams_;
     DWORD thread_ = GetCurrentThreadId();
     long actions_ = 0;
-    int depth_ = 0, left_ = 0; // nested actions that this one may still lead to
-    std::size_t mood_ = 0;     // 0: polite; otherwise one answer in so many is a failure
-    bool quiet_ = false;       // checks are under way
-    int gdiObjects_ = -1;      // without any control, when that was counted first
+    int depth_ = 0, left_ = 0;            // nested actions that this one may still lead to
+    std::size_t mood_ = 0;                // 0: polite; otherwise one answer in so many is a failure
+    bool quiet_ = false;                  // checks are under way
+    std::optional<GdiCensus> gdiObjects_; // without any control, when they were counted first
 };
 
 // The interface of a place's control for one call: held as a careful host holds it, or not, as one does that counts on the
