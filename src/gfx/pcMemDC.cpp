@@ -41,14 +41,15 @@ HBITMAP BitmapOf(IPictureDisp* object) noexcept {
     return reinterpret_cast<HBITMAP>(static_cast<LONG_PTR>(static_cast<LONG>(handle)));
 }
 
-} // namespace
-
-SIZE BitmapSizeOf(IPictureDisp* picture) noexcept {
+SIZE SizeOf(HBITMAP bitmap) noexcept {
     BITMAP description = {};
-    const HBITMAP bitmap = BitmapOf(picture);
     if (!bitmap || !GetObjectW(bitmap, sizeof description, &description)) return {0, 0};
     return {description.bmWidth, description.bmHeight};
 }
+
+} // namespace
+
+SIZE BitmapSizeOf(IPictureDisp* picture) noexcept { return SizeOf(BitmapOf(picture)); }
 
 pcMemDC::pcMemDC() noexcept = default;
 pcMemDC::~pcMemDC() { DestroySurface(); }
@@ -91,8 +92,10 @@ void pcMemDC::DestroySurface() noexcept {
     Width = Height = 0;
 }
 
+// The picture is asked once: its code may be the host's, which can take the picture away meanwhile.
 bool pcMemDC::CreateFromPicture(IPictureDisp* picture) {
-    const SIZE size = BitmapSizeOf(picture);
+    const HBITMAP bitmap = BitmapOf(picture);
+    const SIZE size = SizeOf(bitmap);
     if (size.cx < 1 || size.cy < 1) return true;
     width(size.cx);
     height(size.cy);
@@ -102,7 +105,7 @@ bool pcMemDC::CreateFromPicture(IPictureDisp* picture) {
     TellShortageUnless(source.Get());
     if (!MemDC || !source) return false;
     // A bitmap that is selected elsewhere cannot be selected here; then there is nothing to copy from.
-    const HGDIOBJ previous = SelectObject(source.Get(), BitmapOf(picture));
+    const HGDIOBJ previous = SelectObject(source.Get(), bitmap);
     if (!previous) return true;
     const bool copied = BitBlt(MemDC, 0, 0, size.cx, size.cy, source.Get(), 0, 0, SRCCOPY);
     SelectObject(source.Get(), previous);

@@ -56,6 +56,8 @@ bool Decorations::DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, 
     {
         const ClipOutside besideRow(host_.hDC(), RowRect(state_));
         FramePainter(host_, state_, surfaces_).PaintUnderlay(area);
+        icon = state_.SkinIcons.At(role); // code of the host's picture may have changed the skin
+        if (!icon) return false;
         const LayoutRect place =
             LayoutRect::FromEdges(x, y, Checked(x) + icon->Width, Checked(y) + icon->Height);
         const LayoutRect& room = state_.Layout.ControlRect;

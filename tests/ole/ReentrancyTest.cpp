@@ -4,6 +4,7 @@
 #include "host/ComObject.h"
 #include "host/ControlOnForm.h"
 #include "host/Input.h"
+#include "ole/ActingPicture.h"
 
 namespace vantik {
 
@@ -178,6 +179,56 @@ TEST_CASE("From inside each event the form may destroy its own window and releas
             CHECK(test.Module().CanUnload());
         }
     }
+}
+
+namespace {
+
+struct OwnedTestBitmap {
+    ~OwnedTestBitmap() { DeleteObject(Handle); }
+    HBITMAP Handle = CreateBitmap(8, 8, 1, 1, nullptr);
+};
+
+} // namespace
+
+TEST_CASE("A picture whose code starts the control anew while a button is painted does no harm") {
+    const OwnedTestBitmap bitmap;
+    ActingPicture picture(bitmap.Handle);
+    ControlOnForm test;
+    test.OpenWithTabs(Tabs);
+    PutReference(test.Control(), L"Picture", static_cast<IPictureDisp*>(&picture));
+    MovePointer(test.Form(), Next);
+    bool done = false;
+    picture.WhenAsked = [&] {
+        done = true;
+        CHECK(QueryFor<IPersistStreamInit>(test.Form().ControlObject())->InitNew() == S_OK);
+    };
+    PressButton(test.Form(), Next);
+    CHECK(done);
+    CHECK(test.Number(L"TabCount") == 0);
+    Put(test.Control(), L"TabCount", std::int16_t{2});
+    CheckUsable(test);
+    test.Form().Close();
+    CHECK(test.Module().CanUnload());
+}
+
+TEST_CASE("A picture that goes while the control asks for its bitmap is not asked again") {
+    const OwnedTestBitmap bitmap;
+    ActingPicture picture(bitmap.Handle);
+    ControlOnForm test;
+    test.OpenWithTabs(Tabs);
+    PutReference(test.Control(), L"Picture", static_cast<IPictureDisp*>(&picture));
+    PumpMessages(test.Form());
+    bool done = false;
+    picture.WhenAsked = [&] {
+        done = true;
+        PutReference(test.Control(), L"Picture", nullptr);
+    };
+    Put(test.Control(), L"TabCount", std::int16_t{3});
+    PumpMessages(test.Form());
+    CHECK(done);
+    CHECK(picture.CallsAfterEnd == 0);
+    test.Form().Close();
+    CHECK(test.Module().CanUnload());
 }
 
 } // namespace vantik
