@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "hostile/random/CrashReport.h"
+#include "hostile/random/OwnDesktop.h"
 #include "hostile/random/Watchdog.h"
 #include "hostile/random/World.h"
 
@@ -53,6 +54,7 @@ int main(int count, char** arguments) {
         std::fputs("usage: random_host [--seed N] [--actions N] [--log]\n", stderr);
         return 2;
     }
+    const vantik::OwnDesktop desktop;
     vantik::World world(wanted.Seed, wanted.Prints);
     const vantik::CrashReport report(world.Log);
     try {

@@ -19,6 +19,8 @@ void Draw(World& world, Place& place) {
     const RECTL bounds = {rect.left, rect.top, rect.right, rect.bottom};
     const HDC dc = world.Draw.OneIn(4) ? CreateMetaFileW(nullptr) : CreateCompatibleDC(nullptr);
     const bool isFile = GetObjectType(dc) == OBJ_METADC;
+    world.Log.Note("to " + std::to_string(rect.left) + ' ' + std::to_string(rect.top) + ' ' +
+                   std::to_string(rect.right) + ' ' + std::to_string(rect.bottom));
     world.Log.Result(view->Draw(Aspect(world), -1, nullptr, nullptr, nullptr,
                                 world.Draw.OneIn(10) ? nullptr : dc, world.Draw.OneIn(10) ? nullptr : &bounds,
                                 nullptr, GoOn, 0));

@@ -220,7 +220,10 @@ void World::Reload() {
     if (GetModuleHandleW(L"VantikFrameTab.ocx")) throw HostError("the module stays loaded");
     const GdiCensus census = GdiCensus::Take();
     if (!gdiObjects_) gdiObjects_ = census;
-    if (census.HasGrown(*gdiObjects_, 20)) throw HostError("GDI objects left:" + census.Since(*gdiObjects_));
+    constexpr int Cached =
+        100; // the system keeps device contexts of windows and their regions for the next ones
+    if (census.HasGrown(*gdiObjects_, Cached))
+        throw HostError("GDI objects left:" + census.Since(*gdiObjects_));
     LoadModule();
 }
 
