@@ -110,12 +110,12 @@ void VantikFrameTab::MakeTabs(std::int16_t count) {
     ResizeTabList(count);
 }
 
+// The objects are held while they are written: code of the host that runs meanwhile may replace them.
 void VantikFrameTab::UserControl_WriteProperties(PropertyWriter& bag) const {
     for (std::size_t row = 0; row < PropertyCount; ++row) {
         const Property property = At(row);
-        if (property == Property::Picture) bag.Write(InfoOf(property), surfaces_.Picture.Get());
-        if (property == Property::Font)
-            bag.Write(InfoOf(property), surfaces_.Font.Get(), host_.AmbientFont().Get());
+        if (property == Property::Picture) bag.Write(InfoOf(property), Picture().Get());
+        if (property == Property::Font) bag.Write(InfoOf(property), Font().Get(), host_.AmbientFont().Get());
         if (property == Property::SkinPath)
             bag.Write(InfoOf(property), SavedSkinPath(), Defaults.SkinPath);
         else

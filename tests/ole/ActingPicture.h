@@ -1,5 +1,5 @@
-// A picture of the host's own making, whose code does things when the control asks for its type. It notices when it is asked
-// for anything after the last reference to it went.
+// A picture of the host's own making, whose code does things when the control asks for its type. It notices when it is
+// held again after the last reference to it went.
 #pragma once
 
 #include <functional>
@@ -19,7 +19,6 @@ public:
     int CallsAfterEnd = 0;
 
     STDMETHODIMP QueryInterface(REFIID id, void** object) noexcept override {
-        CallsAfterEnd += references_ == 0 && wasHeld_;
         *object = nullptr;
         if (id == __uuidof(IPicture)) *object = static_cast<IPicture*>(this);
         if (id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(IPictureDisp))
@@ -28,6 +27,7 @@ public:
         return *object ? S_OK : E_NOINTERFACE;
     }
     STDMETHODIMP_(ULONG) AddRef() noexcept override {
+        CallsAfterEnd += references_ == 0 && wasHeld_;
         wasHeld_ = true;
         return ++references_;
     }

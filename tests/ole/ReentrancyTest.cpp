@@ -231,4 +231,22 @@ TEST_CASE("A picture that goes while the control asks for its bitmap is not aske
     CHECK(test.Module().CanUnload());
 }
 
+TEST_CASE("A picture that goes while the control is saved is not saved any more") {
+    const OwnedTestBitmap bitmap;
+    ActingPicture picture(bitmap.Handle);
+    ControlOnForm test;
+    test.OpenWithTabs(Tabs);
+    PutReference(test.Control(), L"Picture", static_cast<IPictureDisp*>(&picture));
+    PumpMessages(test.Form());
+    bool done = false;
+    picture.WhenAsked = [&] {
+        done = true;
+        PutReference(test.Control(), L"Picture", nullptr);
+    };
+    const auto bag = MakeCom<TextPropertyBag>();
+    QueryFor<IPersistPropertyBag>(test.Form().ControlObject())->Save(bag.Get(), FALSE, TRUE);
+    CHECK(done);
+    CHECK(picture.CallsAfterEnd == 0);
+}
+
 } // namespace vantik
