@@ -1,4 +1,4 @@
-#include "png/ReadableFile.h"
+#include "base/ReadableFile.h"
 
 #include <algorithm>
 

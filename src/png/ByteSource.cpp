@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "base/ErrorText.h"
-#include "png/FilePath.h"
+#include "base/FilePath.h"
 
 namespace vantik {
 

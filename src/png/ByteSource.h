@@ -6,8 +6,8 @@
 #include <span>
 #include <string>
 
+#include "base/ReadableFile.h"
 #include "png/ByteBuffer.h"
-#include "png/ReadableFile.h"
 
 namespace vantik {
 

@@ -112,7 +112,7 @@ for name in ("About", "zSubclass_Proc"):
 identity = re.compile(r"<assemblyIdentity([^>]*)/>")
 attributes = lambda text: dict(re.findall(r'(\w+)="([^"]*)"', identity.search(text)[1]))
 version = re.search(r"project\(\s*\w+\s+VERSION ([\d.]+)", read("CMakeLists.txt"))[1]
-manifest = attributes(read("src/ole/VantikFrameTab.manifest.in").replace("@PROJECT_VERSION@", version))
+manifest = attributes(read("src/ole/server/VantikFrameTab.manifest.in").replace("@PROJECT_VERSION@", version))
 manifest["processorArchitecture"] = "*"
 check("the guide's manifest", attributes(read("docs/hosting.md")), manifest)
 

@@ -9,7 +9,7 @@
 #include "hostile/FaultInjector.h"
 #include "hostile/ModuleMemory.h"
 #include "ole/LooseControl.h"
-#include "ole/WindowedControl.h"
+#include "ole/window/WindowedControl.h"
 
 namespace vantik {
 

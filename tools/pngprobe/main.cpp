@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "base/FilePath.h"
 #include "base/RunTimeError.h"
 #include "png/ByteSource.h"
 #include "png/Composite.h"
-#include "png/FilePath.h"
 #include "png/PngReader.h"
 #include "tools/pngprobe/CommandLine.h"
 #include "tools/pngprobe/PixelExport.h"

@@ -1,0 +1,30 @@
+#include "ole/faces/OleControlFace.h"
+
+#include "ole/control/Control.h"
+
+namespace vantik {
+
+OleControlFace::OleControlFace(Control& control) noexcept : Face(control.Controlling), control_(control) {}
+
+// Captions have no mnemonics: the letter that an ampersand underlines in a bar on the top or bottom answers to no key.
+STDMETHODIMP OleControlFace::GetControlInfo(CONTROLINFO* info) noexcept {
+    if (!info) return E_POINTER;
+    info->hAccel = nullptr;
+    info->cAccel = 0;
+    info->dwFlags = 0;
+    return S_OK;
+}
+
+STDMETHODIMP OleControlFace::OnMnemonic(LPMSG) noexcept { return S_OK; }
+
+STDMETHODIMP OleControlFace::OnAmbientPropertyChange(DISPID property) noexcept {
+    control_.Ambient.Changed(property);
+    return S_OK;
+}
+
+STDMETHODIMP OleControlFace::FreezeEvents(BOOL freeze) noexcept {
+    control_.Events.Freeze(freeze);
+    return S_OK;
+}
+
+} // namespace vantik

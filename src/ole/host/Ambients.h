@@ -1,0 +1,34 @@
+// The ambient properties of the host. Any of them may be missing.
+#pragma once
+
+#include <optional>
+
+#include "ole/com/Variant.h"
+#include "ole/host/ClientSite.h"
+
+namespace vantik {
+
+class Ambients {
+public:
+    explicit Ambients(const ClientSite& site) noexcept : site_(site) {}
+
+    bool UserMode(); // true where the host does not say
+    bool UIDead();   // the host wants the user's input ignored
+
+    // A copy of the host's font, so that changing the control's font leaves the host's alone; a standard font where the
+    // host has none.
+    ComPtr<IFontDisp> Font();
+
+    // DISPID_UNKNOWN: several changed.
+    void Changed(DISPID property) noexcept;
+
+private:
+    bool Read(DISPID property, VARTYPE type, Variant& value) const noexcept;
+    bool ReadFlag(DISPID property, bool otherwise) const noexcept;
+
+    const ClientSite& site_;
+    // Asked for at every message; the host says when they change.
+    std::optional<bool> userMode_, uiDead_;
+};
+
+} // namespace vantik

@@ -1,0 +1,114 @@
+#include "ole/server/Registration.h"
+
+#include <comcat.h>
+
+#include "base/Text.h"
+#include "ole/com/ErrorInfo.h"
+#include "ole/com/Identifiers.h"
+#include "ole/com/Module.h"
+#include "ole/com/RegistryKey.h"
+
+namespace vantik {
+
+namespace {
+
+// Other controls stand on this one. The platform's headers have no name for the category.
+constexpr CATID SimpleFrameControl = {
+    0x157083E0, 0x2368, 0x11CF, {0x87, 0xB9, 0x00, 0xAA, 0x00, 0x6C, 0x81, 0x66}};
+
+// What hosts can expect of the control. None of these is required of the host.
+const CATID Categories[] = {
+    CATID_Control,           SimpleFrameControl,          CATID_Programmable, CATID_PersistsToStreamInit,
+    CATID_PersistsToStorage, CATID_PersistsToPropertyBag,
+};
+
+std::wstring TextOf(REFGUID guid) {
+    wchar_t text[40] = {};
+    StringFromGUID2(guid, text, 40);
+    return text;
+}
+
+std::wstring TextOf(std::int32_t number) {
+    const std::u16string text = DecimalText(number);
+    return AsWide(text);
+}
+
+std::wstring ModuleFile() {
+    const std::u16string path = ModulePath();
+    return AsWide(path);
+}
+
+std::wstring ClassKey() { return L"CLSID\\" + TextOf(CLSID_VantikFrameTab); }
+
+std::wstring LibraryVersion() { return TextOf(LibraryMajorVersion) + L"." + TextOf(LibraryMinorVersion); }
+
+void RegisterProgId() {
+    const RegistryKey progId(HKEY_CLASSES_ROOT, ProgId);
+    progId.Set(ControlTitle);
+    progId.Add(L"CLSID", TextOf(CLSID_VantikFrameTab));
+}
+
+void RegisterServer(const RegistryKey& control) {
+    const RegistryKey server(HKEY_CLASSES_ROOT, ClassKey() + L"\\InprocServer32");
+    server.Set(ModuleFile());
+    server.Set(L"ThreadingModel", L"Apartment");
+    control.Add(L"ProgID", ProgId);
+    control.Add(L"TypeLib", TextOf(LIBID_VantikFrameTabProject));
+    control.Add(L"Version", LibraryVersion());
+}
+
+void RegisterClass() {
+    const RegistryKey control(HKEY_CLASSES_ROOT, ClassKey());
+    control.Set(ControlTitle);
+    RegisterServer(control);
+    control.Add(L"Control");
+    control.Add(L"ToolboxBitmap32", ModuleFile() + L", " + TextOf(ToolboxBitmapId));
+    control.Add(L"MiscStatus", L"0");
+    control.Add(L"MiscStatus\\1", TextOf(MiscStatus)); // 1: the content aspect
+    control.Add(L"Verb\\" + TextOf(VerbProperties), std::wstring(VerbPropertiesName) + L",0,2");
+    for (const CATID& category : Categories) control.Add(L"Implemented Categories\\" + TextOf(category));
+}
+
+void RegisterLibrary() {
+    ComPtr<ITypeLib> library;
+    Check(LoadTypeLibEx(ModuleFile().c_str(), REGKIND_REGISTER, library.Put()));
+}
+
+// Systems that run programs of both bitnesses keep their classes apart, but not the names that lead to them.
+bool OtherBitnessIsRegistered() {
+    return RegistryKey::Exists(HKEY_CLASSES_ROOT, ClassKey(),
+                               sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY);
+}
+
+// Where the library of this bitness is entered, beside that of the other one.
+std::wstring LibraryKey() {
+    return L"TypeLib\\" + TextOf(LIBID_VantikFrameTabProject) + L"\\" + LibraryVersion() + L"\\0\\" +
+           (sizeof(void*) == 8 ? L"win64" : L"win32");
+}
+
+// The system takes the entries of the interfaces away with the library, for both bitnesses: the other one needs them still.
+HRESULT UnregisterLibrary() {
+    if (!RegistryKey::Exists(HKEY_CLASSES_ROOT, LibraryKey())) return S_OK;
+    if (!OtherBitnessIsRegistered())
+        return UnRegisterTypeLib(LIBID_VantikFrameTabProject, LibraryMajorVersion, LibraryMinorVersion,
+                                 LOCALE_NEUTRAL, sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
+    RegistryKey::Delete(HKEY_CLASSES_ROOT, LibraryKey());
+    return S_OK;
+}
+
+} // namespace
+
+HRESULT RegisterControl() {
+    RegisterProgId();
+    RegisterClass();
+    RegisterLibrary();
+    return S_OK;
+}
+
+HRESULT UnregisterControl() {
+    RegistryKey::Delete(HKEY_CLASSES_ROOT, ClassKey());
+    if (!OtherBitnessIsRegistered()) RegistryKey::Delete(HKEY_CLASSES_ROOT, ProgId);
+    return UnregisterLibrary();
+}
+
+} // namespace vantik

@@ -1,0 +1,39 @@
+// What the messages of the control's window do.
+#pragma once
+
+#include "ole/window/ControlWindow.h"
+#include "ole/window/PointerInput.h"
+#include "ole/window/WheelInput.h"
+#include "platform/DebugLine.h"
+
+namespace vantik {
+
+class Activation;
+
+class ControlMessages final : public MessageHandler {
+public:
+    ControlMessages(Control& control, Activation& activation) noexcept
+        : control_(control), activation_(activation), pointer_(control, activation), wheel_(control) {}
+
+    std::optional<LRESULT> Handle(const Message& message) override;
+    void Failed(const Message& message) noexcept override;
+
+    // Whether the key means something to the control.
+    bool KeyDown(WPARAM key) noexcept;
+
+    void ReleaseCapture() noexcept { pointer_.ReleaseCapture(); }
+    bool TakesWheel(std::int32_t turn) { return wheel_.Takes(turn); }
+
+private:
+    void Paint(HWND window);
+    void Print(HDC target);
+    void Sized(LPARAM size);
+
+    Control& control_;
+    Activation& activation_;
+    PointerInput pointer_;
+    WheelInput wheel_;
+    RepeatedFailure copying_, sizing_;
+};
+
+} // namespace vantik
