@@ -1,6 +1,7 @@
 #include "gfx/Surface.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/RunTimeError.h"
 #include "platform/Shortage.h"
@@ -31,6 +32,18 @@ HBITMAP NewBitmap(HDC dc, SIZE size, void** bits) noexcept {
     if (std::int64_t{size.cx} * size.cy > MostPixels) return nullptr;
     const BITMAPINFO format = FormatOf(size);
     return CreateDIBSection(dc, &format, DIB_RGB_COLORS, bits, nullptr, 0);
+}
+
+// Device contexts count pixels in 27 bits and a sign. Not every system survives a target that reaches farther.
+bool IsInReach(HDC dc, const RECT& area) noexcept {
+    constexpr LONG Farthest = 1 << 27;
+    const auto isFar = [](LONG value) { return value < -Farthest || value > Farthest; };
+    const auto isNear = [&](const POINT& point) { return !isFar(point.x) && !isFar(point.y); };
+    POINT corners[] = {
+        {area.left, area.top}, {area.right, area.top}, {area.left, area.bottom}, {area.right, area.bottom}};
+    if (!std::all_of(std::begin(corners), std::end(corners), isNear)) return false;
+    LPtoDP(dc, corners, std::size(corners));
+    return std::all_of(std::begin(corners), std::end(corners), isNear);
 }
 
 bool IsDisplay(HDC dc) noexcept {
@@ -77,9 +90,17 @@ void Surface::Clear() {
     FillRect(dc, &all, GetSysColorBrush(COLOR_BTNFACE));
 }
 
-void Surface::CopyTo(HDC target, const RECT& bounds) {
+bool Surface::CopyTo(HDC target, const RECT& bounds) {
     const HDC source = DC();
-    if (!IsDisplay(target)) return CopyBits(target, bounds);
+    if (!IsInReach(target, bounds)) return false;
+    if (IsDisplay(target))
+        Stretch(source, target, bounds);
+    else
+        CopyBits(target, bounds);
+    return true;
+}
+
+void Surface::Stretch(HDC source, HDC target, const RECT& bounds) const noexcept {
     const int width = bounds.right - bounds.left, height = bounds.bottom - bounds.top;
     const int mode = SetStretchBltMode(target, COLORONCOLOR);
     StretchBlt(target, bounds.left, bounds.top, width, height, source, 0, 0, size_.cx, size_.cy, SRCCOPY);
@@ -87,6 +108,7 @@ void Surface::CopyTo(HDC target, const RECT& bounds) {
 }
 
 void Surface::CopyPart(HDC target, const RECT& area) {
+    if (!IsInReach(target, area)) return;
     TellShortageUnless(BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top,
                               DC(), area.left, area.top, SRCCOPY));
 }

@@ -22,8 +22,8 @@ public:
     void Clear();
 
     // Copies to the rectangle, stretched where its size is another one. The device context may belong to a metafile or
-    // to a printer.
-    void CopyTo(HDC target, const RECT& bounds);
+    // to a printer. False where the rectangle reaches farther than a device context can count.
+    bool CopyTo(HDC target, const RECT& bounds);
 
     // Copies an area to the same place of a display of the same size.
     void CopyPart(HDC target, const RECT& area);
@@ -31,6 +31,7 @@ public:
 private:
     void MakeBitmap() noexcept;
     void DropBitmap() noexcept;
+    void Stretch(HDC source, HDC target, const RECT& bounds) const noexcept;
     void CopyBits(HDC target, const RECT& bounds) const noexcept;
 
     MemoryDC dc_;

@@ -23,7 +23,7 @@ STDMETHODIMP ViewFace::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
     return Guard([&] {
         const RECT area = {bounds->left, bounds->top, bounds->right, bounds->bottom};
         const SavedDC saved(draw);
-        control_.PaintedSurface().CopyTo(draw, area);
+        return control_.PaintedSurface().CopyTo(draw, area) ? S_OK : E_INVALIDARG;
     });
 }
 

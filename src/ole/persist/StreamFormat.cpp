@@ -7,6 +7,8 @@
 #include "base/ErrorText.h"
 #include "ole/com/ErrorInfo.h"
 #include "ole/com/Fonts.h"
+#include "platform/PictureLoading.h"
+#include "skin/PictureFile.h"
 
 namespace vantik {
 
@@ -101,14 +103,6 @@ Bytes BytesOf(IStream& stream) {
     return ReadExactly(stream, static_cast<std::size_t>(state.cbSize.QuadPart));
 }
 
-// Only objects of the two standard kinds are made, whatever a stream says.
-ComPtr<IUnknown> NewObject(PropertyType type) {
-    if (type == PropertyType::Font) return StandardFont().As<IUnknown>();
-    ComPtr<IUnknown> object;
-    Check(OleCreatePictureIndirect(nullptr, IID_IUnknown, TRUE, object.PutVoid()));
-    return object;
-}
-
 Bytes SavedBytes(IUnknown* object) {
     const auto persist = QueryFor<IPersistStream>(object);
     if (!persist) RaiseHostError(E_NOINTERFACE);
@@ -117,15 +111,33 @@ Bytes SavedBytes(IUnknown* object) {
     return BytesOf(*stream.Get());
 }
 
-ComPtr<IUnknown> RestoredObject(PropertyType type, View bytes) {
-    auto object = NewObject(type);
-    const auto persist = object.As<IPersistStream>();
+ComPtr<IUnknown> RestoredFont(View bytes) {
+    auto font = StandardFont().As<IUnknown>();
+    const auto persist = font.As<IPersistStream>();
     if (!persist) RaiseHostError(E_NOINTERFACE);
     const auto stream = NewMemoryStream();
     WriteAll(*stream.Get(), bytes.data(), bytes.size());
     Rewind(*stream.Get());
     Check(persist->Load(stream.Get()));
-    return object;
+    return font;
+}
+
+// Picture objects save themselves as a magic number, the length of a picture file, and the file. Their own way back
+// believes all that it reads there.
+ComPtr<IUnknown> RestoredPicture(View bytes) {
+    constexpr std::uint32_t PictureMagic = 0x0000746C; // "lt"
+    if (Take<std::uint32_t>(bytes) != PictureMagic) RaiseBadStream();
+    const View file = TakeBytes(bytes, Take<std::uint32_t>(bytes));
+    if (file.empty()) return EmptyPicture().As<IUnknown>();
+    const std::span plain(reinterpret_cast<const BYTE*>(file.data()), file.size());
+    const auto picture = IsWholePicture(plain) ? PictureFrom(plain) : nullptr;
+    if (!picture) RaiseBadStream();
+    return picture.As<IUnknown>();
+}
+
+// Only objects of the two standard kinds are made, whatever a stream says.
+ComPtr<IUnknown> RestoredObject(PropertyType type, View bytes) {
+    return type == PropertyType::Font ? RestoredFont(bytes) : RestoredPicture(bytes);
 }
 
 Bytes BytesOf(const VARIANT& value) {

@@ -1,6 +1,7 @@
 // Saving and loading by every route that a host may take.
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <functional>
 #include <limits>
 
@@ -290,11 +291,63 @@ TEST_CASE("A stream that was cut short or is none of the control's leaves it as 
     CHECK(StateOf(control) == before);
 }
 
-// The picture's own bytes are the platform's affair: it reads them, and not every system's reader is proof.
+namespace {
+
+// Where the bitmap file of the saved picture begins.
+std::size_t BitmapIn(const std::vector<std::byte>& bytes) {
+    constexpr std::byte magic[] = {std::byte{'B'}, std::byte{'M'}};
+    const auto at = std::search(bytes.begin(), bytes.end(), std::begin(magic), std::end(magic));
+    REQUIRE(at != bytes.end());
+    return static_cast<std::size_t>(at - bytes.begin());
+}
+
+} // namespace
+
+// The platform's own reader of saved pictures takes sizes and offsets as they stand and reads, or writes, there.
+TEST_CASE("A saved picture whose header is damaged anywhere is refused or read, and the control lives on") {
+    LooseControl saved;
+    Change(saved);
+    const auto stream = NewStream();
+    saved.As<IPersistStreamInit>()->Save(stream.Get(), TRUE);
+    const auto whole = BytesOf(*stream.Get());
+    const std::size_t bitmap = BitmapIn(whole);
+    constexpr std::size_t lengthBefore = 8, headers = 14 + 40, colours = 8;
+    int refused = 0;
+    for (std::size_t at = bitmap - lengthBefore; at < bitmap + headers + colours; ++at)
+        for (const int value : {0x00, 0x01, 0x0C, 0x7F, 0x80, 0xFF}) {
+            auto bytes = whole;
+            bytes[at] = std::byte(value);
+            LooseControl control;
+            const HRESULT loaded = control.As<IPersistStreamInit>()->Load(StreamOf(bytes).Get());
+            CHECK((loaded == S_OK || loaded == STG_E_DOCFILECORRUPT));
+            refused += loaded != S_OK;
+        }
+    CHECK(refused > 100); // the rest says the same, or nothing that is of use
+}
+
+TEST_CASE("A saved picture says that it is none, or is damaged where it is cut short") {
+    LooseControl saved;
+    Change(saved);
+    const auto stream = NewStream();
+    saved.As<IPersistStreamInit>()->Save(stream.Get(), TRUE);
+    const auto whole = BytesOf(*stream.Get());
+    const std::size_t length = BitmapIn(whole) - 4;
+    const auto withLength = [&](std::uint8_t value) {
+        auto bytes = whole;
+        bytes[length] = std::byte{value};
+        return bytes;
+    };
+    LooseControl none, cut;
+    CHECK(none.As<IPersistStreamInit>()->Load(StreamOf(withLength(0)).Get()) == S_OK);
+    CHECK(PictureText(none.Dispatch()) == L"none");
+    const auto one = static_cast<std::uint8_t>(std::to_integer<int>(whole[length]) - 1);
+    CHECK(cut.As<IPersistStreamInit>()->Load(StreamOf(withLength(one)).Get()) == STG_E_DOCFILECORRUPT);
+    CHECK(PictureText(cut.Dispatch()) == L"none");
+}
+
 TEST_CASE("No bytes of a stream can bring the control down") {
     LooseControl saved;
     Change(saved);
-    PutReference(saved.Dispatch(), L"Picture", nullptr);
     const auto stream = NewStream();
     saved.As<IPersistStreamInit>()->Save(stream.Get(), TRUE);
     const auto whole = BytesOf(*stream.Get());

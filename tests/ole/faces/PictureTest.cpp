@@ -1,6 +1,8 @@
 // The control as a picture: in other device contexts, other places, other sizes, and as a metafile.
 #include <doctest/doctest.h>
 
+#include <limits>
+
 #include "host/ControlOnForm.h"
 #include "ole/Canvas.h"
 #include "ole/LooseControl.h"
@@ -141,6 +143,45 @@ TEST_CASE("What cannot be drawn or delivered is refused") {
     CHECK(formats->Next(1, &only, nullptr) == S_OK);
     CHECK(data->QueryGetData(&only) == S_OK);
     CHECK(formats->Next(1, &only, nullptr) == S_FALSE);
+}
+
+TEST_CASE("A rectangle farther out than a device context can count is refused, nearer ones are drawn") {
+    PaintedControl control;
+    Canvas canvas(10, 10);
+    constexpr LONG least = std::numeric_limits<LONG>::min(), most = std::numeric_limits<LONG>::max();
+    const RECTL tooFar[] = {{32767, 0, least, 189}, {1, 0, least, 14},          {2, -1, least, 58},
+                            {0, 0, least, 158},     {0, -1, least, 114},        {0, least, 10, 10},
+                            {0, 0, 10, most},       {least, least, most, most}, {0, 0, most, 10},
+                            {0, 1, 10, least}};
+    for (const RECTL& bounds : tooFar) CHECK(Draw(control.Object(), canvas.DC(), bounds) == E_INVALIDARG);
+    CHECK(canvas.At(5, 5) == Canvas::Untouched);
+    const HDC metafile = CreateMetaFileW(nullptr);
+    for (const RECTL& bounds : tooFar) CHECK(Draw(control.Object(), metafile, bounds) == E_INVALIDARG);
+    DeleteMetaFile(CloseMetaFile(metafile));
+    CHECK(Draw(control.Object(), canvas.DC(), {-(1 << 27), -(1 << 27), 1 << 27, 1 << 27}) == S_OK);
+    CHECK(Draw(control.Object(), canvas.DC(), {-5000, -5000, 5000, 5000}) == S_OK);
+    CHECK(canvas.At(5, 5) != Canvas::Untouched);
+}
+
+TEST_CASE("A scale that takes the rectangle out of reach does no harm, in drawing or printing") {
+    PaintedControl control;
+    Canvas canvas(10, 10);
+    SetMapMode(canvas.DC(), MM_ANISOTROPIC);
+    SetWindowExtEx(canvas.DC(), 1, 1, nullptr);
+    for (const int scale : {16, -16, 32767}) {
+        SetViewportExtEx(canvas.DC(), scale, scale, nullptr);
+        for (const LONG side : {1 << 26, 1 << 27})
+            CHECK(Draw(control.Object(), canvas.DC(), {0, 0, side, side}) == E_INVALIDARG);
+        CHECK(Draw(control.Object(), canvas.DC(), {0, 0, 20, 10}) == S_OK);
+    }
+    ControlOnForm shown;
+    shown.OpenWithTabs(2);
+    const HWND window = shown.Form().ControlWindow();
+    SetGraphicsMode(canvas.DC(), GM_ADVANCED);
+    const XFORM huge = {1e8f, 0, 0, 1e8f, 0, 0};
+    REQUIRE(SetWorldTransform(canvas.DC(), &huge));
+    SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.DC()), PRF_CLIENT);
+    CHECK(IsWindow(window));
 }
 
 TEST_CASE("The extent is given back as it was set, and has to be one") {
