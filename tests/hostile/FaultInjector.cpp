@@ -105,6 +105,7 @@ FaultyImport Table[] = {
     IMPORT(GetStockObject, 0),
     IMPORT(GetTextExtentPoint32W, 0),
     IMPORT(IntersectClipRect, 0),
+    IMPORT(LPtoDP, 0),
     IMPORT(PatBlt, 0),
     IMPORT(SaveDC, 0),
     IMPORT(SelectObject, 0),
