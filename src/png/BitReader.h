@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "png/HuffmanTable.h"
+#include "png/MirroredInput.h"
 #include "png/PngFormat.h"
 
 namespace vantik {
@@ -68,30 +68,29 @@ public:
         count_ = 0;
     }
 
-    // The state in registers, for a loop that must not touch memory between symbols.
+    // The state in registers, for a loop that must not touch memory between symbols. It has the bits twice: the first one
+    // lowest, as numbers and the indexes of tables have them, and mirrored, the first one highest, as codes are ordered.
     struct Registers {
         const std::uint8_t* Next;
+        const std::uint8_t* NextMirrored;
         const std::uint8_t* Safe; // before here Refill may be called twice without asking
         std::uint64_t Bits;
+        std::uint64_t Mirrored;
         unsigned Count;
 
         // At least 56 bits afterwards.
         void Refill() noexcept {
-            std::uint64_t word;
-            std::memcpy(&word, Next, sizeof word);
-            Bits |= word << Count;
-            Next += (63 - Count) >> 3;
+            Bits |= WordAt(Next) << Count;
+            Mirrored |= __builtin_bswap64(WordAt(NextMirrored)) >> Count;
+            const unsigned taken = (63 - Count) >> 3;
+            Next += taken;
+            NextMirrored += taken;
             Count |= 56;
         }
         void Drop(unsigned used) noexcept {
             Bits >>= used;
+            Mirrored <<= used;
             Count -= used;
-        }
-        // Drops the code of a table entry. The machine's shift looks at the lowest six bits only, which saves a step on
-        // the way from one symbol to the next.
-        void DropCode(HuffmanTable::Entry entry) noexcept {
-            Bits >>= entry & 63;
-            Count -= entry & 0xFF;
         }
         std::uint32_t Get(unsigned wanted) noexcept {
             const std::uint32_t value = static_cast<std::uint32_t>(Bits) & ((1u << wanted) - 1);
@@ -100,7 +99,11 @@ public:
         }
     };
 
-    Registers Load() const noexcept { return {next_, SafeEnd(), bits_, count_}; }
+    // Far from the end of the input there is something to decode before Safe afterwards.
+    Registers Load(MirroredInput& mirror) const noexcept {
+        mirror.Hold(next_, end_, Margin);
+        return {next_, mirror.At(next_), SafeEnd(mirror.End()), bits_, MirrorBits(bits_), count_};
+    }
     void Store(const Registers& registers) noexcept {
         next_ = registers.Next;
         bits_ = registers.Bits;
@@ -108,15 +111,21 @@ public:
     }
 
 private:
+    static std::uint64_t WordAt(const std::uint8_t* bytes) noexcept {
+        std::uint64_t word;
+        std::memcpy(&word, bytes, sizeof word);
+        return word;
+    }
+
     void Refill() noexcept {
-        Registers registers = Load();
-        registers.Refill();
-        Store(registers);
+        bits_ |= WordAt(next_) << count_;
+        next_ += (63 - count_) >> 3;
+        count_ |= 56;
     }
 
     // Short input is near its end all over.
-    const std::uint8_t* SafeEnd() const noexcept {
-        return end_ - begin_ >= Margin ? end_ - (Margin - 1) : begin_;
+    const std::uint8_t* SafeEnd(const std::uint8_t* end) const noexcept {
+        return end - next_ >= Margin ? end - (Margin - 1) : next_;
     }
 
     void NeedNearEnd(unsigned wanted) noexcept {

@@ -9,13 +9,16 @@
 namespace vantik {
 
 // Layout of an entry above the length byte: bits 8..12 number of extra bits, 13..15 the flags below, 16..31 the value
-// (literal, base of a length or distance; of
-// code lengths the length itself and, in the upper byte, how many times it stands at least).
+// (literal, base of a length or distance; of code lengths the length itself and, in the upper byte, how many times it
+// stands at least). Symbols that no valid stream uses have no flag.
 namespace meaning {
 inline constexpr HuffmanTable::Entry Literal = 1u << 15;
 inline constexpr HuffmanTable::Entry EndOfBlock = 1u << 14;
-inline constexpr HuffmanTable::Entry Reserved = 1u << 13;       // symbols that no valid stream uses
-inline constexpr HuffmanTable::Entry RepeatPrevious = 1u << 15; // among code lengths only
+inline constexpr HuffmanTable::Entry Copy = 1u << 13; // lengths and distances
+
+// Among code lengths only.
+inline constexpr HuffmanTable::Entry RepeatPrevious = 1u << 15;
+inline constexpr HuffmanTable::Entry Plain = 1u << 14; // one length without extra bits
 
 constexpr unsigned CodeLength(HuffmanTable::Entry entry) { return entry & 0xFF; }
 constexpr unsigned ExtraBits(HuffmanTable::Entry entry) { return entry >> 8 & 0x1F; }
@@ -44,11 +47,10 @@ inline constexpr std::array<HuffmanTable::Entry, LiteralSymbols> LiteralMeanings
     unsigned base = 3;
     for (unsigned i = 0; i < 28; ++i) {
         const unsigned extraBits = i < 8 ? 0 : i / 4 - 1;
-        meanings[FirstLengthSymbol + i] = meaning::Make(base, extraBits);
+        meanings[FirstLengthSymbol + i] = meaning::Make(base, extraBits) | meaning::Copy;
         base += 1u << extraBits;
     }
-    meanings[285] = meaning::Make(258, 0);
-    meanings[286] = meanings[287] = meaning::Reserved;
+    meanings[285] = meaning::Make(258, 0) | meaning::Copy;
     return meanings;
 }();
 
@@ -57,10 +59,9 @@ inline constexpr std::array<HuffmanTable::Entry, DistanceSymbols> DistanceMeanin
     unsigned base = 1;
     for (unsigned symbol = 0; symbol < 30; ++symbol) {
         const unsigned extraBits = symbol < 4 ? 0 : symbol / 2 - 1;
-        meanings[symbol] = meaning::Make(base, extraBits);
+        meanings[symbol] = meaning::Make(base, extraBits) | meaning::Copy;
         base += 1u << extraBits;
     }
-    meanings[30] = meanings[31] = meaning::Reserved;
     return meanings;
 }();
 
@@ -69,9 +70,10 @@ inline constexpr std::array<HuffmanTable::Entry, CodeLengthSymbols> CodeLengthMe
     for (unsigned symbol = 0; symbol < CodeLengthSymbols; ++symbol) {
         const unsigned extraBits = symbol == 16 ? 2 : symbol == 17 ? 3 : symbol == 18 ? 7 : 0;
         const unsigned timesAtLeast = symbol < 16 ? 1 : symbol == 18 ? 11 : 3;
-        const bool repeatsPrevious = symbol == 16;
-        meanings[symbol] = meaning::Make(timesAtLeast << 8 | (symbol < 16 ? symbol : 0), extraBits) |
-                           (repeatsPrevious ? meaning::RepeatPrevious : 0);
+        const HuffmanTable::Entry flag = symbol < 16    ? meaning::Plain
+                                         : symbol == 16 ? meaning::RepeatPrevious
+                                                        : 0;
+        meanings[symbol] = meaning::Make(timesAtLeast << 8 | (symbol < 16 ? symbol : 0), extraBits) | flag;
     }
     return meanings;
 }();

@@ -28,8 +28,8 @@ std::uint32_t ReverseBits(std::uint32_t code) noexcept {
 // The share of the code space that `count` codes of this length take.
 std::uint32_t Share(std::uint32_t count, unsigned length) noexcept { return count << (16 - length); }
 
-// What one more probe of each symbol costs, as a share of the code space in symbols that are not found at once.
-constexpr std::uint32_t CostOfProbe = 1200;
+// What one more comparison for each symbol costs, as a share of the code space in symbols whose candidate is wrong.
+constexpr std::uint32_t CostOfComparison = 500;
 
 } // namespace
 
@@ -57,7 +57,8 @@ bool HuffmanTable::BuildTable(std::span<const std::uint8_t> lengths, std::span<c
         usedCount_ = longest_ = 0;
         return false;
     }
-    ChooseWindow(codes);
+    FindLastCodes(codes);
+    ChooseComparisons(codes);
     Fill(lengths, meanings, codes);
     return true;
 }
@@ -89,25 +90,37 @@ bool HuffmanTable::AssignCodes(std::span<const std::uint8_t> lengths, FirstCodes
     }
     codes[MaxLength + 1] = next;
     longest_ = static_cast<unsigned>(std::bit_width(present >> 1));
+    shortest_ = present == 0 ? 1 : static_cast<unsigned>(std::countr_zero(present));
     return next <= CodeSpace;
 }
 
-// The cheapest one, found without branches: which one it is changes from table to table.
-void HuffmanTable::ChooseWindow(const FirstCodes& codes) noexcept {
+void HuffmanTable::FindLastCodes(const FirstCodes& codes) noexcept {
+    lasts_.fill(~Word{0});
+    for (unsigned length = shortest_; length < longest_; ++length) {
+        lasts_[length - shortest_] = (Word{codes[length + 1]} << (WordBits - 16)) - 1;
+    }
+}
+
+// The cheapest number, found without branches: which one it is changes from table to table.
+void HuffmanTable::ChooseComparisons(const FirstCodes& codes) noexcept {
     std::uint32_t best = ~0u;
 #pragma GCC unroll 16
-    for (std::uint32_t i = 0; i < Windows.size(); ++i) {
-        const std::uint32_t covered = codes[Windows[i].Start + Windows[i].Size] - codes[Windows[i].Start];
-        const std::uint32_t cost = Windows[i].Size * CostOfProbe + CodeSpace - covered;
-        best = std::min(best, cost * 16 + i);
+    for (std::uint32_t i = 0; i < Comparisons.size(); ++i) {
+        const std::uint32_t told = codes[std::min(shortest_ + Comparisons[i], MaxLength) + 1];
+        const std::uint32_t cost = Comparisons[i] * CostOfComparison + CodeSpace - told;
+        best = std::min(best, cost * 8 + i);
     }
-    window_ = best % 16;
+    comparisons_ = best % 8;
+}
+
+// For candidates a table may have when it has no code at all, too.
+std::size_t HuffmanTable::NeededSize() const noexcept {
+    return std::size_t{1} << std::max(shortest_, longest_);
 }
 
 void HuffmanTable::Fill(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings,
                         FirstCodes& next) {
-    const unsigned longestProbe = Windows[window_].Start + Windows[window_].Size - 1;
-    const std::size_t size = std::size_t{1} << std::max({longest_, longestProbe, 8u});
+    const std::size_t size = NeededSize();
     const unsigned count = std::exchange(usedCount_, 0); // nothing to erase when there is no memory
     if (entries_.size() < size) entries_.resize(size);
     usedCount_ = count;

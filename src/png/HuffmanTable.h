@@ -2,9 +2,10 @@
 //
 // One flat table: a code of length L stands only at the index that its reversed bits make, together with its length.
 // The decoder masks the next bits to a candidate length and has found its symbol when the entry there has that very
-// length. No code is the beginning of another, so at most one candidate matches and their order is free: the run of six
-// lengths that covers most of the code space is tried first, all of it at once and without a branch; a branch for each
-// length would be mispredicted on nearly every symbol.
+// length. No code is the beginning of another, so at most one candidate matches and their order is free: the one that the
+// bits' place among the codes speaks for comes first. Codes are ordered by length, so comparing the bits with the last
+// code of every length tells which; without a branch, which would be mispredicted on nearly every symbol, and without a
+// look into memory, so that the next symbol need not wait for this one's entry.
 #pragma once
 
 #include <array>
@@ -23,28 +24,6 @@ public:
     // 0 is no entry.
     using Entry = std::uint32_t;
 
-    // A run of lengths that are tried at once.
-    struct Window {
-        unsigned Start;
-        unsigned Size;
-    };
-
-    // Those that a table chooses from. Probing more lengths takes longer, but so does a symbol outside the window.
-    static constexpr auto Windows = std::to_array<Window>({{1, 6},
-                                                           {2, 6},
-                                                           {3, 6},
-                                                           {4, 6},
-                                                           {5, 6},
-                                                           {7, 6},
-                                                           {1, 8},
-                                                           {2, 8},
-                                                           {3, 8},
-                                                           {4, 8},
-                                                           {1, 10},
-                                                           {2, 10},
-                                                           {3, 10},
-                                                           {5, 10}});
-
     // Code lengths of symbol 0, 1, ... and what each symbol means. False, and no codes, when the lengths promise more
     // codes than there are; a code with gaps is accepted.
     bool BuildTable(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings);
@@ -52,19 +31,28 @@ public:
     // The entry of the code that the bits begin with, 0 when no length matches.
     Entry Find(std::uint64_t bits) const noexcept;
 
-    // The same where the compiler knows the window. `entries` are the table's own.
-    template <unsigned Start, unsigned Size>
-    Entry FindWithin(const Entry* entries, std::uint64_t bits) const noexcept {
-        const Entry entry = ProbeWindow<Start, Size>(entries, static_cast<std::uint32_t>(bits));
-        if (entry != 0) [[likely]]
-            return entry;
-        return Find(bits);
+    // The first candidate for the code that these bits begin with, their first one highest: the only one unless it is the
+    // longest that so many comparisons can tell.
+    template <unsigned Comparisons>
+    unsigned CandidateLength(std::uint64_t mirrored) const noexcept {
+        const auto word = static_cast<Word>(mirrored >> (64 - WordBits));
+        // Three sums that do not wait for each other.
+        const unsigned first = CountBefore<0, Comparisons>(word, shortest_);
+        const unsigned second = CountBefore<1, Comparisons>(word, 0);
+        const unsigned third = CountBefore<2, Comparisons>(word, 0);
+        return first + second + third;
     }
 
-    const Entry* Entries() const noexcept { return entries_.data(); }
+    // The probe of a candidate; the entry found is the code's if it has that length.
+    Entry Probe(std::uint64_t bits, unsigned length) const noexcept {
+        return entries_.data()[static_cast<std::uint32_t>(bits) & MaskOf(length)];
+    }
+
+    // Numbers of comparisons that a table chooses from. More take longer, but so does a code whose length they cannot tell.
+    static constexpr auto Comparisons = std::to_array<unsigned>({3, 5, 7, 9, 11, 14});
+    std::size_t ChosenComparisons() const noexcept { return comparisons_; } // of these
+
     unsigned LongestCode() const noexcept { return longest_; }
-    // Of Windows.
-    std::size_t ChosenWindow() const noexcept { return window_; }
 
 private:
     // The first code of every length, left-justified in 16 bits; behind them where the last code ends.
@@ -72,34 +60,36 @@ private:
 
     static constexpr std::uint32_t MaskOf(unsigned length) noexcept { return (1u << length) - 1; }
 
-    // Two chains of selections that do not wait for each other.
-    template <unsigned Start, unsigned Size>
-    static Entry ProbeWindow(const Entry* entries, std::uint32_t bits) noexcept {
-        Entry found[2] = {};
+    using Word = std::size_t; // what the machine compares in one step
+    static constexpr unsigned WordBits = 8 * sizeof(Word);
+
+    // Of every third length.
+    template <unsigned First, unsigned End>
+    unsigned CountBefore(Word word, unsigned count) const noexcept {
 #pragma GCC unroll 16
-        for (unsigned i = 0; i < Size; ++i) {
-            const Entry entry = entries[bits & MaskOf(Start + i)];
-            found[i % 2] = static_cast<std::uint8_t>(entry) == Start + i ? entry : found[i % 2];
-        }
-        Entry both = found[0] | found[1];
-        // Else the compiler would join the last selection and the caller's test for 0 into a branch.
-        asm("" : "+r"(both));
-        return both;
+        for (unsigned i = First; i < End; i += 3) count += lasts_[i] < word;
+        asm("" : "+r"(count)); // else the compiler would join the sums
+        return count;
     }
 
     void Erase() noexcept;
     void CollectUsed(std::span<const std::uint8_t> lengths) noexcept;
     bool AssignCodes(std::span<const std::uint8_t> lengths, FirstCodes& codes) noexcept;
-    void ChooseWindow(const FirstCodes& codes) noexcept;
+    void FindLastCodes(const FirstCodes& codes) noexcept;
+    void ChooseComparisons(const FirstCodes& codes) noexcept;
+    std::size_t NeededSize() const noexcept;
     void Fill(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings, FirstCodes& next);
 
-    // 0 wherever no code of the present table stands; large enough for every probe of the window.
+    // 0 wherever no code of the present table stands; large enough for every probe.
     std::vector<Entry> entries_;
     // The symbols that have a code; once the table is filled, where their codes stand, so that they can be erased.
     std::array<std::uint16_t, MaxSymbols + 1> used_;
     unsigned usedCount_ = 0;
+    unsigned shortest_ = 1;
     unsigned longest_ = 0;
-    std::size_t window_ = 0;
+    std::size_t comparisons_ = 0;
+    // The last code of shortest_ bits, then of one more each, with ones behind it; behind the longest nothing but ones.
+    std::array<Word, MaxLength> lasts_ = {};
 };
 
 } // namespace vantik

@@ -6,6 +6,7 @@
 
 #include "base/Checked.h"
 #include "png/DeflateCodes.h"
+#include "png/MatchCopy.h"
 
 namespace vantik {
 
@@ -16,57 +17,8 @@ constexpr std::size_t Slack = 258 + 32;
 
 constexpr std::int32_t AllowedExcess = 100;
 
-template <std::size_t Width>
-inline void CopyBlock(std::uint8_t* to, const std::uint8_t* from) noexcept {
-    std::memcpy(to, from, Width);
-}
-
-// The first blocks are copied whatever the length: most matches are short, and how often a loop turns is hard to predict.
-template <std::size_t Width>
-inline void CopyWide(std::uint8_t* to, const std::uint8_t* from, const std::uint8_t* end) noexcept {
-#pragma GCC unroll 4
-    for (std::size_t i = 0; i < 32; i += Width) CopyBlock<Width>(to + i, from + i);
-    while ((to += 32) < end) [[unlikely]] {
-            from += 32;
-#pragma GCC unroll 4
-            for (std::size_t i = 0; i < 32; i += Width) CopyBlock<Width>(to + i, from + i);
-        }
-}
-
-// A pattern of `distance` bytes, at most 8, repeated over a word, and how far such words may stand apart.
-struct Pattern {
-    std::uint64_t Repeat; // a 1 at every place where the pattern begins
-    unsigned Step;
-};
-
-constexpr std::array<Pattern, 8> Patterns = [] {
-    std::array<Pattern, 8> patterns = {};
-    for (unsigned distance = 1; distance < 8; ++distance) {
-        for (unsigned at = 0; at < 8; at += distance) patterns[distance].Repeat |= std::uint64_t{1} << 8 * at;
-        patterns[distance].Step = 8 - 8 % distance;
-    }
-    return patterns;
-}();
-
-inline void RepeatPattern(std::uint8_t* to, std::size_t distance, const std::uint8_t* end) noexcept {
-    std::uint64_t word;
-    std::memcpy(&word, to - distance, sizeof word);
-    word = (word & ((std::uint64_t{1} << 8 * distance) - 1)) * Patterns[distance].Repeat;
-    const std::size_t step = Patterns[distance].Step;
-    do {
-#pragma GCC unroll 4
-        for (int i = 0; i < 4; ++i, to += step) std::memcpy(to, &word, sizeof word);
-    } while (to < end);
-}
-
-// May write up to 31 bytes behind the end.
-inline void CopyMatch(std::uint8_t* to, std::size_t distance, std::uint32_t length) noexcept {
-    const std::uint8_t* const from = to - distance;
-    std::uint8_t* const end = to + length;
-    if (distance >= 16) return CopyWide<16>(to, from, end);
-    if (distance >= 8) return CopyWide<8>(to, from, end);
-    RepeatPattern(to, distance, end);
-}
+// Enough for all but a few codes of distances.
+constexpr unsigned DistanceComparisons = 7;
 
 } // namespace
 
@@ -78,6 +30,7 @@ void Inflater::Begin(ByteView input, std::int32_t& expectedSize, bool deflate64)
     output_ = ByteBuffer(limit_ + 1 + Slack);
     position_ = 0;
     bits_ = BitReader(input);
+    mirror_.Forget();
     phase_ = Phase::BlockHeader;
     result_ = inflate_result::Done;
     isDeflate64_ = deflate64;
@@ -113,6 +66,12 @@ void Inflater::Step(std::size_t produced) {
     } else {
         DecodeSymbols(produced);
     }
+}
+
+// At a symbol that is neither literal nor copy.
+void Inflater::EndAt(HuffmanTable::Entry entry) {
+    if (!(entry & meaning::EndOfBlock)) throw BrokenStream{inflate_result::Broken};
+    EndBlock();
 }
 
 void Inflater::EndBlock() noexcept { phase_ = isLastBlock_ ? Phase::Ended : Phase::BlockHeader; }
@@ -186,6 +145,11 @@ public:
 
     bool IsFull() const noexcept { return at_ >= count_; }
 
+    void WriteOne(std::uint32_t length) noexcept {
+        previous_ = length & 0xFF;
+        lengths_[at_++] = static_cast<std::uint8_t>(length);
+    }
+
     // A length, the length before again, or a run of zeros, all in the same steps: eight copies are stored whatever the
     // number of repeats. Only zeros are repeated more often, and behind those eight there are zeros already.
     void Write(HuffmanTable::Entry entry, std::uint32_t extra) {
@@ -206,19 +170,39 @@ private:
     std::uint32_t previous_ = 0;
 };
 
+// Compared as bytes, which takes one step less.
+constexpr bool HasCodeLength(HuffmanTable::Entry entry, unsigned length) noexcept {
+    return static_cast<std::uint8_t>(entry) == static_cast<std::uint8_t>(length);
+}
+
+// The next symbol, 0 when there is no such code.
+template <unsigned Comparisons>
+inline HuffmanTable::Entry Decode(const HuffmanTable& table, BitReader::Registers& bits) {
+    unsigned length = table.CandidateLength<Comparisons>(bits.Mirrored);
+    HuffmanTable::Entry entry = table.Probe(bits.Bits, length);
+    if (!HasCodeLength(entry, length)) [[unlikely]] {
+        entry = table.Find(bits.Bits);
+        length = meaning::CodeLength(entry);
+    }
+    bits.Drop(length);
+    return entry;
+}
+
 } // namespace
 
 void Inflater::ReadCodeLengths(std::uint8_t* lengths, unsigned count) {
     LengthWriter writer(lengths, count);
-    BitReader::Registers bits = bits_.Load();
-    const HuffmanTable::Entry* const entries = codeLengths_.Entries();
+    BitReader::Registers bits = bits_.Load(mirror_);
     while (!writer.IsFull() && bits.Next < bits.Safe) {
         bits.Refill();
         for (int i = 0; i < 4 && !writer.IsFull(); ++i) {
-            const HuffmanTable::Entry entry = codeLengths_.FindWithin<1, 7>(entries, bits.Bits);
-            if (entry == 0) throw BrokenStream{inflate_result::Broken};
-            bits.DropCode(entry);
-            writer.Write(entry, bits.Get(meaning::ExtraBits(entry)));
+            const HuffmanTable::Entry entry = Decode<6>(codeLengths_, bits);
+            if (entry & meaning::Plain) [[likely]] {
+                writer.WriteOne(meaning::Value(entry));
+            } else {
+                if (entry == 0) throw BrokenStream{inflate_result::Broken};
+                writer.Write(entry, bits.Get(meaning::ExtraBits(entry)));
+            }
         }
     }
     bits_.Store(bits);
@@ -236,15 +220,16 @@ HuffmanTable::Entry Inflater::DecodeEntry(const HuffmanTable& table) {
     return entry;
 }
 
-template <std::size_t... Windows>
-void Inflater::ChooseDecodeFast(std::size_t produced, std::index_sequence<Windows...>) {
-    static constexpr void (Inflater::*Variants[])(std::size_t) = {&Inflater::DecodeFast<Windows>...};
-    (this->*Variants[tables_->Literals.ChosenWindow()])(produced);
+template <std::size_t... Choices>
+void Inflater::ChooseDecodeFast(std::size_t produced, std::index_sequence<Choices...>) {
+    static constexpr void (Inflater::*Variants[])(std::size_t) = {
+        &Inflater::DecodeFast<HuffmanTable::Comparisons[Choices]>...};
+    (this->*Variants[tables_->Literals.ChosenComparisons()])(produced);
 }
 
 void Inflater::DecodeSymbols(std::size_t produced) {
     if (bits_.IsFarFromEnd() && position_ + 3 <= limit_ && !isDeflate64_) {
-        ChooseDecodeFast(produced, std::make_index_sequence<HuffmanTable::Windows.size()>());
+        ChooseDecodeFast(produced, std::make_index_sequence<HuffmanTable::Comparisons.size()>());
     }
     DecodeCarefully(produced);
 }
@@ -261,10 +246,10 @@ void Inflater::DecodeCarefully(std::size_t produced) {
 void Inflater::DecodeOneCarefully() {
     const HuffmanTable::Entry entry = DecodeEntry(tables_->Literals);
     if (entry & meaning::Literal) return StoreLiteral(static_cast<std::uint8_t>(meaning::Value(entry)));
-    if (entry & meaning::EndOfBlock) return EndBlock();
+    if (!(entry & meaning::Copy)) return EndAt(entry);
     const std::uint32_t length = ReadMatchLength(entry);
     const HuffmanTable::Entry distance = DecodeEntry(tables_->Distances);
-    if (distance & meaning::Reserved) throw BrokenStream{inflate_result::Broken};
+    if (!(distance & meaning::Copy)) throw BrokenStream{inflate_result::Broken};
     CopyCarefully(meaning::Value(distance) + bits_.Get(meaning::ExtraBits(distance)), length);
 }
 
@@ -274,7 +259,6 @@ void Inflater::StoreLiteral(std::uint8_t literal) {
 }
 
 std::uint32_t Inflater::ReadMatchLength(HuffmanTable::Entry entry) {
-    if (entry & meaning::Reserved) throw BrokenStream{inflate_result::Broken};
     const std::uint32_t length = meaning::Value(entry) + bits_.Get(meaning::ExtraBits(entry));
     return isDeflate64_ && length == 258 ? bits_.Get(16) + 3 : length;
 }
@@ -294,55 +278,56 @@ void Inflater::CutAtLimit() noexcept {
     phase_ = Phase::Ended;
 }
 
-// Up to three literals and one match a turn; ends near the end of the input or of the output, at the end of the block,
-// and when there is enough output. At its top: position < produced, position + 2 <= limit, input far from its end.
-template <std::size_t Window>
+namespace {
+
+// Up to three literals; returns the last symbol, a literal or what ended them.
+template <unsigned Comparisons>
+inline HuffmanTable::Entry DecodeLiterals(const HuffmanTable& table, BitReader::Registers& bits,
+                                          std::uint8_t*& out) {
+    bits.Refill();
+    HuffmanTable::Entry entry = Decode<Comparisons>(table, bits);
+    if (!(entry & meaning::Literal)) return entry;
+    *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
+    entry = Decode<Comparisons>(table, bits);
+    if (!(entry & meaning::Literal)) return entry;
+    *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
+    entry = Decode<Comparisons>(table, bits);
+    if (entry & meaning::Literal) *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
+    return entry;
+}
+
+} // namespace
+
+// Ends near the end of the input or of the output, at the end of the block, and when there is enough output. At its
+// beginning: position < produced, position + 2 <= limit, input far from its end.
+template <unsigned Comparisons>
 void Inflater::DecodeFast(std::size_t produced) {
-    constexpr unsigned Start = HuffmanTable::Windows[Window].Start;
-    constexpr unsigned Size = HuffmanTable::Windows[Window].Size;
     const Tables& tables = *tables_;
-    const HuffmanTable::Entry* const literals = tables.Literals.Entries();
-    const HuffmanTable::Entry* const distances = tables.Distances.Entries();
-    BitReader::Registers bits = bits_.Load();
+    BitReader::Registers bits = bits_.Load(mirror_);
     std::uint8_t* const start = output_.data();
     std::uint8_t* out = start + position_;
     std::uint8_t* const stop = start + std::min(produced, limit_ - 2);
-
+    const auto goesOn = [&] { return out < stop && bits.Next < bits.Safe; };
     const auto leave = [&] {
         bits_.Store(bits);
         position_ = static_cast<std::size_t>(out - start);
     };
 
-    while (out < stop && bits.Next < bits.Safe) {
+    while (goesOn()) {
+        HuffmanTable::Entry entry;
+        do entry = DecodeLiterals<Comparisons>(tables.Literals, bits, out);
+        while ((entry & meaning::Literal) && goesOn());
+        if (entry & meaning::Literal) break;
+        if (!(entry & meaning::Copy)) [[unlikely]] {
+            leave();
+            return EndAt(entry);
+        }
         bits.Refill();
-        HuffmanTable::Entry entry = tables.Literals.FindWithin<Start, Size>(literals, bits.Bits);
-        bits.DropCode(entry);
-        if (entry & meaning::Literal) {
-            *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
-            entry = tables.Literals.FindWithin<Start, Size>(literals, bits.Bits);
-            bits.DropCode(entry);
-            if (entry & meaning::Literal) {
-                *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
-                entry = tables.Literals.FindWithin<Start, Size>(literals, bits.Bits);
-                bits.DropCode(entry);
-                if (entry & meaning::Literal) {
-                    *out++ = static_cast<std::uint8_t>(meaning::Value(entry));
-                    continue;
-                }
-            }
-            bits.Refill();
-        }
-        if (entry == 0 || (entry & (meaning::EndOfBlock | meaning::Reserved))) [[unlikely]] {
-            leave();
-            if (entry & meaning::EndOfBlock) return EndBlock();
-            throw BrokenStream{inflate_result::Broken};
-        }
         const std::uint32_t length = meaning::Value(entry) + bits.Get(meaning::ExtraBits(entry));
-        entry = tables.Distances.FindWithin<1, 8>(distances, bits.Bits);
-        bits.DropCode(entry);
-        if (entry == 0 || (entry & meaning::Reserved)) [[unlikely]] {
+        entry = Decode<DistanceComparisons>(tables.Distances, bits);
+        if (!(entry & meaning::Copy)) [[unlikely]] {
             leave();
-            throw BrokenStream{inflate_result::Broken};
+            return EndAt(entry);
         }
         const std::size_t distance = meaning::Value(entry) + bits.Get(meaning::ExtraBits(entry));
         if (distance > static_cast<std::size_t>(out - start)) Raise(RunTimeErrorNumber::SubscriptOutOfRange);

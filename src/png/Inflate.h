@@ -54,12 +54,13 @@ private:
     void UseFixedTables();
     void ReadDynamicTables();
     void ReadCodeLengths(std::uint8_t* lengths, unsigned count);
+    void EndAt(HuffmanTable::Entry entry);
     void EndBlock() noexcept;
 
     void DecodeSymbols(std::size_t produced);
-    template <std::size_t... Windows>
-    void ChooseDecodeFast(std::size_t produced, std::index_sequence<Windows...>);
-    template <std::size_t Window>
+    template <std::size_t... Choices>
+    void ChooseDecodeFast(std::size_t produced, std::index_sequence<Choices...>);
+    template <unsigned Comparisons>
     void DecodeFast(std::size_t produced);
     void DecodeCarefully(std::size_t produced);
     void DecodeOneCarefully();
@@ -70,6 +71,7 @@ private:
     void CutAtLimit() noexcept;
 
     BitReader bits_;
+    MirroredInput mirror_;
     ByteBuffer output_;
     std::size_t position_ = 0;
     std::size_t limit_ = 0; // the last index of the output

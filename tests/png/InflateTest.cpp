@@ -146,7 +146,8 @@ TEST_CASE("a reader of few bytes points to nothing before them") {
     const std::uint8_t* const begin = memory.data() + BitReader::Margin;
     for (std::ptrdiff_t size = 0; size <= 2 * BitReader::Margin; ++size) {
         const BitReader reader({begin, static_cast<std::size_t>(size)});
-        const BitReader::Registers bits = reader.Load();
+        MirroredInput mirror;
+        const BitReader::Registers bits = reader.Load(mirror);
         CHECK(bits.Safe >= begin);
         CHECK((bits.Next < bits.Safe) == reader.IsFarFromEnd());
     }
