@@ -49,6 +49,16 @@ std::int32_t OpaqueBitCount(const ImageHeader& header) noexcept {
     return keepsDepth ? header.BitDepth : 8;
 }
 
+// A transparent sample or colour is compared with all bits.
+bool NeedsLowBytes(const PicturePlan& plan, const ImageHeader& header) noexcept {
+    return plan.IsTransparent && !HasAlphaChannel(header.ColourType);
+}
+
+std::int32_t SampleBits(const PicturePlan& plan, const ImageHeader& header) noexcept {
+    if (plan.Before.KeepsHighBytes) return 8;
+    return header.Interlace == 1 ? std::max(header.BitDepth, 8) : header.BitDepth;
+}
+
 void ChooseConversion(PicturePlan& plan, const PngContents& png,
                       const ConversionSettings& settings) noexcept {
     const ImageHeader& header = png.Header;
@@ -59,10 +69,12 @@ void ChooseConversion(PicturePlan& plan, const PngContents& png,
     }
     plan.IsTransparent = IsTransparent(png, settings);
     plan.BitCount = plan.IsTransparent ? 32 : OpaqueBitCount(header);
-    // Grey and alpha of 16 bits have the bitmap's size too, but not its layout.
-    const bool fits = header.BitDepth <= 8 && plan.BitCount == BitsPerPixel(header);
-    plan.UnfiltersInPlace = header.Interlace == 0 && fits;
-    plan.SwapsRedBlue = plan.UnfiltersInPlace && plan.BitCount >= 24;
+    plan.Before.KeepsHighBytes =
+        header.BitDepth == 16 && header.Interlace == 0 && !NeedsLowBytes(plan, header);
+    plan.SampleBits = SampleBits(plan, header);
+    plan.UnfiltersInPlace =
+        header.Interlace == 0 && plan.BitCount == plan.SampleBits * ChannelsOf(header.ColourType);
+    plan.Before.SwapsRedBlue = plan.UnfiltersInPlace && plan.BitCount >= 24;
 }
 
 // Every product below stays in 64 bits once rows and columns are known to fit the memory.

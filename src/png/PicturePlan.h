@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "png/FilteredRow.h"
 #include "png/PngContents.h"
 
 namespace vantik {
@@ -15,7 +16,8 @@ struct PicturePlan {
     bool IsTransparent = false;    // 32 bits to be mixed with a background
     bool IsUnconverted = false;    // nothing is defined for this kind of picture
     bool UnfiltersInPlace = false; // unfiltered rows already are the bitmap's rows
-    bool SwapsRedBlue = false;     // if their channels are swapped beforehand
+    Rearrangement Before;          // of the filtered rows
+    std::int32_t SampleBits = 0;   // of the unfiltered or de-interlaced samples
     std::size_t RowSize = 0;       // of a scanline without its filter byte
     std::size_t BytesPerPixel = 0;
     std::int64_t RawSize = 0; // of all scanlines

@@ -65,7 +65,7 @@ private:
         if (header_.Interlace > 1) return CopyUnconverted(raw_.All());
         if (!plan_.UnfiltersInPlace) return Convert(ReadSamples());
         dib_ = NewDib();
-        UnfilterInto({dib_.Row(0), RowStep(dib_)}, plan_.SwapsRedBlue);
+        UnfilterInto({dib_.Row(0), RowStep(dib_)});
     }
 
     static std::ptrdiff_t RowStep(const DibImage& dib) noexcept {
@@ -93,8 +93,11 @@ private:
         for (std::int32_t y = 0; y < dib.Height; ++y) std::memset(dib.Row(y) + used, 0, stride - used);
     }
 
-    void UnfilterInto(RowTarget target, bool swapsRedBlue) {
-        const FilteredImage image = {header_.Height, plan_.RowSize, plan_.BytesPerPixel, swapsRedBlue};
+    std::size_t UnfilteredRowSize() const noexcept { return plan_.RowSize / plan_.Before.Shrinks(); }
+
+    void UnfilterInto(RowTarget target) {
+        const FilteredImage image = {header_.Height, UnfilteredRowSize(),
+                                     plan_.BytesPerPixel / plan_.Before.Shrinks(), plan_.Before};
         UnfilterImage(raw_, image, target);
     }
 
@@ -103,16 +106,17 @@ private:
             const InterlacedImage image = {header_.Width, header_.Height, BitsPerPixel(header_)};
             return {Deinterlace(raw_, image), static_cast<std::size_t>(header_.Width) * plan_.BytesPerPixel};
         }
-        SampleImage samples = {
-            ByteBuffer(plan_.RowSize * static_cast<std::size_t>(header_.Height) + RowSlack), plan_.RowSize};
-        UnfilterInto({samples.Bytes.data(), static_cast<std::ptrdiff_t>(plan_.RowSize)}, false);
+        const std::size_t rowSize = UnfilteredRowSize();
+        SampleImage samples = {ByteBuffer(rowSize * static_cast<std::size_t>(header_.Height) + RowSlack),
+                               rowSize};
+        UnfilterInto({samples.Bytes.data(), static_cast<std::ptrdiff_t>(rowSize)});
         return samples;
     }
 
     void Convert(const SampleImage& samples) {
         if (plan_.IsUnconverted) return CopyUnconverted(samples.All(header_.Height));
         dib_ = NewDib();
-        const RowConverter converter(png_, plan_.IsTransparent, header_.Interlace == 1);
+        const RowConverter converter(png_, plan_.IsTransparent, plan_.SampleBits);
         for (std::int32_t y = 0; y < header_.Height; ++y) converter.Convert(samples.Row(y), dib_.Row(y));
     }
 

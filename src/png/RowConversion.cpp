@@ -5,7 +5,6 @@
 
 #include "png/ColourTables.h"
 #include "png/Deinterlace.h"
-#include "png/ScanlineLayout.h"
 
 namespace vantik {
 
@@ -53,19 +52,19 @@ std::int32_t SampleAt(const Byte* sample) noexcept {
 
 } // namespace
 
-RowConverter::RowConverter(const PngContents& png, bool isTransparent, bool isUnpacked)
+RowConverter::RowConverter(const PngContents& png, bool isTransparent, std::int32_t sampleBits)
     : png_(png),
       width_(static_cast<std::size_t>(png.Header.Width)),
-      packedBits_(isUnpacked ? 8 : std::min(BitsPerPixel(png.Header), 8)),
+      sampleBits_(sampleBits),
       convert_(Choose(isTransparent)) {
-    if (packedBits_ < 8) unpacked_.resize(width_ + 8);
+    if (sampleBits_ < 8) unpacked_.resize(width_ + 8);
     if (!isTransparent || png.Header.BitDepth > 8) return;
     if (png.Header.ColourType == ColourType::Palette) colours_ = PaletteColours(png);
     if (png.Header.ColourType == ColourType::Grey) colours_ = GreyColours(png);
 }
 
 RowConverter::Conversion RowConverter::Choose(bool isTransparent) const {
-    const bool isSixteen = png_.Header.BitDepth == 16;
+    const bool isSixteen = sampleBits_ == 16;
     switch (png_.Header.ColourType) {
     case ColourType::Rgb:
         if (isTransparent) return isSixteen ? &RowConverter::RgbWithKey<2> : &RowConverter::RgbWithKey<1>;
@@ -78,20 +77,20 @@ RowConverter::Conversion RowConverter::Choose(bool isTransparent) const {
 }
 
 RowConverter::Conversion RowConverter::ChooseForIndexes(bool isTransparent) const {
-    const bool isSixteen = png_.Header.BitDepth == 16;
+    const bool isSixteen = sampleBits_ == 16;
     if (isTransparent) return isSixteen ? &RowConverter::GreySixteenWithKey : &RowConverter::MapToColours;
     if (isSixteen) return &RowConverter::ReduceSixteen;
-    return packedBits_ == 2 ? &RowConverter::ExpandTwoBit : &RowConverter::CopyRow;
+    return sampleBits_ == 2 ? &RowConverter::ExpandTwoBit : &RowConverter::CopyRow;
 }
 
 const Byte* RowConverter::Unpack(const Byte* samples) const {
-    if (packedBits_ >= 8) return samples;
-    SplitBits(samples, unpacked_.data(), width_, packedBits_);
+    if (sampleBits_ >= 8) return samples;
+    SplitBits(samples, unpacked_.data(), width_, sampleBits_);
     return unpacked_.data();
 }
 
 void RowConverter::CopyRow(const Byte* samples, Byte* row) const {
-    std::memcpy(row, samples, (width_ * static_cast<std::size_t>(packedBits_) + 7) / 8);
+    std::memcpy(row, samples, (width_ * static_cast<std::size_t>(sampleBits_) + 7) / 8);
 }
 
 void RowConverter::ExpandTwoBit(const Byte* samples, Byte* row) const { SplitBits(samples, row, width_, 2); }

@@ -14,8 +14,9 @@ using ColourMap = std::array<std::uint32_t, 256>;
 
 class RowConverter {
 public:
-    // `isTransparent`: to 32 bits with an alpha. `isUnpacked`: samples of fewer than 8 bits have a byte each already.
-    RowConverter(const PngContents& png, bool isTransparent, bool isUnpacked);
+    // `isTransparent`: to 32 bits with an alpha. `sampleBits`: what a sample takes in the rows, which is not its depth where
+    // it was unpacked or cut already.
+    RowConverter(const PngContents& png, bool isTransparent, std::int32_t sampleBits);
 
     void Convert(const std::uint8_t* samples, std::uint8_t* row) const { (this->*convert_)(samples, row); }
 
@@ -42,7 +43,7 @@ private:
 
     const PngContents& png_;
     const std::size_t width_;
-    const std::int32_t packedBits_; // below 8 when samples still share bytes
+    const std::int32_t sampleBits_; // below 8 when samples still share bytes
     ColourMap colours_ = {};
     mutable std::vector<std::uint8_t> unpacked_;
     Conversion convert_;

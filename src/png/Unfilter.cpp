@@ -60,8 +60,8 @@ public:
         : raw_(raw),
           image_(image),
           target_(target),
-          stored_(image.RowSize + 1),
-          spareRows_(ByteBuffer::Zeroed((image.SwapsRedBlue ? 3 : 1) * SpareRowSize())) {}
+          stored_(image.RowSize * image.Before.Shrinks() + 1),
+          spareRows_(ByteBuffer::Zeroed((image.Before.IsNone() ? 1 : 3) * SpareRowSize())) {}
 
     void Run() {
         const auto rowsPerBand = static_cast<std::int64_t>(std::max<std::size_t>(1, BandSize / stored_));
@@ -97,10 +97,10 @@ private:
     }
 
     const Byte* Filtered(const Byte* scanline, std::size_t spare) {
-        if (!image_.SwapsRedBlue) return scanline + 1;
-        Byte* const swapped = spareRows_.data() + (1 + spare) * SpareRowSize();
-        SwapRedBlue(scanline + 1, swapped, image_.RowSize, image_.BytesPerPixel);
-        return swapped;
+        if (image_.Before.IsNone()) return scanline + 1;
+        Byte* const row = spareRows_.data() + (1 + spare) * SpareRowSize();
+        Rearrange(image_.Before, scanline + 1, row, image_.RowSize, image_.BytesPerPixel);
+        return row;
     }
 
     std::size_t SpareRowSize() const noexcept { return image_.RowSize + RowSlack; }
@@ -109,7 +109,7 @@ private:
     const FilteredImage& image_;
     const RowTarget target_;
     const std::size_t stored_; // size of a scanline with its filter byte
-    ByteBuffer spareRows_;     // of zeros, and two for filtered rows with their channels swapped
+    ByteBuffer spareRows_;     // of zeros, and two for rearranged filtered rows
 };
 
 } // namespace

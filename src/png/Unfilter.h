@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "png/FilteredRow.h"
 #include "png/RawScanlines.h"
 
 namespace vantik {
@@ -27,13 +28,12 @@ struct RowTarget {
 
 struct FilteredImage {
     std::int64_t Height;
-    std::size_t RowSize; // without the filter byte
+    std::size_t RowSize; // as it is unfiltered, without the filter byte
     std::size_t BytesPerPixel;
-    bool SwapsRedBlue = false; // for pixels of 3 or 4 bytes
+    Rearrangement Before; // what is done to the filtered rows
 };
 
-// All rows of an image that is not interlaced. Swapping the channels beforehand gives the same as swapping them
-// afterwards, since no filter mixes channels; so the unfiltered rows can be the rows of a bitmap.
+// All rows of an image that is not interlaced.
 void UnfilterImage(RawScanlines& raw, const FilteredImage& image, RowTarget target);
 
 } // namespace vantik

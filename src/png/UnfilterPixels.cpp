@@ -136,25 +136,6 @@ void Unfilter(FilterType filter, const Byte* filtered, const Byte* prior, Byte* 
     }
 }
 
-void SwapThrees(const Byte* from, Byte* to, std::size_t size) noexcept {
-    for (std::size_t i = 0; i < size; i += 3) {
-        std::uint32_t pixel;
-        std::memcpy(&pixel, from + i, sizeof pixel);
-        pixel = __builtin_bswap32(pixel) >> 8;
-        std::memcpy(to + i, &pixel, sizeof pixel);
-    }
-}
-
-void SwapFours(const Byte* from, Byte* to, std::size_t size) noexcept {
-    const __m128i greenAndAlpha = _mm_set1_epi32(static_cast<int>(0xFF00FF00u));
-    for (std::size_t i = 0; i < size; i += 16) {
-        const __m128i pixels = LoadBlock(from + i);
-        const __m128i redAndBlue = _mm_andnot_si128(greenAndAlpha, pixels);
-        const __m128i swapped = _mm_or_si128(_mm_slli_epi32(redAndBlue, 16), _mm_srli_epi32(redAndBlue, 16));
-        StoreBlock(to + i, _mm_or_si128(_mm_and_si128(greenAndAlpha, pixels), swapped));
-    }
-}
-
 } // namespace
 
 void UnfilterPixels(std::uint8_t filterType, const std::uint8_t* filtered, const std::uint8_t* prior,
@@ -167,11 +148,6 @@ void UnfilterPaethPair(std::array<const std::uint8_t*, 2> filtered, const std::u
                        std::array<std::uint8_t*, 2> rows, std::size_t size, std::size_t bytesPerPixel) {
     constexpr decltype(&PaethPair<1>) BySize[] = {PaethPair<1>, PaethPair<2>, PaethPair<3>, PaethPair<4>};
     BySize[bytesPerPixel - 1](filtered, prior, rows, size);
-}
-
-void SwapRedBlue(const std::uint8_t* from, std::uint8_t* to, std::size_t size, std::size_t bytesPerPixel) {
-    const auto swap = bytesPerPixel == 3 ? SwapThrees : SwapFours;
-    swap(from, to, size);
 }
 
 } // namespace vantik

@@ -20,7 +20,4 @@ void UnfilterPixels(std::uint8_t filterType, const std::uint8_t* filtered, const
 void UnfilterPaethPair(std::array<const std::uint8_t*, 2> filtered, const std::uint8_t* prior,
                        std::array<std::uint8_t*, 2> rows, std::size_t size, std::size_t bytesPerPixel);
 
-// Exchanges the first and third byte of every pixel; `to` is written up to 16 bytes behind its end.
-void SwapRedBlue(const std::uint8_t* from, std::uint8_t* to, std::size_t size, std::size_t bytesPerPixel);
-
 } // namespace vantik

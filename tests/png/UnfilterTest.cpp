@@ -112,13 +112,31 @@ TEST_CASE("the Paeth predictor prefers left, then up, then upper-left, over all 
 TEST_CASE("red and blue change places in pixels of 3 and 4 bytes") {
     Bytes swapped(12 + RowSlack);
     const Bytes pixels = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
-    SwapRedBlue(WithSlack(pixels).data(), swapped.data(), 12, 3);
+    Rearrange({.SwapsRedBlue = true}, WithSlack(pixels).data(), swapped.data(), 12, 3);
     swapped.resize(12);
     CHECK(swapped == Bytes{3, 2, 1, 6, 5, 4, 9, 8, 7, 12, 11, 10});
     swapped.resize(12 + RowSlack);
-    SwapRedBlue(WithSlack(pixels).data(), swapped.data(), 12, 4);
+    Rearrange({.SwapsRedBlue = true}, WithSlack(pixels).data(), swapped.data(), 12, 4);
     swapped.resize(12);
     CHECK(swapped == Bytes{3, 2, 1, 4, 7, 6, 5, 8, 11, 10, 9, 12});
+}
+
+TEST_CASE("low bytes are dropped, whatever else changes places") {
+    for (const std::size_t channels : {1u, 2u, 3u, 4u}) {
+        for (const std::size_t width : {1u, 2u, 3u, 5u, 16u, 33u}) {
+            const std::size_t size = channels * width;
+            const Bytes samples = RandomRow(2 * size);
+            Bytes row = WithSlack(Bytes(size, 0xCC));
+            const bool swaps = channels >= 3;
+            Rearrange({.SwapsRedBlue = swaps, .KeepsHighBytes = true}, WithSlack(samples).data(), row.data(),
+                      size, channels);
+            for (std::size_t i = 0; i < size; ++i) {
+                const std::size_t channel = i % channels;
+                const std::size_t from = swaps && channel < 3 ? i - channel + 2 - channel : i;
+                CHECK(row[i] == samples[2 * from]);
+            }
+        }
+    }
 }
 
 TEST_CASE("a row with filter type 7 decodes as if its filter type were 0") {
