@@ -161,8 +161,22 @@ void AppendPixel(Bytes& samples, const std::array<std::uint8_t, 4>& pixel, int c
     }
 }
 
-Bytes Write(PictureSize size, int colourType, const Painter::PixelAt& pixelAt) {
+// Samples of 16 bits, the high byte first: a level between two of 8 bits, as smooth slopes have them.
+Bytes Deepened(const Bytes& samples) {
+    Bytes deep;
+    unsigned position = 0;
+    for (const std::uint8_t sample : samples) {
+        position = position * 1103515245 + 12345;
+        const bool isLimit = sample == 0 || sample == 255;
+        deep.push_back(sample);
+        deep.push_back(isLimit ? sample : static_cast<std::uint8_t>(position >> 16));
+    }
+    return deep;
+}
+
+Bytes Write(PictureSize size, int colourType, const Painter::PixelAt& pixelAt, int bitDepth = 8) {
     SourcePicture picture;
+    picture.BitDepth = bitDepth;
     picture.Width = size.Width;
     picture.Height = size.Height;
     picture.ColourType = colourType;
@@ -173,6 +187,7 @@ Bytes Write(PictureSize size, int colourType, const Painter::PixelAt& pixelAt) {
         for (std::uint32_t x = 0; x < size.Width; ++x)
             AppendPixel(picture.Samples, pixelAt(x, y), colourType);
     }
+    if (bitDepth == 16) picture.Samples = Deepened(picture.Samples);
     return WriteWithLibPng(picture);
 }
 
@@ -207,6 +222,19 @@ PictureSet GeneratedLargePictures() {
     return set;
 }
 
+PictureSet GeneratedDeepPictures() {
+    PictureSet set = {"16 bits a sample, generated", {}};
+    Painter painter(3);
+    for (const std::uint32_t extent : {16u, 32u, 64u, 256u, 600u}) {
+        for (const int type : {PNG_COLOR_TYPE_RGB_ALPHA, PNG_COLOR_TYPE_RGB, PNG_COLOR_TYPE_GRAY}) {
+            set.Files.push_back(Write({extent, extent}, type, painter.Icon(extent), 16));
+            set.Files.push_back(Write({extent, extent}, type, painter.Flat(extent), 16));
+            set.Files.push_back(Write({extent, extent}, type, painter.Photo(0.7), 16));
+        }
+    }
+    return set;
+}
+
 Bytes ReadFile(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -233,6 +261,8 @@ std::vector<PictureSet> SetsFromFolder(const std::string& folder) {
     return sets;
 }
 
-std::vector<PictureSet> GeneratedSets() { return {GeneratedIcons(), GeneratedLargePictures()}; }
+std::vector<PictureSet> GeneratedSets() {
+    return {GeneratedIcons(), GeneratedLargePictures(), GeneratedDeepPictures()};
+}
 
 } // namespace vantik::bench

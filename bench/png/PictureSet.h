@@ -17,7 +17,7 @@ struct PictureSet {
 std::vector<PictureSet> SetsFromFolder(const std::string& folder);
 
 // Made by the program: icons of 16 to 64 pixels and large pictures of 0.1 to 4 megapixels, photo-like and flat, RGBA,
-// RGB, palette and grey.
+// RGB, palette and grey; and pictures of 16 bits a sample.
 std::vector<PictureSet> GeneratedSets();
 
 } // namespace vantik::bench
