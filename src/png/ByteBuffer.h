@@ -24,6 +24,7 @@ public:
     std::uint8_t* data() noexcept { return bytes_.get(); }
     const std::uint8_t* data() const noexcept { return bytes_.get(); }
     std::size_t size() const noexcept { return size_; }
+    std::size_t capacity() const noexcept { return size_; }
     bool empty() const noexcept { return size_ == 0; }
 
     std::span<std::uint8_t> All() noexcept { return {data(), size_}; }

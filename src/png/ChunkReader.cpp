@@ -23,7 +23,7 @@ bool ChunkReader::ReadSignature() {
 void ChunkReader::Resize(std::size_t length, std::int64_t otherMemory) {
     if (length > data_.capacity()) {
         NeedMemory(otherMemory + static_cast<std::int64_t>(length));
-        data_ = {};
+        Free(data_);
     }
     data_.resize(length);
 }

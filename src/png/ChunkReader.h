@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "png/ByteSource.h"
@@ -12,6 +13,11 @@ namespace vantik {
 class ChunkReader {
 public:
     explicit ChunkReader(ByteSource& source) : source_(source) {}
+    // With the memory of an earlier one.
+    ChunkReader(ByteSource& source, std::vector<std::uint8_t> memory)
+        : source_(source), data_(std::move(memory)) {
+        data_.clear();
+    }
 
     bool ReadSignature();
 
@@ -23,6 +29,7 @@ public:
     std::uint32_t Name() const noexcept { return name_; }
     ByteView Data() const noexcept { return data_; }
     const std::vector<std::uint8_t>& Buffer() const noexcept { return data_; }
+    std::vector<std::uint8_t> TakeMemory() noexcept { return std::move(data_); }
 
 private:
     void Resize(std::size_t length, std::int64_t otherMemory);

@@ -4,6 +4,8 @@
 #include <bit>
 #include <utility>
 
+#include "png/MemoryLimit.h"
+
 namespace vantik {
 
 namespace {
@@ -38,11 +40,17 @@ void HuffmanTable::Erase() noexcept {
     usedCount_ = longest_ = 0;
 }
 
-// All lengths in turn, without leaving early: where the code is found is hard to predict too.
-HuffmanTable::Entry HuffmanTable::Find(std::uint64_t bits) const noexcept {
+void HuffmanTable::GiveBackLarge() noexcept {
+    if (entries_.size() * sizeof(Entry) <= KeptMemory) return;
+    Free(entries_);
+    usedCount_ = longest_ = 0;
+}
+
+// One length after the other, without leaving early: where the code is found is hard to predict too.
+HuffmanTable::Entry HuffmanTable::FindLonger(std::uint64_t bits, unsigned length) const noexcept {
     const auto low = static_cast<std::uint32_t>(bits);
     Entry found = 0;
-    for (unsigned length = 1; length <= longest_; ++length) {
+    while (++length <= longest_) {
         const Entry entry = entries_[low & MaskOf(length)];
         found = static_cast<std::uint8_t>(entry) == length ? entry : found;
     }

@@ -28,8 +28,12 @@ public:
     // codes than there are; a code with gaps is accepted.
     bool BuildTable(std::span<const std::uint8_t> lengths, std::span<const Entry> meanings);
 
-    // The entry of the code that the bits begin with, 0 when no length matches.
-    Entry Find(std::uint64_t bits) const noexcept;
+    // Frees what few pictures need.
+    void GiveBackLarge() noexcept;
+
+    // The entry of the code that the bits begin with, 0 when no length matches; all lengths, or those above one.
+    Entry Find(std::uint64_t bits) const noexcept { return FindLonger(bits, shortest_ - 1); }
+    Entry FindLonger(std::uint64_t bits, unsigned length) const noexcept;
 
     // The first candidate for the code that these bits begin with, their first one highest: the only one unless it is the
     // longest that so many comparisons can tell.
@@ -45,7 +49,7 @@ public:
 
     // The probe of a candidate; the entry found is the code's if it has that length.
     Entry Probe(std::uint64_t bits, unsigned length) const noexcept {
-        return entries_.data()[static_cast<std::uint32_t>(bits) & MaskOf(length)];
+        return entries_.data()[static_cast<std::size_t>(bits) & ((std::size_t{1} << length) - 1)];
     }
 
     // Numbers of comparisons that a table chooses from. More take longer, but so does a code whose length they cannot tell.

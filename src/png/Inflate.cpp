@@ -7,6 +7,7 @@
 #include "base/Checked.h"
 #include "png/DeflateCodes.h"
 #include "png/MatchCopy.h"
+#include "png/MemoryLimit.h"
 
 namespace vantik {
 
@@ -26,8 +27,7 @@ void Inflater::Begin(ByteView input, std::int32_t& expectedSize, bool deflate64)
     expectedSize = Checked(expectedSize) + AllowedExcess;
     if (expectedSize < 0) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
     limit_ = static_cast<std::size_t>(expectedSize);
-    output_ = {}; // before the new one is there, if an error left it
-    output_ = ByteBuffer(limit_ + 1 + Slack);
+    NeedOutput(limit_ + 1 + Slack);
     position_ = 0;
     bits_ = BitReader(input);
     mirror_.Forget();
@@ -45,8 +45,18 @@ void Inflater::ContinueTo(std::size_t produced) {
     }
 }
 
+// A buffer that is too small, or that an error left, goes before the new one comes.
+void Inflater::NeedOutput(std::size_t size) {
+    GiveBackLarge(output_);
+    if (size <= output_.size()) return;
+    Free(output_);
+    output_ = ByteBuffer(size);
+}
+
 void Inflater::End() noexcept {
-    output_ = {};
+    GiveBackLarge(output_);
+    dynamic_.Literals.GiveBackLarge();
+    dynamic_.Distances.GiveBackLarge();
     position_ = 0;
     phase_ = Phase::Ended;
 }
@@ -181,7 +191,7 @@ inline HuffmanTable::Entry Decode(const HuffmanTable& table, BitReader::Register
     unsigned length = table.CandidateLength<Comparisons>(bits.Mirrored);
     HuffmanTable::Entry entry = table.Probe(bits.Bits, length);
     if (!HasCodeLength(entry, length)) [[unlikely]] {
-        entry = table.Find(bits.Bits);
+        entry = table.FindLonger(bits.Bits, length);
         length = meaning::CodeLength(entry);
     }
     bits.Drop(length);

@@ -38,7 +38,7 @@ public:
     bool HasEnded() const noexcept { return phase_ == Phase::Ended; }
     ByteView Output() const noexcept { return {output_.data(), position_}; }
     std::int32_t Result() const noexcept { return result_; }
-    // Frees the output and the tables; those of fixed blocks stay for later streams.
+    // Forgets the output. Memory stays for later streams as far as an icon needs it, and so do the tables of fixed blocks.
     void End() noexcept;
 
 private:
@@ -48,6 +48,7 @@ private:
         HuffmanTable Distances;
     };
 
+    void NeedOutput(std::size_t size);
     void Step(std::size_t produced);
     void ReadBlockHeader();
     void CopyStoredBlock();

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 #include "base/RunTimeError.h"
 
@@ -28,6 +29,28 @@ std::int64_t GrowthOf(const Container& container, std::int64_t added) noexcept {
     const std::int64_t size = static_cast<std::int64_t>(container.size()) + added;
     const auto capacity = static_cast<std::int64_t>(container.capacity());
     return size <= capacity ? 0 : ElementSize<Container> * std::max(2 * capacity, size);
+}
+
+// What a decoder keeps of a buffer for the next picture.
+inline constexpr std::size_t KeptMemory = 20 * 1024;
+
+// An empty one assigned may leave a buffer its memory.
+template <class Buffer>
+void Free(Buffer& buffer) noexcept {
+    Buffer none;
+    std::swap(buffer, none);
+}
+
+template <class Buffer>
+void GiveBackLarge(Buffer& buffer) noexcept {
+    if (buffer.capacity() > KeptMemory) Free(buffer);
+}
+
+template <class Container>
+Container Emptied(Container container) noexcept {
+    GiveBackLarge(container);
+    container.clear();
+    return container;
 }
 
 } // namespace vantik

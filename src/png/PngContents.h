@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "png/MemoryLimit.h"
@@ -22,6 +23,15 @@ struct PngContents {
     std::u16string CompressedText;
     std::u16string ModificationTime;
     std::int32_t Gamma = 0; // times 100000
+
+    // As new, but with the memory of small buffers.
+    void Clear() noexcept {
+        PngContents cleared;
+        cleared.ImageData = Emptied(std::move(ImageData));
+        cleared.Palette = Emptied(std::move(Palette));
+        cleared.Transparency = Emptied(std::move(Transparency));
+        std::swap(*this, cleared);
+    }
 
     std::int64_t Memory() const noexcept {
         return HeldBytes(ImageData) + HeldBytes(Palette) + HeldBytes(Transparency) + HeldBytes(Text) +

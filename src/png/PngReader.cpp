@@ -29,6 +29,12 @@ bool PngReader::Fail(std::int32_t errorNumber) noexcept {
     return false;
 }
 
+void PngReader::Reset() noexcept {
+    png_.Clear();
+    errorNumber_ = 0;
+    hasAlpha_ = false;
+}
+
 bool PngReader::Read(ByteSource& source) {
     png_.HasBackground = false;
     png_.HasTransparency = false;
@@ -37,12 +43,13 @@ bool PngReader::Read(ByteSource& source) {
 }
 
 bool PngReader::ReadChunks(ByteSource& source) {
-    ChunkReader chunks(source);
+    ChunkReader chunks(source, std::move(chunkMemory_));
     if (!chunks.ReadSignature()) return Fail(NoPngSignature);
     do {
         if (!chunks.Next(png_.Memory())) return Fail(ChunkBeyondEnd);
         TakeChunk(chunks);
     } while (chunks.Name() != ChunkName("IEND"));
+    chunkMemory_ = Emptied(chunks.TakeMemory());
     return png_.ImageData.empty() ? Fail(NoImageData) : true;
 }
 

@@ -26,6 +26,9 @@ public:
     // compressed text, OutOfMemory for what does not fit the memory.
     bool Read(ByteSource& source);
 
+    // Makes it a new reader, but one that has its memory already: what an icon needs stays.
+    void Reset() noexcept;
+
     // Decodes what Read found.
     DibImage Decode(const ConversionSettings& settings);
 
@@ -43,6 +46,7 @@ private:
     std::int32_t errorNumber_ = 0;
     bool hasAlpha_ = false;
     Inflater inflater_;
+    std::vector<std::uint8_t> chunkMemory_; // for the next file's chunks
 };
 
 } // namespace vantik

@@ -276,6 +276,56 @@ TEST_CASE("whether there is an alpha channel is known when a picture was convert
     CHECK(!reader.HasAlpha());
 }
 
+TEST_CASE("after a reset a reader is as new") {
+    PngReader reader;
+    const auto read = [&](const Bytes& png) {
+        MemorySource source(png);
+        return reader.Read(source);
+    };
+    CHECK_FALSE(read(PngBytes().Header({}).End()));
+    CHECK(read(PngBytes()
+                   .Header({.ColourType = 6})
+                   .Chunk("PLTE", {1, 2, 3})
+                   .Chunk("tEXt", TextChunk())
+                   .Chunk("zTXt", {'k', 0, 0, 0x78, 0x9C, 0x4B, 0x4C, 0x4A, 6, 1})
+                   .Chunk("tIME", {7, 217, 3, 7, 14, 5, 9})
+                   .Chunk("gAMA", BigEndian32(45455))
+                   .Chunk("bKGD", {0, 1, 0, 2, 0, 3})
+                   .Chunk("tRNS", {1})
+                   .StoredImage({0, 1, 2, 3, 4})
+                   .End()));
+    CHECK(reader.Decode(Everything));
+    reader.Reset();
+    CHECK(reader.ErrorNumber() == 0);
+    CHECK_FALSE(reader.HasAlpha());
+    const PngContents& contents = reader.Contents();
+    CHECK(contents.Header.Width == 0);
+    CHECK(contents.ImageData.empty());
+    CHECK(contents.Palette.empty());
+    CHECK(contents.Transparency.empty());
+    CHECK_FALSE(contents.HasTransparency);
+    CHECK_FALSE(contents.HasBackground);
+    CHECK(contents.BackgroundColour == 0);
+    CHECK(contents.Text.empty());
+    CHECK(contents.CompressedText.empty());
+    CHECK(contents.ModificationTime.empty());
+    CHECK(contents.Gamma == 0);
+    CHECK(read(PlainPicture()));
+    CHECK(ToRgba(reader.Decode(Everything)) == OnePixelRgba);
+}
+
+TEST_CASE("an empty chunk finds nothing of the file before in a reader's memory") {
+    const Bytes sound = PlainPicture();
+    const Bytes emptyFirst = PngBytes().FalseChunk("IHDR", 0, {}).End();
+    PngReader reader;
+    for (int round = 0; round < 2; ++round) {
+        MemorySource picture(sound);
+        CHECK(reader.Read(picture));
+        MemorySource source(emptyFirst);
+        CHECK(NumberRaisedBy([&] { reader.Read(source); }) == 9); // no 13 bytes
+    }
+}
+
 TEST_CASE("image data of an earlier open is not used again") {
     PngReader reader;
     const PngBytes plain = PlainPicture();

@@ -132,6 +132,23 @@ TEST_CASE("whichever allocation fails, error 7 comes back and nothing leaks") {
     }
 }
 
+TEST_CASE("a reader keeps little memory for the next picture, however large the last one was") {
+    constexpr std::size_t Kept = 256 * 1024;
+    const std::size_t before = allocations::LiveBytes();
+    PngReader reader;
+    const auto read = [&](const Bytes& png) {
+        MemorySource source(png);
+        CHECK(reader.Read(source));
+    };
+    const HeaderFields fields = {.Width = 4000, .Height = 1000, .ColourType = 6};
+    read(PngBytes().Header(fields).Chunk("tEXt", Bytes(1 << 20, 'x')).StoredImage(Bytes(16'001'000)).End());
+    CHECK(reader.Decode(Nothing));
+    read(HostilePicture(fields));
+    CHECK(reader.Decode(Nothing));
+    reader.Reset();
+    CHECK(allocations::LiveBytes() - before < Kept);
+}
+
 TEST_CASE("a reader that ran out of memory reads the same picture well afterwards") {
     for (const Bytes& png : TenPictures()) {
         const Bytes expected = ToRgba(DecodePng(png, Everything));
