@@ -232,9 +232,12 @@ HuffmanTable::Entry Inflater::DecodeEntry(const HuffmanTable& table) {
 
 template <std::size_t... Choices>
 void Inflater::ChooseDecodeFast(std::size_t produced, std::index_sequence<Choices...>) {
-    static constexpr void (Inflater::*Variants[])(std::size_t) = {
-        &Inflater::DecodeFast<HuffmanTable::Comparisons[Choices]>...};
-    (this->*Variants[tables_->Literals.ChosenComparisons()])(produced);
+    using Variant = void (Inflater::*)(std::size_t);
+    static constexpr Variant Anywhere[] = {&Inflater::DecodeAnywhere<HuffmanTable::Comparisons[Choices]>...};
+    static constexpr Variant WithFreeShifts[] = {
+        &Inflater::DecodeWithFreeShifts<HuffmanTable::Comparisons[Choices]>...};
+    const Variant* const variants = usesFreeShifts_ ? WithFreeShifts : Anywhere;
+    (this->*variants[tables_->Literals.ChosenComparisons()])(produced);
 }
 
 void Inflater::DecodeSymbols(std::size_t produced) {
@@ -346,6 +349,16 @@ void Inflater::DecodeFast(std::size_t produced) {
     }
     leave();
     if (position_ > limit_ + 1) CutAtLimit();
+}
+
+template <unsigned Comparisons>
+void Inflater::DecodeAnywhere(std::size_t produced) {
+    DecodeFast<Comparisons>(produced);
+}
+
+template <unsigned Comparisons>
+void Inflater::DecodeWithFreeShifts(std::size_t produced) {
+    DecodeFast<Comparisons>(produced);
 }
 
 } // namespace vantik

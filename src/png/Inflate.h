@@ -10,6 +10,7 @@
 #include "png/ByteBuffer.h"
 #include "png/HuffmanTable.h"
 #include "png/PngFormat.h"
+#include "png/Processor.h"
 
 namespace vantik {
 
@@ -26,6 +27,9 @@ inline constexpr std::int32_t RepeatTooLong = -6;
 // behind the limit of the output, and a reference to what lies before its start.
 class Inflater {
 public:
+    // Without free shifts it works as on machines that have none.
+    explicit Inflater(bool usesFreeShifts = HasFreeShifts()) noexcept : usesFreeShifts_(usesFreeShifts) {}
+
     // Replaces the compressed data by what it decodes to. 100 is added to the caller's expected size, the sum is the
     // limit of the output: what goes beyond it by copying is cut off there.
     void Inflate(std::vector<std::uint8_t>& data, std::int32_t& expectedSize, bool deflate64,
@@ -62,7 +66,11 @@ private:
     template <std::size_t... Choices>
     void ChooseDecodeFast(std::size_t produced, std::index_sequence<Choices...>);
     template <unsigned Comparisons>
-    void DecodeFast(std::size_t produced);
+    [[gnu::always_inline]] inline void DecodeFast(std::size_t produced);
+    template <unsigned Comparisons>
+    void DecodeAnywhere(std::size_t produced);
+    template <unsigned Comparisons>
+    VANTIK_WITH_FREE_SHIFTS void DecodeWithFreeShifts(std::size_t produced);
     void DecodeCarefully(std::size_t produced);
     void DecodeOneCarefully();
     HuffmanTable::Entry DecodeEntry(const HuffmanTable& table);
@@ -71,6 +79,7 @@ private:
     void StoreLiteral(std::uint8_t literal);
     void CutAtLimit() noexcept;
 
+    bool usesFreeShifts_;
     BitReader bits_;
     MirroredInput mirror_;
     ByteBuffer output_;

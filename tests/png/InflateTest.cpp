@@ -1,5 +1,6 @@
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <numeric>
 
 #include "png/BitReader.h"
@@ -294,6 +295,89 @@ TEST_CASE("a code with gaps is accepted, and a gap in it that the stream uses en
     CheckEnd(withCodes(0, 1), 0, {0});
     CheckEnd(withCodes(0, 2), -1, {0});
     CheckEnd(withCodes(3, 1), -1, {});
+}
+
+namespace {
+
+// Codes of every length: k ones and a zero, and one of nothing but ones.
+BitWriter& Staircase(BitWriter& bits, unsigned symbol) {
+    const unsigned length = std::min(symbol + 1, 15u);
+    return bits.Code((1u << length) - (symbol < 15 ? 2 : 1), length);
+}
+
+// A block whose literals a to n have codes of 1 to 14 bits and whose end and shortest copy have the two of 15; so have the
+// distances.
+void StaircaseHeader(BitWriter& bits) {
+    const auto length = [&](unsigned number) { bits.Code(number - 1, 4); };
+    const auto zeros = [&](unsigned count) { bits.Code(15, 4).Number(count - 11, 7); };
+    bits.Block(true, 2).Number(1, 5).Number(15, 5).Number(15, 4);
+    for (unsigned i = 0; i < 19; ++i)
+        bits.Number(i == 0 || i == 1 || i == 3 ? 0 : 4, 3); // all but 16, 17 and 0
+    zeros('a');
+    for (unsigned i = 1; i <= 14; ++i) length(i);
+    zeros(134);
+    zeros(11);
+    length(15);
+    length(15);
+    for (unsigned i = 1; i <= 16; ++i) length(std::min(i, 15u));
+}
+
+constexpr unsigned FirstDistances[] = {1, 2, 3, 4, 5, 7, 9, 13, 17, 25, 33, 49, 65, 97, 129, 193};
+
+// Literals, then a copy from every distance, again and again.
+Bytes StaircaseBody(BitWriter& bits) {
+    Bytes expected;
+    for (unsigned round = 0; round < 20; ++round) {
+        for (unsigned i = 0; i < 200; ++i) {
+            Staircase(bits, i % 14);
+            expected.push_back(static_cast<std::uint8_t>('a' + i % 14));
+        }
+        for (unsigned symbol = 0; symbol < 16; ++symbol) {
+            Staircase(Staircase(bits, 15), symbol).Number(0, symbol < 4 ? 0 : symbol / 2 - 1);
+            for (int i = 0; i < 3; ++i)
+                expected.push_back(expected[expected.size() - FirstDistances[symbol]]);
+        }
+    }
+    Staircase(bits, 14); // the end
+    return expected;
+}
+
+} // namespace
+
+TEST_CASE("codes of every length are found, near the end of the input and far from it") {
+    for (const unsigned padding : {0u, 40u}) {
+        BitWriter bits;
+        StaircaseHeader(bits);
+        const Bytes expected = StaircaseBody(bits);
+        for (unsigned i = 0; i < padding; ++i) bits.Byte(0xFF);
+        for (const bool usesFreeShifts : {false, HasFreeShifts()}) {
+            Bytes data = bits.Bytes();
+            auto size = static_cast<std::int32_t>(expected.size());
+            std::int32_t result = 1;
+            Inflater(usesFreeShifts).Inflate(data, size, false, result);
+            CHECK(result == 0);
+            CHECK(data == expected);
+        }
+    }
+}
+
+TEST_CASE("mirrored input has the bits of every byte in reverse, wherever it is held from") {
+    const Bytes input = Counting(5000);
+    MirroredInput mirror;
+    const std::uint8_t* const end = input.data() + input.size();
+    for (const std::size_t at : {0u, 1u, 100u, 2040u, 2041u, 4900u, 4999u, 3u}) {
+        const std::uint8_t* const next = input.data() + at;
+        mirror.Hold(next, end, 16);
+        REQUIRE(mirror.End() >= std::min(next + 16, end));
+        REQUIRE(mirror.End() <= end);
+        for (const std::uint8_t* byte = next; byte < mirror.End(); ++byte) {
+            unsigned reversed = 0;
+            for (unsigned bit = 0; bit < 8; ++bit) reversed |= (*byte >> bit & 1u) << (7 - bit);
+            CHECK(mirror.At(byte)[0] == reversed);
+        }
+    }
+    CHECK(MirrorBits(1) == std::uint64_t{1} << 63);
+    CHECK(MirrorBits(0x0203) == std::uint64_t{0xC04} << 52);
 }
 
 TEST_CASE("a Deflate64 stream gives length 258 its own 16 bits") {

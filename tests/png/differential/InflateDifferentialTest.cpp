@@ -97,9 +97,9 @@ bool InflatesTo(const Bytes& stream, const Bytes& data) {
     return result == 0 && output == data;
 }
 
-// In steps, as rows are decoded.
+// In steps, as rows are decoded, and as machines without free shifts do it.
 bool InflatesInStepsTo(const Bytes& stream, const Bytes& data, std::size_t step) {
-    Inflater inflater;
+    Inflater inflater(false);
     std::int32_t size = static_cast<std::int32_t>(data.size());
     inflater.Begin(stream, size);
     for (std::size_t wanted = 0; !inflater.HasEnded(); wanted += step) {
