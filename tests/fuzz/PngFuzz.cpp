@@ -1,5 +1,6 @@
 // Whole PNG files: nothing but run-time errors may come out of them, and the same picture each time.
 #include <cstdlib>
+#include <vector>
 
 #include "base/RunTimeError.h"
 #include "png/Composite.h"
@@ -33,6 +34,26 @@ void DecodeAndMix(PngReader& reader, const ConversionSettings& settings, std::ui
 } catch (const RunTimeError&) {
 }
 
+// The rows of the bitmap, the error number where there is no picture.
+std::vector<std::uint8_t> RowsOf(PngReader& reader, ByteView data) try {
+    MemorySource source(data);
+    if (!reader.Read(source) || !IsSmall(reader.Contents().Header)) return {};
+    const DibImage image = reader.Decode({.AppliesTransparency = true, .AppliesAlpha = true});
+    if (!image) return {};
+    const auto size = image.Stride() * static_cast<std::size_t>(image.Height);
+    return {image.Pixels.data(), image.Pixels.data() + size};
+} catch (const RunTimeError& error) {
+    return {static_cast<std::uint8_t>(error.Number())};
+}
+
+// A reader that was used and reset is as a new one.
+void ReadAfterReset(ByteView data) {
+    PngReader reader;
+    const auto first = RowsOf(reader, data);
+    reader.Reset();
+    if (RowsOf(reader, data) != first) std::abort();
+}
+
 void ReadSize(ByteView data) try {
     PngSize size;
     ReadPngMemorySize(data, size);
@@ -56,5 +77,6 @@ void Read(ByteView data) try {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     vantik::ReadSize({data, size});
     vantik::Read({data, size});
+    vantik::ReadAfterReset({data, size});
     return 0;
 }
