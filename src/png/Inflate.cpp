@@ -234,9 +234,12 @@ template <std::size_t... Choices>
 void Inflater::ChooseDecodeFast(std::size_t produced, std::index_sequence<Choices...>) {
     using Variant = void (Inflater::*)(std::size_t);
     static constexpr Variant Anywhere[] = {&Inflater::DecodeAnywhere<HuffmanTable::Comparisons[Choices]>...};
-    static constexpr Variant WithFreeShifts[] = {
-        &Inflater::DecodeWithFreeShifts<HuffmanTable::Comparisons[Choices]>...};
-    const Variant* const variants = usesFreeShifts_ ? WithFreeShifts : Anywhere;
+    const Variant* variants = Anywhere;
+    if constexpr (MayHaveFreeShifts) {
+        static constexpr Variant WithFreeShifts[] = {
+            &Inflater::DecodeWithFreeShifts<HuffmanTable::Comparisons[Choices]>...};
+        if (usesFreeShifts_) variants = WithFreeShifts;
+    }
     (this->*variants[tables_->Literals.ChosenComparisons()])(produced);
 }
 

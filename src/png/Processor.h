@@ -3,9 +3,11 @@
 
 namespace vantik {
 
-// Shifts by any register's number, which leave the flags alone (BMI2): a bit reader's whole work.
+// Shifts by any register's number, which leave the flags alone (BMI2): a bit reader's whole work. Where a word of bits takes
+// two registers they do not help.
 #define VANTIK_WITH_FREE_SHIFTS [[gnu::target("bmi2")]]
+inline constexpr bool MayHaveFreeShifts = sizeof(void*) == 8;
 
-inline bool HasFreeShifts() noexcept { return __builtin_cpu_supports("bmi2") != 0; }
+bool HasFreeShifts() noexcept;
 
 } // namespace vantik
