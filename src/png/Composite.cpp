@@ -1,7 +1,6 @@
 #include "png/Composite.h"
 
 #include <cstring>
-#include <utility>
 
 #include "gfx/cHSV.h"
 #include "png/OutOfMemory.h"
@@ -59,8 +58,8 @@ private:
     std::uint32_t converted_ = 0;
 };
 
-void RecolourRow(std::uint8_t* row, std::int32_t width, Recolouring& recolouring) {
-    for (std::int32_t x = 0; x < width; ++x) recolouring.Apply(row + 4 * x);
+void RecolourRow(std::span<std::uint8_t> row, Recolouring& recolouring) {
+    for (std::size_t at = 0; at < row.size(); at += 4) recolouring.Apply(&row[at]);
 }
 
 void MixRow(const std::uint8_t* pixel, std::uint8_t* background, std::int32_t width,
@@ -76,7 +75,7 @@ void MixRow(const std::uint8_t* pixel, std::uint8_t* background, std::int32_t wi
 
 } // namespace
 
-void Composite(DibImage& image, std::uint8_t style, BackgroundSource* background) {
+DibImage Composite(const DibImage& image, std::uint8_t style, BackgroundSource* background) {
     DibImage mixed;
     mixed.Width = image.Width;
     mixed.Height = image.Height;
@@ -84,14 +83,21 @@ void Composite(DibImage& image, std::uint8_t style, BackgroundSource* background
     mixed.IsTopDown = false;
     mixed.Pixels = WithOutOfMemory(
         [&] { return ByteBuffer::Zeroed(mixed.Stride() * static_cast<std::size_t>(image.Height)); });
+    ByteBuffer recoloured; // a row of the picture, which itself stays as it is
+    if (style >= FirstHsvStyle) recoloured = WithOutOfMemory([&] { return ByteBuffer(image.Stride()); });
     if (background) background->ReadRows(image.Width, image.Height, mixed.Pixels.All());
 
     Recolouring recolouring(style);
     for (std::int32_t y = 0; y < image.Height; ++y) {
-        if (style >= FirstHsvStyle) RecolourRow(image.Row(y), image.Width, recolouring);
-        MixRow(image.Row(y), mixed.Row(y), image.Width, OffsetsOf(style));
+        const std::uint8_t* row = image.Row(y);
+        if (!recoloured.empty()) {
+            std::memcpy(recoloured.data(), row, recoloured.size());
+            RecolourRow(recoloured.All(), recolouring);
+            row = recoloured.data();
+        }
+        MixRow(row, mixed.Row(y), image.Width, OffsetsOf(style));
     }
-    image = std::move(mixed);
+    return mixed;
 }
 
 } // namespace vantik

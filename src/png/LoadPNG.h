@@ -11,6 +11,7 @@
 #include "gfx/Handles.h"
 #include "model/Enumerations.h"
 #include "png/ByteSource.h"
+#include "png/PicturePainting.h"
 #include "png/PngReader.h"
 
 namespace vantik {
@@ -18,7 +19,7 @@ namespace vantik {
 class LoadPNG {
 public:
     // 0 to 3 select channels, 4 and above recolour transparent pictures.
-    void Style(std::uint8_t style) noexcept { style_ = style; }
+    void Style(std::uint8_t style) noexcept { place_.Style = style; }
     // A turn that some callers ask for; drawing takes no notice of it.
     void Direct(std::int16_t direct) noexcept { direct_ = direct; }
 
@@ -53,13 +54,16 @@ public:
     // Neither the switch nor the colour affects drawing.
     void SetOwnBkgndColor(Boolean OwnBkgndOn, std::int32_t BackColor = 0) noexcept;
 
-    void PicBox(HDC NewPicBox) noexcept { picBox_ = NewPicBox; } // receives the picture
+    void PicBox(HDC NewPicBox) noexcept { place_.PicBox = NewPicBox; } // receives the picture
     void SetToBkgrnd(Boolean SetToBG, std::int32_t X = 0, std::int32_t Y = 0) noexcept;
 
     // lData is the address of the first of xLong bytes.
     std::int32_t OpenPNGfromRes(std::uintptr_t lData, std::int32_t xLong); // always 0
 
     void SetDstXY(std::int32_t X, std::int32_t Y) noexcept;
+
+    // What an open of the file would draw, drawn by nobody; without a picture when it is none.
+    DibImage DecodeFile(const std::u16string& filename);
 
     // The bitmap that was drawn last; empty when nothing was, and when it was taken already.
     OwnedBitmap TakeBitmap() noexcept { return std::move(bitmap_); }
@@ -69,25 +73,20 @@ private:
     const ImageHeader& Header() const noexcept { return Contents().Header; }
     static Boolean ToBoolean(bool value) noexcept { return value ? True : False; }
 
-    void Open(ByteSource& source);
-    void DecodeImage();
-    void Draw(const DibImage& image) noexcept;
-    void BlitToPicBox() const noexcept;
+    DibImage Decode(ByteSource& source);
+    void Paint(DibImage image);
 
     PngReader reader_;
     Boolean appliesAlpha_ = False;
     Boolean appliesTransparency_ = False;
+    PicturePlace place_;
     std::int32_t backgroundX_ = 0;
     std::int32_t backgroundY_ = 0;
-    HBITMAP backgroundBitmap_ = nullptr;
     HDC backgroundDC_ = nullptr;
+    HBITMAP backgroundBitmap_ = nullptr;
     Boolean ownBackgroundOn_ = False;
     std::int32_t ownBackgroundColour_ = 0;
-    HDC picBox_ = nullptr;
     Boolean usesBackground_ = False;
-    std::int32_t destinationX_ = 0;
-    std::int32_t destinationY_ = 0;
-    std::uint8_t style_ = 0;
     std::int16_t direct_ = 0;
     OwnedBitmap bitmap_;
 };

@@ -20,7 +20,7 @@ bool IsSmall(const ImageHeader& header) {
 
 void DecodeAndMix(PngReader& reader, const ConversionSettings& settings, std::uint8_t style) try {
     DibImage image = reader.Decode(settings);
-    if (image.IsTransparent) Composite(image, style, nullptr);
+    if (image.IsTransparent) image = Composite(image, style, nullptr);
     // Touch what a bitmap would be built from.
     unsigned sum = 0;
     if (image) {

@@ -98,7 +98,7 @@ Bgr PlainPixel(const Bgr& colour, int alpha, const Bgr& background, int style) {
 Bgr Mixed(const Bgr& colour, int alpha, std::uint8_t style, BackgroundSource* background) {
     DibImage image = NewTransparentImage(1, 1);
     SetPixel(image, 0, 0, colour, alpha);
-    Composite(image, style, background);
+    image = Composite(image, style, background);
     CHECK(image.BitCount == 24);
     CHECK(!image.IsTopDown);
     CHECK(!image.IsTransparent);
@@ -117,7 +117,7 @@ TEST_CASE("all styles mix every pair of alpha and source as the plain formulas d
             for (int source = 0; source < 256; ++source)
                 SetPixel(image, source, alpha, colourAt(source), alpha);
         }
-        Composite(image, style, &background);
+        image = Composite(image, style, &background);
         int wrong = 0;
         for (int y = 0; y < 256; ++y) {
             for (int x = 0; x < 256; ++x) {
@@ -145,7 +145,7 @@ TEST_CASE("the one formula gives the source at alpha 255 and the background at 0
 TEST_CASE("a fully transparent pixel shows the background pixel exactly") {
     KnownBackground background;
     DibImage image = NewTransparentImage(5, 3);
-    Composite(image, 3, &background);
+    image = Composite(image, 3, &background);
     for (int y = 0; y < 3; ++y) {
         for (int x = 0; x < 5; ++x) CHECK(PixelAt(image, x, y) == KnownBackground::At(x, y));
     }
@@ -172,7 +172,7 @@ TEST_CASE("black is recoloured like any other colour, at the very first pixel to
     SetPixel(image, 0, 0, {0, 0, 0}, 255);
     SetPixel(image, 1, 0, {255, 255, 255}, 255);
     SetPixel(image, 2, 0, {0, 0, 0}, 255);
-    Composite(image, 4, nullptr);
+    image = Composite(image, 4, nullptr);
     for (int x = 0; x < 3; ++x) CHECK(PixelAt(image, x, 0) == Bgr{204, 204, 204});
 }
 
@@ -186,7 +186,7 @@ TEST_CASE("a picture with alpha comes upright") {
     DibImage image = DecodePng(
         PictureWith({.Width = 1, .Height = 2, .ColourType = 6}, {0, 10, 20, 30, 255, 0, 40, 50, 60, 255}));
     REQUIRE(image.IsTransparent);
-    Composite(image, 3, &background);
+    image = Composite(image, 3, &background);
     CHECK(PixelAt(image, 0, 0) == Bgr{30, 20, 10});
     CHECK(PixelAt(image, 0, 1) == Bgr{60, 50, 40});
 }

@@ -100,7 +100,7 @@ bool Save(const Options& options, DibImage image) {
     if (options.WritesRgba) return WriteFile(options.Output, ToRgba(image));
     if (!options.Over) return true;
     PlainColour background(*options.Over);
-    if (image.IsTransparent) Composite(image, options.Style, &background);
+    if (image.IsTransparent) image = Composite(image, options.Style, &background);
     return WriteFile(options.Output, ToRgb(image));
 }
 

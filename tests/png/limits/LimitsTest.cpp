@@ -17,7 +17,7 @@ constexpr double MaxSeconds = 2; // of the processor: what else the machine does
 
 void DecodeAndMix(const Bytes& png, const ConversionSettings& settings, std::uint8_t style) {
     DibImage image = DecodePng(png, settings);
-    if (image.IsTransparent) Composite(image, style, nullptr);
+    if (image.IsTransparent) image = Composite(image, style, nullptr);
 }
 
 void CheckCost(const Bytes& png, const ConversionSettings& settings) {
