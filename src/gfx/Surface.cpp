@@ -28,10 +28,13 @@ BITMAPINFO FormatOf(SIZE size) noexcept {
     return format;
 }
 
-HBITMAP NewBitmap(HDC dc, SIZE size, void** bits) noexcept {
+HBITMAP NewBitmap(HDC dc, SIZE size, std::uint32_t*& pixels) noexcept {
     if (std::int64_t{size.cx} * size.cy > MostPixels) return nullptr;
     const BITMAPINFO format = FormatOf(size);
-    return CreateDIBSection(dc, &format, DIB_RGB_COLORS, bits, nullptr, 0);
+    void* bits = nullptr;
+    const HBITMAP bitmap = CreateDIBSection(dc, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
+    pixels = static_cast<std::uint32_t*>(bits);
+    return bitmap;
 }
 
 // Device contexts count pixels in 27 bits and a sign. Not every system survives a target that reaches farther.
@@ -62,11 +65,11 @@ HDC Surface::DC() {
 
 // Without a bitmap the device context keeps the single pixel that it was born with.
 void Surface::MakeBitmap() noexcept {
-    bitmap_ = OwnedBitmap(NewBitmap(dc_.Get(), size_, &bits_));
+    bitmap_ = OwnedBitmap(NewBitmap(dc_.Get(), size_, bits_));
     isMakeshift_ = !bitmap_;
     TellShortageUnless(bitmap_.Get());
     if (!bitmap_) size_ = {1, 1};
-    if (!bitmap_) bitmap_ = OwnedBitmap(NewBitmap(dc_.Get(), size_, &bits_));
+    if (!bitmap_) bitmap_ = OwnedBitmap(NewBitmap(dc_.Get(), size_, bits_));
     if (bitmap_) original_ = SelectObject(dc_.Get(), bitmap_.Get());
 }
 
@@ -111,6 +114,19 @@ void Surface::CopyPart(HDC target, const RECT& area) {
     if (!IsInReach(target, area)) return;
     TellShortageUnless(BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top,
                               DC(), area.left, area.top, SRCCOPY));
+}
+
+// The bottom row is the first in memory.
+bool Surface::Read(const RECT& area, std::span<std::uint32_t> rows) const noexcept {
+    if (!bits_) return false;
+    GdiFlush();
+    std::uint32_t* to = rows.data();
+    for (LONG y = area.top; y < area.bottom; ++y)
+        for (LONG x = area.left; x < area.right; ++x, ++to) {
+            const bool isThere = x >= 0 && y >= 0 && x < size_.cx && y < size_.cy;
+            *to = isThere ? bits_[std::ptrdiff_t{size_.cy - 1 - y} * size_.cx + x] & 0xFFFFFF : 0;
+        }
+    return true;
 }
 
 // The one way that works where pixels cannot be copied from one device context to another.

@@ -1,6 +1,9 @@
 // The picture of the control, kept between repaints: what a window, a printer or a document shows is copied from here.
 #pragma once
 
+#include <cstdint>
+#include <span>
+
 #include "gfx/Handles.h"
 
 namespace vantik {
@@ -28,6 +31,9 @@ public:
     // Copies an area to the same place of a display of the same size.
     void CopyPart(HDC target, const RECT& area);
 
+    // The pixels of an area, 0xRRGGBB, rows from the top; 0 where there are none. False without a bitmap.
+    bool Read(const RECT& area, std::span<std::uint32_t> rows) const noexcept;
+
 private:
     void MakeBitmap() noexcept;
     void DropBitmap() noexcept;
@@ -37,7 +43,7 @@ private:
     MemoryDC dc_;
     OwnedBitmap bitmap_;
     HGDIOBJ original_ = nullptr; // what the device context was born with
-    void* bits_ = nullptr;
+    std::uint32_t* bits_ = nullptr;
     SIZE size_ = {1, 1}, wanted_ = {1, 1};
     bool isMakeshift_ = false; // smaller than it should be
 };

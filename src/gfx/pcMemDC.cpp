@@ -1,7 +1,9 @@
 #include "gfx/pcMemDC.h"
 
+#include <utility>
+
 #include "base/Checked.h"
-#include "gfx/TurnedTwin.h"
+#include "gfx/TurnedPart.h"
 #include "platform/Shortage.h"
 
 namespace vantik {
@@ -47,6 +49,12 @@ SIZE SizeOf(HBITMAP bitmap) noexcept {
     return {description.bmWidth, description.bmHeight};
 }
 
+BITMAPINFO FormatOf(SIZE size) noexcept {
+    BITMAPINFO format = {};
+    format.bmiHeader = {sizeof format.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    return format;
+}
+
 } // namespace
 
 SIZE BitmapSizeOf(IPictureDisp* picture) noexcept { return SizeOf(BitmapOf(picture)); }
@@ -84,7 +92,7 @@ void pcMemDC::CreateSurface(std::int32_t newWidth, std::int32_t newHeight) {
 }
 
 void pcMemDC::DestroySurface() noexcept {
-    for (auto& twin : twins_) twin.reset();
+    rows_.reset();
     drawnByOthers_ = false; // whoever had the context has a dead one now
     if (OldBitmap) SelectObject(MemDC, std::exchange(OldBitmap, nullptr));
     if (MemBitmap) DeleteObject(std::exchange(MemBitmap, nullptr));
@@ -99,7 +107,7 @@ bool pcMemDC::CreateFromPicture(IPictureDisp* picture) {
     if (size.cx < 1 || size.cy < 1) return true;
     width(size.cx);
     height(size.cy);
-    for (auto& twin : twins_) twin.reset();
+    rows_.reset();
     const MemoryDC display(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
     const MemoryDC source(CreateCompatibleDC(display.Get()));
     TellShortageUnless(source.Get());
@@ -113,14 +121,21 @@ bool pcMemDC::CreateFromPicture(IPictureDisp* picture) {
     return copied;
 }
 
-TurnedTwin* pcMemDC::TwinOf(Turn turn) {
+// A bitmap must not be selected while its rows are read.
+const PixelRows* pcMemDC::Rows() {
     if (!MemDC || Width < 1 || Height < 1) return nullptr;
-    auto& twin = twins_[static_cast<std::size_t>(turn)];
-    if (!twin || drawnByOthers_) twin = std::make_unique<TurnedTwin>(MemDC, SIZE{Width, Height}, turn);
-    if (*twin) return twin.get();
-    twin.reset(); // the next one may be had
-    TellShortage();
-    return nullptr;
+    if (rows_ && !drawnByOthers_) return rows_.get();
+    auto rows = std::make_shared<PixelRows>(PixelRows{Width, Height, {}});
+    rows->Pixels.resize(static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height));
+    BITMAPINFO format = FormatOf({Width, Height});
+    GdiFlush();
+    const HGDIOBJ selected = SelectObject(MemDC, OldBitmap);
+    const int count = GetDIBits(MemDC, MemBitmap, 0, static_cast<UINT>(Height), rows->Pixels.data(), &format,
+                                DIB_RGB_COLORS);
+    SelectObject(MemDC, selected);
+    TellShortageUnless(count != 0);
+    rows_ = count ? std::move(rows) : nullptr;
+    return rows_.get();
 }
 
 void pcMemDC::StretchDraw(HDC target, std::int32_t xDst, std::int32_t yDst, std::int32_t widthDst,
@@ -164,16 +179,19 @@ void pcMemDC::RepeatColumn(Turn turn, HDC target, POINT source, std::int32_t hei
     CheckRun(source.y, height);
     CheckRun(destination.x, SwapsAxes(turn) ? height : repeats);
     CheckRun(destination.y, SwapsAxes(turn) ? repeats : height);
-    if (TurnedTwin* twin = TwinOf(turn)) twin->Repeat(target, source, height, destination, repeats);
+    if (const PixelRows* rows = Rows())
+        TurnedPart(*rows, source, {1, height}, turn).Repeat(target, destination, repeats);
 }
 
 void pcMemDC::Draw(HDC target, std::int32_t xSrc, std::int32_t ySrc, std::int32_t widthSrc,
                    std::int32_t heightSrc, std::int32_t xDst, std::int32_t yDst, bool useMask) {
     const std::int32_t width = OrAll(widthSrc, Width), height = OrAll(heightSrc, Height);
-    if (!useMask) {
+    const PixelRows* rows = useMask ? Rows() : nullptr;
+    if (useMask && !rows) return;
+    if (rows && HasKey(*rows, {xSrc, ySrc}, {width, height})) {
+        TurnedPart(*rows, {xSrc, ySrc}, {width, height}, Turn::Plain).DrawMasked(target, {xDst, yDst});
+    } else {
         TellShortageUnless(!MemDC || BitBlt(target, xDst, yDst, width, height, MemDC, xSrc, ySrc, SRCCOPY));
-    } else if (TurnedTwin* twin = TwinOf(Turn::Plain)) {
-        twin->Draw(target, {xSrc, ySrc}, {width, height}, {xDst, yDst}, true);
     }
 }
 
@@ -199,7 +217,13 @@ void pcMemDC::PlgDraw(Turn turn, HDC target, POINT source, SIZE size, POINT dest
     CheckRun(source.y, size.cy);
     CheckRun(destination.x, SwapsAxes(turn) ? size.cy : size.cx);
     CheckRun(destination.y, SwapsAxes(turn) ? size.cx : size.cy);
-    if (TurnedTwin* twin = TwinOf(turn)) twin->Draw(target, source, size, destination, useMask);
+    const PixelRows* rows = Rows();
+    if (!rows) return;
+    const TurnedPart part(*rows, source, size, turn);
+    if (useMask && part.HasKey())
+        part.DrawMasked(target, destination);
+    else
+        part.Draw(target, destination);
 }
 
 } // namespace vantik

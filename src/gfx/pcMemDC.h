@@ -2,21 +2,19 @@
 // key colour, turned and mirrored.
 //
 // The turned and mirrored operations are defined pixel by pixel, and so is the transparent copy; here each is one or
-// two copies from a turned, masked twin of the surface, made the first time it is needed. A twin is made afresh once
+// two copies of a turned, masked part of what the surface shows. That is read the first time it is needed, and afresh once
 // somebody else may have drawn on the surface, that is, for every operation after `hdc` was read.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
 
 #include "gfx/Handles.h"
+#include "gfx/PixelRows.h"
 #include "gfx/Turn.h"
 #include "platform/ComPtr.h"
 
 namespace vantik {
-
-class TurnedTwin;
 
 class pcMemDC {
 public:
@@ -77,14 +75,14 @@ private:
     void PlgDraw(Turn turn, HDC target, POINT source, SIZE size, POINT destination, bool useMask);
     void RepeatColumn(Turn turn, HDC target, POINT source, std::int32_t height, POINT destination,
                       std::int32_t repeats);
-    TurnedTwin* TwinOf(Turn turn);
+    const PixelRows* Rows();
 
     HDC MemDC = nullptr;
     HBITMAP MemBitmap = nullptr;
     HGDIOBJ OldBitmap = nullptr;
     std::int32_t Width = 0;
     std::int32_t Height = 0;
-    std::array<std::unique_ptr<TurnedTwin>, 4> twins_;
+    std::shared_ptr<const PixelRows> rows_; // what the surface shows; null while that is not known
     bool drawnByOthers_ = false;
 };
 

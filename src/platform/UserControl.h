@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,8 @@ public:
 
     // The drawing surface: as large as the control, keeps its image between repaints. Never null.
     virtual HDC hDC() = 0;
+    // Its pixels in a rectangle, 0xRRGGBB, rows from the top; 0 where it has none. False when they cannot be had.
+    virtual bool ReadSurface(const RECT& area, std::span<std::uint32_t> rows) = 0;
     virtual void Cls() = 0;     // clears the surface to the background colour
     virtual void Refresh() = 0; // shows on the window what was drawn on the surface, now
 

@@ -96,7 +96,7 @@ void IconPainter::Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, co
     OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, style,
                                  beneath.X - beneath.SkippedColumns, beneath.Y - beneath.SkippedRows, direct);
     if (shortages != ShortagesSoFar()) return; // it may be mixed over anything
-    if (drawn) pictures_.Keep(icon, slot, style, beneath, std::move(drawn));
+    if (drawn) pictures_.Keep(host_.hDC(), icon, slot, style, beneath, std::move(drawn));
 }
 
 } // namespace vantik

@@ -31,7 +31,7 @@ public:
     bool Follow(std::int16_t icon);
 
     PixelBlock Read(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
-        return pictures_.Read(host_.hDC(), x, y, width, height);
+        return ReadBlock(host_, x, y, width, height);
     }
     // Whether nothing is to be seen of a picture in this place of the room. One without extent is not known, and drawing
     // it tells what is wrong with it.
@@ -39,7 +39,7 @@ public:
 
     // What lies beneath a picture in this place: as much of it as is seen, or all when none is.
     PixelBlock ReadBeneath(const LayoutRect& place, const LayoutRect& room);
-    void Restore(const PixelBlock& block) { pictures_.Write(host_.hDC(), block.X, block.Y, block); }
+    void Restore(const PixelBlock& block) { DrawBlock(host_.hDC(), block.X, block.Y, block); }
 
     // Where the pixels were read; they are what the picture is mixed over. A picture that was mixed over the same is
     // copied from the icon's slot, as much of it as covers them; a fresh one is drawn whole and kept in the slot.

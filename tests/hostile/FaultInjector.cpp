@@ -107,6 +107,7 @@ FaultyImport Table[] = {
     IMPORT(IntersectClipRect, 0),
     IMPORT(LPtoDP, 0),
     IMPORT(PatBlt, 0),
+    IMPORT(RectVisible, 0),
     IMPORT(SaveDC, 0),
     IMPORT(SelectObject, 0),
     IMPORT(SetBkMode, 0),

@@ -126,6 +126,7 @@ const char* const Needed[] = {
     "SaveDC",
     "SetDIBits",
     "StretchBlt",
+    "StretchDIBits",
     "memory",
     "all",
 };

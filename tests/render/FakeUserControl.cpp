@@ -1,5 +1,6 @@
 #include "tests/render/FakeUserControl.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/RunTimeError.h"
@@ -79,6 +80,13 @@ void FakeUserControl::Resize(std::int32_t width, std::int32_t height) {
 HDC FakeUserControl::hDC() {
     if (OnDraw) OnDraw();
     return surface_->DC();
+}
+
+bool FakeUserControl::ReadSurface(const RECT& area, std::span<std::uint32_t> rows) {
+    const std::int32_t width = area.right - area.left, height = area.bottom - area.top;
+    const Pixels part = Read().Cut(area.left, area.top, width, height);
+    std::ranges::copy(part.Values, rows.begin());
+    return true;
 }
 
 void FakeUserControl::Cls() {

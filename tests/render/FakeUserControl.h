@@ -32,6 +32,7 @@ public:
     FakeUserControl& operator=(const FakeUserControl&) = delete;
 
     HDC hDC() override;
+    bool ReadSurface(const RECT& area, std::span<std::uint32_t> rows) override;
     void Cls() override; // the surface becomes BackColour
     void Refresh() override;
     HWND hWnd() override { return window_; }

@@ -21,6 +21,9 @@ std::u16string HostTitle() {
 } // namespace
 
 HDC ControlHost::hDC() { return control_.Surface.DC(); }
+bool ControlHost::ReadSurface(const RECT& area, std::span<std::uint32_t> rows) {
+    return control_.Surface.Read(area, rows);
+}
 void ControlHost::Cls() { control_.Surface.Clear(); }
 HWND ControlHost::hWnd() { return control_.Place.Window(); }
 void ControlHost::ReleaseCapture() { control_.Place.ReleaseCapture(); }

@@ -12,6 +12,7 @@ public:
     explicit ControlHost(Control& control) noexcept : control_(control) {}
 
     HDC hDC() override;
+    bool ReadSurface(const RECT& area, std::span<std::uint32_t> rows) override;
     void Cls() override;
     void Refresh() override;
     HWND hWnd() override;
