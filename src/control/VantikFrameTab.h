@@ -13,6 +13,7 @@
 #include "control/PropertyBag.h"
 #include "model/ControlState.h"
 #include "platform/DebugLine.h"
+#include "platform/FileStore.h"
 #include "platform/Shortage.h"
 #include "platform/UserControl.h"
 #include "render/DecorationGeometry.h"
@@ -140,6 +141,7 @@ private:
     void RetrySkin() noexcept;
     void InstallHookAtRunTime();
 
+    FileStoreUser storeUser_;
     UserControl& host_;
     ControlState state_;
     Surfaces surfaces_;

@@ -1,9 +1,12 @@
 #include "gfx/pcMemDC.h"
 
+#include <algorithm>
+#include <new>
 #include <utility>
 
 #include "base/Checked.h"
 #include "gfx/TurnedPart.h"
+#include "platform/Doubt.h"
 #include "platform/Shortage.h"
 
 namespace vantik {
@@ -43,15 +46,22 @@ HBITMAP BitmapOf(IPictureDisp* object) noexcept {
     return reinterpret_cast<HBITMAP>(static_cast<LONG_PTR>(static_cast<LONG>(handle)));
 }
 
-SIZE SizeOf(HBITMAP bitmap) noexcept {
+BITMAP DescriptionOf(HBITMAP bitmap) noexcept {
     BITMAP description = {};
-    if (!bitmap || !GetObjectW(bitmap, sizeof description, &description)) return {0, 0};
+    if (!bitmap || !GetObjectW(bitmap, sizeof description, &description)) return {};
+    return description;
+}
+
+SIZE SizeOf(HBITMAP bitmap) noexcept {
+    const BITMAP description = DescriptionOf(bitmap);
     return {description.bmWidth, description.bmHeight};
 }
 
+constexpr WORD RowsDepth = 32;
+
 BITMAPINFO FormatOf(SIZE size) noexcept {
     BITMAPINFO format = {};
-    format.bmiHeader = {sizeof format.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    format.bmiHeader = {sizeof format.bmiHeader, size.cx, -size.cy, 1, RowsDepth, BI_RGB, 0, 0, 0, 0, 0};
     return format;
 }
 
@@ -79,16 +89,30 @@ void pcMemDC::CreateSurface(std::int32_t newWidth, std::int32_t newHeight) {
     DestroySurface();
     const MemoryDC display(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
     if (!display) return TellShortage();
-    MemDC = CreateCompatibleDC(display.Get());
-    MemBitmap = CreateCompatibleBitmap(display.Get(), newWidth, newHeight);
+    Own(CreateCompatibleDC(display.Get()), CreateCompatibleBitmap(display.Get(), newWidth, newHeight),
+        {newWidth, newHeight});
+}
+
+// For what is known to be of as many colours as rows have: no display needs to be asked.
+void pcMemDC::CreateSection(std::int32_t newWidth, std::int32_t newHeight) {
+    DestroySurface();
+    const BITMAPINFO format = FormatOf({newWidth, newHeight});
+    void* bits = nullptr;
+    Own(CreateCompatibleDC(nullptr), CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0),
+        {newWidth, newHeight});
+}
+
+void pcMemDC::Own(HDC dc, HBITMAP bitmap, SIZE size) {
+    MemDC = dc;
+    MemBitmap = bitmap;
     if (MemDC && MemBitmap) OldBitmap = SelectObject(MemDC, MemBitmap);
     if (!OldBitmap) {
         TellShortage();
         return DestroySurface();
     }
-    PatBlt(MemDC, 0, 0, newWidth, newHeight, BLACKNESS);
-    Width = newWidth;
-    Height = newHeight;
+    PatBlt(MemDC, 0, 0, size.cx, size.cy, BLACKNESS);
+    Width = size.cx;
+    Height = size.cy;
 }
 
 void pcMemDC::DestroySurface() noexcept {
@@ -100,25 +124,51 @@ void pcMemDC::DestroySurface() noexcept {
     Width = Height = 0;
 }
 
+bool pcMemDC::Grow(SIZE size, Creation create) {
+    if (size.cx > Width || size.cy > Height)
+        (this->*create)(std::max<std::int32_t>(size.cx, Width), std::max<std::int32_t>(size.cy, Height));
+    rows_.reset();
+    return MemDC != nullptr;
+}
+
 // The picture is asked once: its code may be the host's, which can take the picture away meanwhile.
 bool pcMemDC::CreateFromPicture(IPictureDisp* picture) {
     const HBITMAP bitmap = BitmapOf(picture);
     const SIZE size = SizeOf(bitmap);
     if (size.cx < 1 || size.cy < 1) return true;
-    width(size.cx);
-    height(size.cy);
-    rows_.reset();
+    const bool isThere = Grow(size, &pcMemDC::CreateSurface);
     const MemoryDC display(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
     const MemoryDC source(CreateCompatibleDC(display.Get()));
     TellShortageUnless(source.Get());
-    if (!MemDC || !source) return false;
+    if (!isThere || !source) return false;
     // A bitmap that is selected elsewhere cannot be selected here; then there is nothing to copy from.
     const HGDIOBJ previous = SelectObject(source.Get(), bitmap);
+    TellDoubtUnless(previous);
     if (!previous) return true;
     const bool copied = BitBlt(MemDC, 0, 0, size.cx, size.cy, source.Get(), 0, 0, SRCCOPY);
     SelectObject(source.Get(), previous);
     TellShortageUnless(copied);
     return copied;
+}
+
+bool pcMemDC::CreateFromRows(std::shared_ptr<const PixelRows> rows) {
+    if (!Grow({rows->Width, rows->Height}, &pcMemDC::CreateSection)) return false;
+    const auto height = static_cast<UINT>(rows->Height);
+    const BITMAPINFO format = FormatOf({rows->Width, rows->Height});
+    const bool copied = SetDIBitsToDevice(MemDC, 0, 0, static_cast<DWORD>(rows->Width), height, 0, 0, 0,
+                                          height, rows->Pixels.data(), &format, DIB_RGB_COLORS) != 0;
+    TellShortageUnless(copied);
+    if (copied && rows->Width == Width && rows->Height == Height) rows_ = std::move(rows);
+    return copied;
+}
+
+// A surface of fewer colours than rows have would give them to all the others.
+std::shared_ptr<const PixelRows> pcMemDC::RowsOfAll(SIZE size) noexcept try {
+    if (size.cx != Width || size.cy != Height || DescriptionOf(MemBitmap).bmBitsPixel != RowsDepth || !Rows())
+        return nullptr;
+    return rows_;
+} catch (const std::bad_alloc&) {
+    return nullptr;
 }
 
 // A bitmap must not be selected while its rows are read.

@@ -69,12 +69,22 @@ public:
     // where there are no resources for it.
     bool CreateFromPicture(IPictureDisp* picture);
 
+    // The same from what another surface got of a picture.
+    bool CreateFromRows(std::shared_ptr<const PixelRows> rows);
+
+    // What a surface of just this size shows, exactly; else null, also where there are no resources for it.
+    std::shared_ptr<const PixelRows> RowsOfAll(SIZE size) noexcept;
+
 private:
     void CreateSurface(std::int32_t newWidth, std::int32_t newHeight);
     void DestroySurface() noexcept;
     void PlgDraw(Turn turn, HDC target, POINT source, SIZE size, POINT destination, bool useMask);
     void RepeatColumn(Turn turn, HDC target, POINT source, std::int32_t height, POINT destination,
                       std::int32_t repeats);
+    void CreateSection(std::int32_t newWidth, std::int32_t newHeight);
+    void Own(HDC dc, HBITMAP bitmap, SIZE size);
+    using Creation = void (pcMemDC::*)(std::int32_t, std::int32_t);
+    bool Grow(SIZE size, Creation create);
     const PixelRows* Rows();
 
     HDC MemDC = nullptr;

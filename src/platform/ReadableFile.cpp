@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/Doubt.h"
 #include "platform/mDeclares.h"
 
 namespace vantik {
@@ -43,7 +44,10 @@ std::size_t ReadableFile::Read(std::span<std::uint8_t> target) noexcept {
     while (count < target.size()) {
         const auto wanted = static_cast<DWORD>(std::min(target.size() - count, MaxPiece));
         DWORD read = 0;
-        if (!ReadFile(handle_.get(), target.data() + count, wanted, &read, nullptr)) break;
+        if (!ReadFile(handle_.get(), target.data() + count, wanted, &read, nullptr)) {
+            TellDoubt();
+            break;
+        }
         count += read;
         if (read < wanted) break; // asking once more would only say again that this was the end
     }
@@ -52,7 +56,9 @@ std::size_t ReadableFile::Read(std::span<std::uint8_t> target) noexcept {
 
 std::int64_t ReadableFile::Size() const noexcept {
     LARGE_INTEGER size = {};
-    return GetFileSizeEx(handle_.get(), &size) ? size.QuadPart : 0;
+    const bool isKnown = GetFileSizeEx(handle_.get(), &size);
+    TellDoubtUnless(isKnown);
+    return isKnown ? size.QuadPart : 0;
 }
 
 } // namespace vantik

@@ -1,5 +1,6 @@
 #include "base/Text.h"
 
+#include "platform/Doubt.h"
 #include "platform/mDeclares.h"
 
 namespace vantik {
@@ -15,7 +16,9 @@ std::u16string DecodeAnsi(std::string_view bytes) {
     const int size = static_cast<int>(bytes.size());
     const int length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, nullptr, 0);
     std::u16string text(static_cast<std::size_t>(length), u'\0');
-    MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, AsWide(text.data()), length);
+    const bool isDecoded =
+        length && MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, AsWide(text.data()), length);
+    TellDoubtUnless(isDecoded);
     return text;
 }
 

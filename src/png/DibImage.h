@@ -24,6 +24,8 @@ struct DibImage {
 
     std::size_t Stride() const noexcept { return static_cast<std::size_t>(DibStride(Width, BitCount)); }
 
+    std::size_t Memory() const noexcept { return Pixels.size() + ColourTable.size() * sizeof ColourTable[0]; }
+
     // The rows by their place in the picture: 0 is the topmost.
     std::uint8_t* Row(std::int32_t y) noexcept { return Pixels.data() + RowOffset(y); }
     const std::uint8_t* Row(std::int32_t y) const noexcept { return Pixels.data() + RowOffset(y); }

@@ -1,23 +1,40 @@
 #include "render/PngIconDrawing.h"
 
+#include <utility>
+
+#include "platform/FileStore.h"
+#include "png/DeviceBackground.h"
 #include "png/LoadPNG.h"
+#include "png/OutOfMemory.h"
 
 namespace vantik {
 
-OwnedBitmap DrawPngFile(const std::u16string& path, HDC targetDC, HBITMAP targetBitmap, std::int32_t x,
-                        std::int32_t y, std::uint8_t style, std::int16_t direct, HDC picBox) {
+namespace {
+
+// As it is before it is mixed with anything, which is the same whoever draws it. Null for what is no picture.
+std::shared_ptr<const DibImage> Decode(const std::u16string& path) {
     LoadPNG png;
-    png.Direct(direct);
-    png.Style(style);
-    png.PicBox(picBox);
-    png.SetDstXY(x, y);
-    png.SetToBkgrnd(True, x, y);
-    png.BackgroundHbmp(targetBitmap);
-    png.BackgroundHdc(targetDC);
     png.SetAlpha(True);
     png.SetTrans(True);
-    png.OpenPNG(path);
-    return png.TakeBitmap();
+    DibImage image = png.DecodeFile(path);
+    if (!image) return nullptr;
+    return WithOutOfMemory([&] { return std::make_shared<const DibImage>(std::move(image)); });
+}
+
+} // namespace
+
+OwnedBitmap DrawPngFile(const std::u16string& path, HDC targetDC, HBITMAP /*targetBitmap*/, std::int32_t x,
+                        std::int32_t y, std::uint8_t style, std::int16_t direct, HDC picBox) {
+    DeviceBackground background(targetDC, x, y);
+    return DrawPngFile(path, IdentityOf(path), background, x, y, style, direct, picBox);
+}
+
+OwnedBitmap DrawPngFile(const std::u16string& path, const FileIdentity& identity,
+                        BackgroundSource& background, std::int32_t x, std::int32_t y, std::uint8_t style,
+                        std::int16_t /*direct*/, HDC picBox) {
+    auto picture = Shared<DibImage>(path, identity, FileContent::Icon, [&] { return Decode(path); });
+    if (!picture) return {};
+    return PaintPicture(std::move(picture), background, {.PicBox = picBox, .X = x, .Y = y, .Style = style});
 }
 
 } // namespace vantik

@@ -5,7 +5,8 @@
 #include <string>
 
 #include "gfx/Handles.h"
-#include "render/PngSizeReading.h"
+#include "platform/FileIdentity.h"
+#include "png/Composite.h"
 
 namespace vantik {
 
@@ -17,5 +18,10 @@ namespace vantik {
 // broken image data (SubscriptOutOfRange) and images beyond memory (OutOfMemory) raise.
 OwnedBitmap DrawPngFile(const std::u16string& path, HDC targetDC, HBITMAP targetBitmap, std::int32_t x,
                         std::int32_t y, std::uint8_t style, std::int16_t direct, HDC picBox);
+
+// The same for who has looked at the file just now, and knows what lies beneath.
+OwnedBitmap DrawPngFile(const std::u16string& path, const FileIdentity& identity,
+                        BackgroundSource& background, std::int32_t x, std::int32_t y, std::uint8_t style,
+                        std::int16_t direct, HDC picBox);
 
 } // namespace vantik

@@ -29,7 +29,7 @@ LayoutRect RectAt(std::int32_t x, std::int32_t y, std::int32_t width, std::int32
 
 // Stays on its own bar, so that repainting the bar takes all of the icon away.
 PixelBlock Decorations::DrawOnBar(std::int16_t index, std::int16_t icon, std::uint8_t slot, IconStyle style,
-                                  const LayoutRect& place) {
+                                  const LayoutRect& place, const IconPainter::Look& look) {
     const SkinIcon& entry = *state_.SkinIcons.At(icon);
     const LayoutRect whole = RectAt(place.Left, place.Top, entry.Width, entry.Height);
     const LayoutRect room = RoomOfTab(state_, index);
@@ -37,7 +37,7 @@ PixelBlock Decorations::DrawOnBar(std::int16_t index, std::int16_t icon, std::ui
     std::optional<Clip> clip; // only for icons that do not fit their bar
     if (Intersection(whole, room) != whole) clip.emplace(host_.hDC(), room);
     PixelBlock beneath = icons_.ReadBeneath(place, Intersection(room, state_.Layout.ControlRect));
-    icons_.Draw(icon, slot, style, beneath);
+    icons_.Draw(icon, slot, style, beneath, look);
     return beneath;
 }
 
@@ -49,11 +49,12 @@ void Decorations::DrawTabIcon(std::int16_t index, std::uint8_t state) {
     const std::int16_t reference = ResolveIcon(state_.SkinIcons, tab.Ico);
     SkinIcon* icon = state_.SkinIcons.At(reference);
     if (!icon) return;
-    if (icon->Handles[code.Slot] == NoBitmap && !icons_.ReadSize(*icon)) return;
+    IconPainter::Look look;
+    if (icon->Handles[code.Slot] == NoBitmap && !(look = icons_.ReadSize(*icon))) return;
     const PixelPoint at = TabIconPosition(state_, index, state, {icon->Width, icon->Height});
     const LayoutRect place = RectAt(at.X, at.Y, std::min<std::int32_t>(icon->Width, CachedTabIconExtent),
                                     std::min<std::int32_t>(icon->Height, CachedTabIconExtent));
-    DrawOnBar(index, reference, code.Slot, enabled ? OwnColours : GreyFromGreen, place);
+    DrawOnBar(index, reference, code.Slot, enabled ? OwnColours : GreyFromGreen, place, look);
 }
 
 std::int32_t Decorations::TabIconWidth(std::int16_t index) {
@@ -76,10 +77,12 @@ void Decorations::DrawCloseButton(std::int16_t index, std::uint8_t& state, std::
     const std::int16_t role = state_.SkinIcons.DeleteButtonIcon;
     SkinIcon* icon = state_.SkinIcons.At(role);
     if (!state_.Properties.DelButton || !icon) return;
-    if (icon->Handles[slot] == NoBitmap && !icons_.ReadSize(*icon)) return;
+    IconPainter::Look look;
+    if (icon->Handles[slot] == NoBitmap && !(look = icons_.ReadSize(*icon))) return;
     const LayoutRect button = CloseButtonRect(state_, SlotOf(state_, index));
     const LayoutRect place = RectAt(button.Left, button.Top, icon->Width, icon->Height);
-    PixelBlock beneath = DrawOnBar(index, role, slot, flag == FlagHovered ? OwnColours : GreyFromBlue, place);
+    PixelBlock beneath =
+        DrawOnBar(index, role, slot, flag == FlagHovered ? OwnColours : GreyFromBlue, place, look);
     if (Underlay* underlay = UnderlayOf(index)) *underlay = {index, std::move(beneath)};
 }
 

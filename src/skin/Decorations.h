@@ -54,7 +54,7 @@ private:
     };
 
     PixelBlock DrawOnBar(std::int16_t index, std::int16_t icon, std::uint8_t slot, IconStyle style,
-                         const LayoutRect& place);
+                         const LayoutRect& place, const IconPainter::Look& look);
     std::uint8_t TakeCloseButtonSlot(std::uint8_t& state, std::uint8_t flag);
     Underlay* UnderlayOf(std::int16_t index);
 

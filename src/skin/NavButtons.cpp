@@ -50,7 +50,7 @@ bool Decorations::DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, 
     SkinIcon* icon = state_.SkinIcons.At(role);
     if (!icon) return false;
     const std::int16_t oldWidth = icon->Width, oldHeight = icon->Height;
-    const bool isReadable = icons_.Follow(role);
+    const IconPainter::Look look = icons_.Follow(role);
     const LayoutRect area = LayoutRect::FromEdges(x, y, Checked(x) + std::max(oldWidth, icon->Width),
                                                   Checked(y) + std::max(oldHeight, icon->Height));
     {
@@ -61,8 +61,8 @@ bool Decorations::DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, 
         const LayoutRect place =
             LayoutRect::FromEdges(x, y, Checked(x) + icon->Width, Checked(y) + icon->Height);
         const LayoutRect& room = state_.Layout.ControlRect;
-        if (isReadable && !IconPainter::IsHidden(place, room))
-            icons_.Draw(role, 0, style, icons_.ReadBeneath(place, room), DirectOf(state_.Properties));
+        if (look && !IconPainter::IsHidden(place, room))
+            icons_.Draw(role, 0, style, icons_.ReadBeneath(place, room), look, DirectOf(state_.Properties));
     }
     Invalidate(host_.hWnd(), area);
     if (style == Darkened) state_.ButtonPressed = True;

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <vector>
 
 #include "base/ErrorText.h"
 #include "base/Text.h"
+#include "platform/FileStore.h"
 #include "platform/Files.h"
 #include "platform/mDeclares.h"
 
@@ -108,14 +110,34 @@ DWORD TryToWrite(const std::u16string& path, Bytes bytes) {
     return Write(path, OPEN_EXISTING, bytes);
 }
 
-} // namespace
-
-void WriteShared(const std::u16string& path, Bytes bytes) {
+void WriteUntilThere(const std::u16string& path, Bytes bytes) {
     for (int attempt = 1;; ++attempt) {
         const DWORD error = TryToWrite(path, bytes);
         if (!error) return;
         if (!IsPassing(error) || attempt == MaxAttempts) RaiseFor(path, error);
         Sleep(PauseBetweenAttempts);
+    }
+}
+
+// What a file was found to begin with.
+struct Beginning {
+    Bytes Text;
+
+    bool Is(Bytes bytes) const noexcept { return Text.data() == bytes.data() && Text.size() == bytes.size(); }
+};
+
+} // namespace
+
+// A file that was right and has not changed since is not looked into again.
+void WriteShared(const std::u16string& path, Bytes bytes) {
+    const FileIdentity identity = IdentityOf(path);
+    const SharedContent known = FindContent(path, identity, FileContent::Beginning);
+    if (known && std::static_pointer_cast<const Beginning>(known)->Is(bytes)) return;
+    WriteUntilThere(path, bytes);
+    try {
+        KeepContent(path, identity, FileContent::Beginning, std::make_shared<Beginning>(Beginning{bytes}),
+                    sizeof(Beginning));
+    } catch (const std::bad_alloc&) { // it will be looked into
     }
 }
 

@@ -4,9 +4,10 @@
 
 #include "base/ErrorText.h"
 #include "base/Text.h"
-#include "platform/Files.h"
+#include "platform/FileStore.h"
 #include "platform/PictureLoading.h"
 #include "png/ByteSource.h"
+#include "render/SharedPngSize.h"
 #include "skin/DefaultSkin.h"
 #include "skin/PictureFile.h"
 #include "skin/SkinFolder.h"
@@ -27,12 +28,21 @@ std::string ReadBytes(const std::u16string& path) {
     return bytes;
 }
 
-void ReadDefinition(const SkinFolder& folder, ControlState& state) {
+// A definition that is read takes effect line by line, so that what stands before an error counts.
+void ReadDefinition(const SkinFolder& folder, const FileIdentity& identity, ControlState& state) {
     const std::u16string path = folder.PathOf(state.Properties.SkinFile);
-    const std::u16string text = DecodeAnsi(ReadBytes(path));
-    Explaining(
-        [&] { SkinParser(state, folder).Parse(text); },
-        [&](const RunTimeError& error) { return ErrorText(PathText{path}, u", ", error.Description()); });
+    const auto naming = [&](const RunTimeError& error) {
+        return ErrorText(PathText{path}, u", ", error.Description());
+    };
+    SkinParser parser(state, folder, ReadSharedPngFileSize);
+    bool isInForce = false;
+    const auto said = Shared<SkinDefinition>(path, identity, FileContent::Definition, [&] {
+        const std::u16string text = DecodeAnsi(ReadBytes(path));
+        Explaining([&] { parser.Parse(text); }, naming);
+        isInForce = true;
+        return parser.TakeSaid();
+    });
+    if (!isInForce) Explaining([&] { parser.Apply(*said); }, naming);
 }
 
 // Not by the platform's own way from a path to a picture, which takes the path for a URL.
@@ -47,15 +57,26 @@ ComPtr<IPictureDisp> LoadPicture(const std::u16string& path) {
     return picture.As<IPictureDisp>();
 }
 
+// The pixels are what the surface has got of the picture.
+std::shared_ptr<const PixelRows> TakePicture(const std::u16string& path, pcMemDC& surface, bool& isThere) {
+    const auto picture = LoadPicture(path);
+    isThere = surface.CreateFromPicture(picture.Get());
+    return isThere ? surface.RowsOfAll(BitmapSizeOf(picture.Get())) : nullptr;
+}
+
+void LoadBitmap(const std::u16string& path, pcMemDC& surface) {
+    bool isThere = false;
+    const auto pixels = Shared<PixelRows>(path, IdentityOf(path), FileContent::Bitmap,
+                                          [&] { return TakePicture(path, surface, isThere); });
+    if (!isThere && !(pixels && surface.CreateFromRows(pixels)))
+        Raise(RunTimeErrorNumber::OutOfMemory, PathText{path}, u": ",
+              DescriptionOf(RunTimeErrorNumber::OutOfMemory));
+}
+
 void LoadBitmap(const ControlState& state, Surfaces& surfaces) {
     if (state.SkinBitmapPath.empty()) return;
     Explaining(
-        [&] {
-            const auto picture = LoadPicture(state.SkinBitmapPath);
-            if (!surfaces.SkinDC.CreateFromPicture(picture.Get()))
-                Raise(RunTimeErrorNumber::OutOfMemory, PathText{state.SkinBitmapPath}, u": ",
-                      DescriptionOf(RunTimeErrorNumber::OutOfMemory));
-        },
+        [&] { LoadBitmap(state.SkinBitmapPath, surfaces.SkinDC); },
         [](const RunTimeError& error) { return ErrorText(u"The skin's bitmap ", error.Description()); });
 }
 
@@ -70,7 +91,8 @@ void ExtractInPlaceOf(const std::u16string& missing, const std::u16string& hostF
 
 // The built-in skin has one definition, whatever the name of the missing one is.
 void ReadDefinitionInPlaceOf(const std::u16string& missing, const SkinFolder& folder, ControlState& state) {
-    Explaining([&] { ReadDefinition(folder, state); },
+    const FileIdentity extracted = IdentityOf(folder.PathOf(state.Properties.SkinFile));
+    Explaining([&] { ReadDefinition(folder, extracted, state); },
                [&](const RunTimeError& error) {
                    if (error.Number() != RunTimeErrorNumber::FileNotFound) return std::u16string();
                    return ErrorText(PathText{missing},
@@ -85,8 +107,9 @@ void LoadSkin(UserControl& host, ControlState& state, Surfaces& surfaces) {
     const std::u16string hostFolder = host.HostFolder();
     const SkinFolder configured(hostFolder, state.Properties.SkinPath);
     const std::u16string definition = configured.PathOf(state.Properties.SkinFile);
-    if (FileExists(definition)) {
-        ReadDefinition(configured, state);
+    const FileIdentity identity = IdentityOf(definition);
+    if (identity.IsFile) {
+        ReadDefinition(configured, identity, state);
     } else {
         ExtractInPlaceOf(definition, hostFolder);
         if (!state.ReplacedSkinPath) state.ReplacedSkinPath = state.Properties.SkinPath;

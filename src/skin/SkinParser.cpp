@@ -1,6 +1,8 @@
 #include "skin/SkinParser.h"
 
 #include <functional>
+#include <new>
+#include <utility>
 
 #include "base/Checked.h"
 #include "base/ErrorText.h"
@@ -91,13 +93,36 @@ bool SkinParser::ParseLine(std::u16string_view text) {
     asWritten_ = TrimSpaces(text);
     line_ = UpperCase(asWritten_);
     if (line_.starts_with(u"END")) return false;
-    if (started_ && !line_.empty())
-        Explaining([&] { ParseContent(); },
-                   [&](const RunTimeError& error) {
-                       return ErrorText(u"line ", lineNumber_, u": ", error.Description());
-                   });
+    if (started_ && !line_.empty()) AtLine([&] { ParseContent(); });
     if (line_.starts_with(u"START")) started_ = true;
     return true;
+}
+
+template <class Work>
+void SkinParser::AtLine(Work work) {
+    Explaining(work, [&](const RunTimeError& error) {
+        return ErrorText(u"line ", lineNumber_, u": ", error.Description());
+    });
+}
+
+void SkinParser::Apply(const SkinDefinition& said) {
+    for (const SkinDefinition::Entry& entry : said.Entries())
+        std::visit([&](const auto& each) { Apply(each); }, entry);
+}
+
+std::shared_ptr<const SkinDefinition> SkinParser::TakeSaid() noexcept {
+    if (!said_.IsComplete()) return nullptr;
+    try {
+        return std::make_shared<const SkinDefinition>(std::move(said_));
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+// There may be too many icons now, and a button's picture is looked at again.
+void SkinParser::Apply(const KeyedIcon& said) {
+    lineNumber_ = said.Line;
+    AtLine([&] { AppendIcon(said.Key, said.File); });
 }
 
 void SkinParser::ParseContent() {
@@ -117,16 +142,18 @@ void SkinParser::ParseEntry(std::u16string_view entry) {
 // Numbers read the same in either case, and an error shows them as they were written.
 void SkinParser::ParseSkinRectEntry(std::u16string_view key, std::u16string_view value) {
     if (key == u"FILE") {
-        state_.SkinBitmapPath = folder_.PathOf(value);
-        return;
+        NameBitmap(value);
+        return said_.AddBitmap(value);
     }
-    SkinRect& rect = RectOf(key);
+    const std::int16_t index = RectIndexOf(key);
+    SkinRect& rect = state_.SkinRects[index];
     ParseRect(AsWritten(value), rect);
+    said_.AddRect(index, rect);
 }
 
-SkinRect& SkinParser::RectOf(std::u16string_view key) {
+std::int16_t SkinParser::RectIndexOf(std::u16string_view key) const {
     try {
-        return state_.SkinRects[ToInteger16(AsWritten(key))];
+        return ToInteger16(AsWritten(key));
     } catch (RunTimeError& error) {
         if (error.Number() == RunTimeErrorNumber::TypeMismatch)
             error.Explain(ErrorText(error.Description(),
@@ -147,6 +174,11 @@ std::u16string_view SkinParser::AsWritten(std::u16string_view part) const noexce
 }
 
 void SkinParser::ParseSkinIconEntry(std::u16string_view key, std::u16string_view value) {
+    said_.AddIcon(lineNumber_, key, value);
+    AppendIcon(key, value);
+}
+
+void SkinParser::AppendIcon(std::u16string_view key, std::u16string_view value) {
     SkinIcons& icons = state_.SkinIcons;
     SkinIcon& icon = icons.Append();
     icon.Name = key;

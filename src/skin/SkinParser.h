@@ -9,11 +9,13 @@
 //     End
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "model/ControlState.h"
 #include "render/PngSizeReading.h"
+#include "skin/SkinDefinition.h"
 #include "skin/SkinFolder.h"
 
 namespace vantik {
@@ -31,6 +33,12 @@ public:
     // All lines up to one that begins with END. A line ends with CR LF, CR or LF.
     void Parse(std::u16string_view text);
 
+    // What a parse without an error said before; with the same outcome as parsing the text again.
+    void Apply(const SkinDefinition& said);
+
+    // What was said since the parser was made; null without the memory for it.
+    std::shared_ptr<const SkinDefinition> TakeSaid() noexcept;
+
     // False when the line ends the definition.
     bool ParseLine(std::u16string_view text);
 
@@ -42,9 +50,16 @@ public:
     void ParseSkinIconEntry(std::u16string_view key, std::u16string_view value);
 
 private:
+    void Apply(const NamedBitmap& said) { NameBitmap(said.File); }
+    void Apply(const NumberedRect& said) { state_.SkinRects[said.Index] = said.Rect; }
+    void Apply(const KeyedIcon& said);
+    template <class Work>
+    void AtLine(Work work);
     void ParseContent();
     void ParseEntry(std::u16string_view entry);
-    SkinRect& RectOf(std::u16string_view key);
+    void NameBitmap(std::u16string_view file) { state_.SkinBitmapPath = folder_.PathOf(file); }
+    void AppendIcon(std::u16string_view key, std::u16string_view value);
+    std::int16_t RectIndexOf(std::u16string_view key) const;
     std::u16string_view AsWritten(std::u16string_view part) const noexcept;
 
     ControlState& state_;
@@ -55,6 +70,7 @@ private:
     std::u16string line_;           // the same in upper case
     bool started_ = false;
     std::u16string section_;
+    SkinDefinition said_;
 };
 
 } // namespace vantik

@@ -247,6 +247,7 @@ const char* const Unfailing[] = {
     "GetMessageTime",
     "GetSysColor",
     "GetSystemMetrics",
+    "GetSystemTimeAsFileTime",
     "GetTickCount",
     "IntersectRect",
     "IsRectEmpty",

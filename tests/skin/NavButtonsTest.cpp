@@ -257,6 +257,7 @@ TEST_CASE("the window paints the buttons' places again") {
 TEST_CASE("a button larger than the control is kept, as much of it as lies on the control") {
     SkinnedControl control;
     control.AddIcon(u"MENUBAR", RandomIcon(400, 390, 78));
+    control.Folder.MakeOld(u"");
     control.SetTabCount(2);
     control.RepaintAll();
     CHECK(Difference(control.Shown(), control.Expected()) == "same");

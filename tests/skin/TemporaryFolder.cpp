@@ -39,6 +39,11 @@ std::string TemporaryFolder::Read(const std::u16string& name) const {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+void TemporaryFolder::MakeOld(const std::u16string& folder) const {
+    for (const auto& file : fs::directory_iterator(path_ + u"\\" + folder))
+        fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(1));
+}
+
 void TemporaryFolder::Remove(const std::u16string& name) const { fs::remove_all(path_ + u"\\" + name); }
 
 std::string TemporaryFolder::Files(const std::u16string& folder) const {

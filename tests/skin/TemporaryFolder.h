@@ -22,6 +22,8 @@ public:
     void MakeFolder(const std::u16string& name) const;
     void Write(const std::u16string& name, std::string_view bytes) const;
     std::string Read(const std::u16string& name) const; // empty when there is no such file
+    // As if all in the folder had been written an hour ago.
+    void MakeOld(const std::u16string& folder) const;
     void Remove(const std::u16string& name) const;
     // All files in a folder by name, in alphabetical order, such as "a.png b.bmp".
     std::string Files(const std::u16string& folder) const;

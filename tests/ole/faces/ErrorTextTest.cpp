@@ -1,6 +1,8 @@
 // What hosts are told of an error besides its number.
 #include <doctest/doctest.h>
 
+#include <filesystem>
+
 #include "host/SkinBesideProgram.h"
 #include "host/TextPropertyBag.h"
 #include "host/ThreadErrorInfo.h"
@@ -119,8 +121,10 @@ TEST_CASE("A built-in skin that cannot be written says where, and what to do") {
     const std::wstring temp = ProgramFolder() + L"\\Temp";
     LooseControl control;
     REQUIRE(Loading(control, "").Caller.Result == S_OK); // makes the folder
-    const HANDLE held =
-        CreateFileW((temp + L"\\sun.png").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    // Written since, for all that the control can know.
+    const std::filesystem::path icon = temp + L"\\sun.png";
+    std::filesystem::last_write_time(icon, std::filesystem::file_time_type::clock::now());
+    const HANDLE held = CreateFileW(icon.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     REQUIRE(held != INVALID_HANDLE_VALUE);
     const Loading load(control, "");
     CloseHandle(held);
