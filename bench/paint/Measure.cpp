@@ -4,26 +4,11 @@
 #include <cstdio>
 #include <string>
 
-#include "platform/mDeclares.h"
+#include "Clock.h"
 
 namespace vantik::bench {
 
 namespace {
-
-double Now() {
-    LARGE_INTEGER counter;
-    LARGE_INTEGER frequency;
-    QueryPerformanceCounter(&counter);
-    QueryPerformanceFrequency(&frequency);
-    return 1e6 * static_cast<double>(counter.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-template <class Body>
-double TimeOf(Body body) {
-    const double start = Now();
-    body();
-    return Now() - start;
-}
 
 double Median(std::vector<double>& values) {
     std::ranges::sort(values);

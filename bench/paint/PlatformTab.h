@@ -2,11 +2,13 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "Subject.h"
 
 namespace vantik::bench {
 
-std::unique_ptr<Subject> MakePlatformTab();
+// The icon comes from a PNG file, or without one from the system.
+std::unique_ptr<Subject> MakePlatformTab(const std::wstring& icon = {});
 
 } // namespace vantik::bench

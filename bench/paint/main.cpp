@@ -1,9 +1,11 @@
-// paint_bench [TABS...]: the built control beside the platform's own tab control, in one program and in rotation. Prints
-// tables in Markdown: microseconds a call, medians of several rounds, and what they are to reach.
+// paint_bench [TABS... | form]: the built control beside the platform's own tab control, in one program and in rotation.
+// Prints tables in Markdown: microseconds a call, medians of several rounds, and what they are to reach.
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <string_view>
 
+#include "FormOfFifty.h"
 #include "FrameTab.h"
 #include "Measure.h"
 #include "PlatformTab.h"
@@ -73,6 +75,10 @@ std::vector<int> Sizes(int count, char** arguments) {
 int main(int count, char** arguments) {
     using namespace vantik::bench;
     try {
+        if (count > 1 && std::string_view(arguments[1]) == "form") {
+            MeasureFormOfFifty();
+            return 0;
+        }
         Table table({"top", "left", "top, plain host", "SysTabControl32"});
         for (const int tabs : Sizes(count, arguments)) MeasureAt(tabs, table);
         std::printf("\n");
@@ -80,6 +86,8 @@ int main(int count, char** arguments) {
         MeasureHiddenTabs(hidden);
         std::printf("\n");
         PrintTargets(table, hidden);
+        std::printf("\n");
+        MeasureFormOfFifty();
         return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "paint_bench: %s\n", error.what());
