@@ -66,12 +66,32 @@ void VantikFrameTab::UserControl_MouseDown(std::int16_t button, std::int16_t /*s
             SwitchByUser(state_.HoverTab, button);
         }
     } else {
-        host_.Events().TabClose(state_.HoverCloseTab);
-        RemoveTab(state_.HoverCloseTab);
-        state_.HoverCloseTab = -1;
-        RedrawBars();
+        CloseHoveredTab();
     }
     HitTestButtons(seen, TwipsToPixels(x, host_.TwipsPerPixelX()), TwipsToPixels(y, host_.TwipsPerPixelY()));
+}
+
+// The hover state is the event's by-reference argument.
+void VantikFrameTab::CloseHoveredTab() {
+    host_.Events().TabClose(state_.HoverCloseTab);
+    RemoveTab(state_.HoverCloseTab);
+    state_.HoverCloseTab = -1;
+    RedrawBars();
+}
+
+void VantikFrameTab::ChooseTab(std::int16_t index) {
+    if (index != ActiveTab()) SwitchByUser(index, 0);
+}
+
+void VantikFrameTab::PressCloseButton(std::int16_t tab) {
+    EndCloseHover();
+    state_.HoverCloseTab = tab;
+    CloseHoveredTab();
+}
+
+void VantikFrameTab::PressBesideRow(std::int32_t x, std::int32_t y) {
+    HitTestButtons({NavButtonRects(state_), RowRect(state_)}, x, y);
+    UserControl_MouseUp(0, 0, 0, 0);
 }
 
 // A press means the button that was seen under the pointer: by now the press itself may have moved the row. The button

@@ -91,6 +91,12 @@ public:
     void UserControl_WindowCreated(); // host.hWnd() is there now
     void EndHover();                  // the pointer or its capture was lost
 
+    // What a press or a key does, for those who use the control by other means. Each raises the events of the press; a tab
+    // is chosen as by a key. Positions in pixels.
+    void ChooseTab(std::int16_t index);
+    void PressCloseButton(std::int16_t tab);
+    void PressBesideRow(std::int32_t x, std::int32_t y);
+
     // To be called whenever somebody is going to look at the surface. Never raises.
     void UserControl_Paint() noexcept;
 
@@ -131,6 +137,7 @@ private:
         LayoutRect Bars;
     };
     void HitTestButtons(const SeenButtons& seen, std::int32_t x, std::int32_t y);
+    void CloseHoveredTab();
     void HoverCloseButton(std::int16_t tab);
     void EndCloseHover();
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <functional>
 
+#include "acctree/TreeText.h"
 #include "host/TextPropertyBag.h"
 #include "host/TypeAttributes.h"
 #include "hostile/ModuleMemory.h"
@@ -423,6 +424,35 @@ TEST_CASE("memory fails in every event, and in whatever leads to it") {
         sweep("the wheel", [&] {
             SendMessageW(s.InWindow.Window(), WM_MOUSEWHEEL, MAKEWPARAM(0, turn), MAKELPARAM(20, 10));
         });
+}
+
+TEST_CASE("memory fails in whatever a screen reader asks and does") {
+    Subject s;
+    const HWND window = s.InWindow.Window();
+    const auto row = [&] { return Node::OfWindow(window); };
+    REQUIRE(row()->Children().size() > 4);
+    s.Sweep("the tree", [&] {
+        if (const auto root = row()) TreeText(*root, {});
+        return S_OK;
+    });
+    const Node root = *row();
+    const VARIANT self = root.Id();
+    for (std::size_t child = 0; child < 7; ++child) {
+        CAPTURE(child);
+        s.Sweep("an action", [&] {
+            const auto children = root.Children();
+            if (child < children.size()) children[child]->accDoDefaultAction(self);
+            return S_OK;
+        });
+    }
+    s.Sweep("navigation and hit tests", [&] {
+        for (LONG direction = NAVDIR_UP; direction <= NAVDIR_LASTCHILD; ++direction) root.Navigate(direction);
+        const RECT place = root.Place();
+        root.HitTest({place.left + 20, place.top + 10});
+        root.Focus();
+        root.Selection();
+        return S_OK;
+    });
 }
 
 TEST_CASE("memory fails in every message of the window") {

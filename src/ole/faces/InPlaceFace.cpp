@@ -1,8 +1,8 @@
 #include "ole/faces/InPlaceFace.h"
 
 #include "ole/control/Control.h"
+#include "ole/control/InputState.h"
 #include "ole/window/Activation.h"
-#include "ole/window/InputState.h"
 
 namespace vantik {
 

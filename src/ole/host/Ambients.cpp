@@ -37,6 +37,11 @@ ComPtr<IFontDisp> Ambients::Font() {
     return StandardFont();
 }
 
+std::u16string Ambients::DisplayName() const {
+    Variant value;
+    return Read(DISPID_AMBIENT_DISPLAYNAME, VT_BSTR, value) ? FromBstr(value.bstrVal) : std::u16string();
+}
+
 void Ambients::Changed(DISPID property) noexcept {
     if (property == DISPID_AMBIENT_USERMODE || property == DISPID_UNKNOWN) userMode_.reset();
     if (property == DISPID_AMBIENT_UIDEAD || property == DISPID_UNKNOWN) uiDead_.reset();

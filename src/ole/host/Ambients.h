@@ -19,6 +19,9 @@ public:
     // host has none.
     ComPtr<IFontDisp> Font();
 
+    // What the host calls the control, for messages; empty where it does not say.
+    std::u16string DisplayName() const;
+
     // DISPID_UNKNOWN: several changed.
     void Changed(DISPID property) noexcept;
 

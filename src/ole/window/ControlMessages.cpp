@@ -1,8 +1,8 @@
 #include "ole/window/ControlMessages.h"
 
 #include "ole/control/Control.h"
+#include "ole/control/InputState.h"
 #include "ole/window/Activation.h"
-#include "ole/window/InputState.h"
 #include "platform/Shortage.h"
 
 namespace vantik {
@@ -87,6 +87,9 @@ std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
     case WM_KILLFOCUS: activation_.FocusChanged(message.Number == WM_SETFOCUS); return 0;
     case WM_MOUSEWHEEL: return wheel_.HandOn(message);
     case WM_GETDLGCODE: return DLGC_WANTARROWS;
+    case WM_GETOBJECT:
+        if (static_cast<LONG>(message.LParam) != OBJID_CLIENT) return std::nullopt;
+        return accessibility_.Answer(message.WParam);
     case WM_KEYDOWN:
         if (KeyDown(message.WParam)) return 0;
         return std::nullopt;

@@ -1,6 +1,7 @@
 // What the messages of the control's window do.
 #pragma once
 
+#include "ole/accessible/Accessibility.h"
 #include "ole/window/ControlWindow.h"
 #include "ole/window/PointerInput.h"
 #include "ole/window/WheelInput.h"
@@ -13,7 +14,11 @@ class Activation;
 class ControlMessages final : public MessageHandler {
 public:
     ControlMessages(Control& control, Activation& activation) noexcept
-        : control_(control), activation_(activation), pointer_(control, activation), wheel_(control) {}
+        : control_(control),
+          activation_(activation),
+          pointer_(control, activation),
+          wheel_(control),
+          accessibility_(control) {}
 
     std::optional<LRESULT> Handle(const Message& message) override;
     void Failed(const Message& message) noexcept override;
@@ -33,6 +38,7 @@ private:
     Activation& activation_;
     PointerInput pointer_;
     WheelInput wheel_;
+    Accessibility accessibility_;
     RepeatedFailure copying_, sizing_;
 };
 

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "ole/control/Control.h"
+#include "ole/control/InputState.h"
 #include "ole/window/Activation.h"
-#include "ole/window/InputState.h"
 #include "ole/window/PointerPath.h"
 
 namespace vantik {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ole/window/InputState.h"
+#include "ole/control/InputState.h"
 
 namespace vantik {
 

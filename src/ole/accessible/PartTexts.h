@@ -1,0 +1,15 @@
+// What is said of the parts, in the user's language.
+#pragma once
+
+#include <string>
+
+#include "ole/accessible/Part.h"
+#include "ole/control/Control.h"
+
+namespace vantik {
+
+std::u16string NameOf(const Control& control, const Part& part);
+std::u16string DescriptionOf(const Control& control, const Part& part); // empty for most
+std::u16string DefaultActionOf(const Part& part);                       // empty for none
+
+} // namespace vantik

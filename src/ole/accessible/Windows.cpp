@@ -1,0 +1,44 @@
+#include "ole/accessible/Windows.h"
+
+namespace vantik {
+
+namespace {
+
+// Controls on other pages stand far outside, visible as ever.
+bool ShowsIn(HWND child, const RECT& client) noexcept {
+    RECT place = {}, common = {};
+    return (GetWindowLongPtrW(child, GWL_STYLE) & WS_VISIBLE) && GetWindowRect(child, &place) &&
+           IntersectRect(&common, &place, &client);
+}
+
+RECT ClientOnScreen(HWND window) noexcept {
+    RECT client = {};
+    GetClientRect(window, &client);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&client), 2);
+    return client;
+}
+
+} // namespace
+
+std::vector<HWND> ShownChildren(HWND window) {
+    std::vector<HWND> shown;
+    const RECT client = ClientOnScreen(window);
+    for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if (ShowsIn(child, client)) shown.push_back(child);
+    return shown;
+}
+
+HWND ShownChildAt(HWND window, POINT screen) noexcept {
+    ScreenToClient(window, &screen);
+    const HWND found = ChildWindowFromPointEx(window, screen, CWP_SKIPINVISIBLE);
+    return found == window ? nullptr : found;
+}
+
+HWND FocusedChild(HWND window) noexcept {
+    HWND focused = GetFocus();
+    if (!IsChild(window, focused)) return nullptr;
+    while (GetAncestor(focused, GA_PARENT) != window) focused = GetAncestor(focused, GA_PARENT);
+    return focused;
+}
+
+} // namespace vantik
