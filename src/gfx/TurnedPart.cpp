@@ -105,6 +105,10 @@ void TurnedPart::DrawMasked(HDC target, POINT to) const {
     picture.Draw(target, to, SRCPAINT);
 }
 
+void TurnedPart::Stretch(HDC target, const RECT& place) const noexcept {
+    DrawRows(target, place, size_, pixels_.data());
+}
+
 void TurnedPart::Repeat(HDC target, POINT to, std::int32_t repeats) const noexcept {
     if (pixels_.empty()) return;
     const ExactStretching exact(target);

@@ -21,6 +21,9 @@ public:
     void Draw(HDC target, POINT to) const noexcept { Draw(target, to, SRCCOPY); }
     void DrawMasked(HDC target, POINT to) const; // pixels of the key colour leave the target unchanged
 
+    // Of an unturned rectangle that lies in the rows: as GDI stretches pictures.
+    void Stretch(HDC target, const RECT& place) const noexcept;
+
     // Of a column: side by side `repeats` times.
     void Repeat(HDC target, POINT to, std::int32_t repeats) const noexcept;
 

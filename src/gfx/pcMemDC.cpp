@@ -59,6 +59,10 @@ SIZE SizeOf(HBITMAP bitmap) noexcept {
 
 constexpr WORD RowsDepth = 32;
 
+COLORREF ColourOf(std::uint32_t pixel) noexcept {
+    return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
+}
+
 BITMAPINFO FormatOf(SIZE size) noexcept {
     BITMAPINFO format = {};
     format.bmiHeader = {sizeof format.bmiHeader, size.cx, -size.cy, 1, RowsDepth, BI_RGB, 0, 0, 0, 0, 0};
@@ -81,6 +85,7 @@ void pcMemDC::height(std::int32_t value) {
 }
 
 HDC pcMemDC::hdc() noexcept {
+    Make();
     drawnByOthers_ = true;
     return MemDC;
 }
@@ -127,6 +132,8 @@ void pcMemDC::DestroySurface() noexcept {
 bool pcMemDC::Grow(SIZE size, Creation create) {
     if (size.cx > Width || size.cy > Height)
         (this->*create)(std::max<std::int32_t>(size.cx, Width), std::max<std::int32_t>(size.cy, Height));
+    else
+        Make();
     rows_.reset();
     return MemDC != nullptr;
 }
@@ -152,14 +159,41 @@ bool pcMemDC::CreateFromPicture(IPictureDisp* picture) {
 }
 
 bool pcMemDC::CreateFromRows(std::shared_ptr<const PixelRows> rows) {
-    if (!Grow({rows->Width, rows->Height}, &pcMemDC::CreateSection)) return false;
-    const auto height = static_cast<UINT>(rows->Height);
-    const BITMAPINFO format = FormatOf({rows->Width, rows->Height});
-    const bool copied = SetDIBitsToDevice(MemDC, 0, 0, static_cast<DWORD>(rows->Width), height, 0, 0, 0,
-                                          height, rows->Pixels.data(), &format, DIB_RGB_COLORS) != 0;
+    if (MemDC || rows->Width < Width || rows->Height < Height)
+        return Grow({rows->Width, rows->Height}, &pcMemDC::CreateSection) && CopyRows(*rows);
+    Borrow(std::move(rows));
+    return true;
+}
+
+// Nobody needs a surface of his own before somebody may draw on it.
+void pcMemDC::Borrow(std::shared_ptr<const PixelRows> rows) noexcept {
+    Width = rows->Width;
+    Height = rows->Height;
+    rows_ = std::move(rows);
+}
+
+bool pcMemDC::CopyRows(const PixelRows& rows) noexcept {
+    const auto height = static_cast<UINT>(rows.Height);
+    const BITMAPINFO format = FormatOf({rows.Width, rows.Height});
+    const bool copied = SetDIBitsToDevice(MemDC, 0, 0, static_cast<DWORD>(rows.Width), height, 0, 0, 0,
+                                          height, rows.Pixels.data(), &format, DIB_RGB_COLORS) != 0;
     TellShortageUnless(copied);
-    if (copied && rows->Width == Width && rows->Height == Height) rows_ = std::move(rows);
     return copied;
+}
+
+// The rows stay what the surface shows, also where it cannot be had this time.
+void pcMemDC::Make() noexcept {
+    if (MemDC || !rows_) return;
+    auto rows = std::move(rows_);
+    CreateSection(rows->Width, rows->Height);
+    if (MemDC && !CopyRows(*rows)) DestroySurface();
+    Borrow(std::move(rows));
+}
+
+const PixelRows* pcMemDC::BorrowedPart(POINT source, SIZE size) const noexcept {
+    const bool isInside = source.x >= 0 && source.y >= 0 && size.cx > 0 && size.cy > 0 &&
+                          size.cx <= Width - source.x && size.cy <= Height - source.y;
+    return !MemDC && isInside ? rows_.get() : nullptr;
 }
 
 // A surface of fewer colours than rows have would give them to all the others.
@@ -173,7 +207,7 @@ std::shared_ptr<const PixelRows> pcMemDC::RowsOfAll(SIZE size) noexcept try {
 
 // A bitmap must not be selected while its rows are read.
 const PixelRows* pcMemDC::Rows() {
-    if (!MemDC || Width < 1 || Height < 1) return nullptr;
+    if (Width < 1 || Height < 1) return nullptr;
     if (rows_ && !drawnByOthers_) return rows_.get();
     auto rows = std::make_shared<PixelRows>(PixelRows{Width, Height, {}});
     rows->Pixels.resize(static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height));
@@ -192,10 +226,17 @@ void pcMemDC::StretchDraw(HDC target, std::int32_t xDst, std::int32_t yDst, std:
                           std::int32_t heightDst, std::int32_t xSrc, std::int32_t ySrc, std::int32_t widthSrc,
                           std::int32_t heightSrc) {
     const std::int32_t width = OrAll(widthSrc, Width), height = OrAll(heightSrc, Height);
+    const PixelRows* borrowed = BorrowedPart({xSrc, ySrc}, {width, height});
+    if (!borrowed) Make();
     const bool onePixel = width == 1 && height == 1 && widthDst > 0 && heightDst > 0;
     if (onePixel && std::int64_t{widthDst} * heightDst >= LargeArea)
-        return FillWith(target, GetPixel(MemDC, xSrc, ySrc), xDst, yDst, widthDst, heightDst);
-    if (!MemDC || !widthDst || !heightDst) return;
+        return FillWith(target, borrowed ? ColourOf(borrowed->Row(ySrc)[xSrc]) : GetPixel(MemDC, xSrc, ySrc),
+                        xDst, yDst, widthDst, heightDst);
+    if (!widthDst || !heightDst) return;
+    if (borrowed)
+        return TurnedPart(*borrowed, {xSrc, ySrc}, {width, height}, Turn::Plain)
+            .Stretch(target, {xDst, yDst, xDst + widthDst, yDst + heightDst});
+    if (!MemDC) return;
     TellShortageUnless(
         StretchBlt(target, xDst, yDst, widthDst, heightDst, MemDC, xSrc, ySrc, width, height, SRCCOPY));
 }
@@ -240,7 +281,10 @@ void pcMemDC::Draw(HDC target, std::int32_t xSrc, std::int32_t ySrc, std::int32_
     if (useMask && !rows) return;
     if (rows && HasKey(*rows, {xSrc, ySrc}, {width, height})) {
         TurnedPart(*rows, {xSrc, ySrc}, {width, height}, Turn::Plain).DrawMasked(target, {xDst, yDst});
+    } else if (const PixelRows* borrowed = BorrowedPart({xSrc, ySrc}, {width, height})) {
+        TurnedPart(*borrowed, {xSrc, ySrc}, {width, height}, Turn::Plain).Draw(target, {xDst, yDst});
     } else {
+        Make();
         TellShortageUnless(!MemDC || BitBlt(target, xDst, yDst, width, height, MemDC, xSrc, ySrc, SRCCOPY));
     }
 }

@@ -69,7 +69,7 @@ public:
     // where there are no resources for it.
     bool CreateFromPicture(IPictureDisp* picture);
 
-    // The same from what another surface got of a picture.
+    // The same from what another surface got of a picture. The rows are borrowed until somebody may draw on the surface.
     bool CreateFromRows(std::shared_ptr<const PixelRows> rows);
 
     // What a surface of just this size shows, exactly; else null, also where there are no resources for it.
@@ -85,9 +85,14 @@ private:
     void Own(HDC dc, HBITMAP bitmap, SIZE size);
     using Creation = void (pcMemDC::*)(std::int32_t, std::int32_t);
     bool Grow(SIZE size, Creation create);
+    void Borrow(std::shared_ptr<const PixelRows> rows) noexcept;
+    bool CopyRows(const PixelRows& rows) noexcept;
+    void Make() noexcept;
+    const PixelRows* BorrowedPart(POINT source,
+                                  SIZE size) const noexcept; // null when it has to be the surface's
     const PixelRows* Rows();
 
-    HDC MemDC = nullptr;
+    HDC MemDC = nullptr; // null without a surface, and while the rows are borrowed
     HBITMAP MemBitmap = nullptr;
     HGDIOBJ OldBitmap = nullptr;
     std::int32_t Width = 0;

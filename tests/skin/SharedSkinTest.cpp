@@ -84,6 +84,29 @@ struct Control {
         draw(&pcMemDC::Plg180Draw, 22);
         draw(&pcMemDC::Plg270Draw, 32);
         skin.Stretch270Draw(surface.DC(), 40, 40, 1, 9, 3, 1, 1, 6);
+        skin.StretchDraw(surface.DC(), 20, 2, 9, 7, 1, 0, 3, 2);
+        skin.StretchDraw(surface.DC(), 45, 20, -9, 7, 1, 0, 3, 2);
+        skin.Draw(surface.DC(), 2, 1, 2, 3, 31, 2);
+        skin.StretchDraw(surface.DC(), 0, 56, 60, 4, 3, 2, 1, 1);
+        TestSurface large(100, 100);
+        skin.StretchDraw(large.DC(), 0, 0, 100, 100, 3, 2, 1, 1);
+        surface.Write([&] {
+            Pixels pixels = surface.Read();
+            pixels.Set(59, 0, large.Read().At(99, 99));
+            return pixels;
+        }());
+        return surface.Read();
+    }
+
+    // Beyond the edges of the skin.
+    Pixels PiecesBeyond() {
+        TestSurface surface(Patterned(60, 60, 5));
+        pcMemDC& skin = Surfaces.SkinDC;
+        const std::int32_t right = skin.width() - 2, bottom = skin.height() - 2;
+        skin.Draw(surface.DC(), right, bottom, 5, 5, 2, 2);
+        skin.Draw(surface.DC(), -2, -1, 5, 5, 12, 2);
+        skin.Draw(surface.DC(), right, bottom, 5, 5, 22, 2, true);
+        skin.StretchDraw(surface.DC(), 2, 30, 20, 20, right, bottom, 4, 4);
         return surface.Read();
     }
 };
@@ -91,6 +114,8 @@ struct Control {
 void CheckSame(Control& control, Control& expected) {
     CHECK(control.Held() == expected.Held());
     CHECK(Difference(control.Surface(), expected.Surface()) == "same");
+    CHECK(Difference(control.Pieces(), expected.Pieces()) == "same");
+    CHECK(Difference(control.PiecesBeyond(), expected.PiecesBeyond()) == "same");
     CHECK(Difference(control.Pieces(), expected.Pieces()) == "same");
 }
 
