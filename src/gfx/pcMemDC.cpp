@@ -216,8 +216,10 @@ const PixelRows* pcMemDC::Rows() {
     const HGDIOBJ selected = SelectObject(MemDC, OldBitmap);
     const int count = GetDIBits(MemDC, MemBitmap, 0, static_cast<UINT>(Height), rows->Pixels.data(), &format,
                                 DIB_RGB_COLORS);
-    SelectObject(MemDC, selected);
-    TellShortageUnless(count != 0);
+    const bool isBack = !selected || SelectObject(MemDC, selected);
+    TellShortageUnless(count != 0 && isBack);
+    if (!isBack) DestroySurface(); // nothing would be drawn from it any more, and nothing on it
+    if (count && !isBack) Borrow(rows);
     rows_ = count ? std::move(rows) : nullptr;
     return rows_.get();
 }

@@ -174,4 +174,17 @@ TEST_CASE("whichever call of the system fails, the control looks afterwards as a
     }
 }
 
+// A surface whose bitmap was taken out to be read, and is not taken back, is no surface any more.
+TEST_CASE("each of the first objects that a context refuses leaves nothing behind") {
+    const OleApartment apartment;
+    const Snapshot expected = Stage().Recovered();
+    for (FaultyImport& import : FaultyImports()) {
+        if (import.Name != std::string_view("SelectObject")) continue;
+        for (long from = 1; from <= 16; ++from) {
+            CAPTURE(from);
+            CheckThatItRecovers(import, from, 1, expected);
+        }
+    }
+}
+
 } // namespace vantik
