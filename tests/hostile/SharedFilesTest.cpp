@@ -45,8 +45,11 @@ public:
         const auto bag = MakeCom<TextPropertyBag>();
         bag->Parse(Properties(skin));
         form_.OpenFrom(*bag.Get());
-        for (std::int16_t index = 0; index < 4; ++index)
+        for (std::int16_t index = 0; index < 4; ++index) {
             Call(form_.Control(), L"SetBarIco", {index, index % 2 ? L"sun" : L"handno"});
+            // No text: drawn by several threads at once its letters may stand a pixel aside, and it comes from no file.
+            Call(form_.Control(), L"SetBarCaption", {index, L"", true});
+        }
     }
     Snapshot Show() {
         PumpMessages(form_);
