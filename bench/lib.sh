@@ -6,11 +6,11 @@ source "$(dirname "${BASH_SOURCE[0]}")/../scripts/lib/setup.sh"
 
 Page=$Root/docs/performance.md
 
-# run_windows_bench PRESET PROGRAM — what it prints, in a prefix of its own.
+# run_windows_bench PRESET PROGRAM [ARGUMENT...] — what it prints, in a prefix of its own.
 run_windows_bench() {
     (
         wine_environment bench
-        timeout -k 10 600 wine "$BuildFolder/$1/bench/$2.exe" | tr -d '\r'
+        timeout -k 10 600 wine "$BuildFolder/$1/bench/$2.exe" "${@:3}" | tr -d '\r'
     ) || fail "Measuring $1" "see what the program said above"
 }
 

@@ -1,5 +1,5 @@
 // load_bench MODULE...: how long the system takes to load each module and to let it go, in one program and in rotation.
-// Prints a table in Markdown: bytes of the file, microseconds as medians of many rounds.
+// Prints a table in Markdown: name and bytes of the file, microseconds as medians of many rounds.
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -46,7 +46,7 @@ double Median(std::vector<double> times) {
 void Print(const std::vector<Module>& modules) {
     std::puts("| module | bytes | load, microseconds | free, microseconds |\n|---|---|---|---|");
     for (const Module& module : modules) {
-        std::printf("| %s | %llu | %.0f | %.0f |\n", module.File.string().c_str(),
+        std::printf("| %s | %llu | %.0f | %.0f |\n", module.File.filename().string().c_str(),
                     static_cast<unsigned long long>(file_size(module.File)), Median(module.Load),
                     Median(module.Free));
     }
