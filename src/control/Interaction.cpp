@@ -83,10 +83,16 @@ void VantikFrameTab::ChooseTab(std::int16_t index) {
     if (index != ActiveTab()) SwitchByUser(index, 0);
 }
 
+// No pointer is there whose next move would end the hover that an error leaves behind.
 void VantikFrameTab::PressCloseButton(std::int16_t tab) {
     EndCloseHover();
     state_.HoverCloseTab = tab;
-    CloseHoveredTab();
+    try {
+        CloseHoveredTab();
+    } catch (...) {
+        state_.HoverCloseTab = -1;
+        throw;
+    }
 }
 
 void VantikFrameTab::PressBesideRow(std::int32_t x, std::int32_t y) {

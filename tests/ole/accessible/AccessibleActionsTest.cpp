@@ -71,6 +71,33 @@ TEST_CASE("a close button's action raises the event, closes the tab and leaves n
     CHECK(told.Count() == 6);
 }
 
+TEST_CASE("an error of the handler is the answer, and no press elsewhere closes the tab afterwards") {
+    const Seven control;
+    control.InWindow->Events().Result = E_FAIL;
+    CHECK(Act(control.Child(1).Children().front()) == E_FAIL);
+    control.InWindow->Events().Result = S_OK;
+    CHECK(control.Events() == "TabClose 1");
+    SendMessageW(control.Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 100)); // no move came before
+    SendMessageW(control.Window(), WM_LBUTTONUP, 0, MAKELPARAM(20, 100));
+    CHECK(control.Events() == "");
+    CHECK(control.Count() == 7);
+}
+
+TEST_CASE("the pointer over a button shows in its state") {
+    const Seven control;
+    const Node close = control.Child(1).Children().front(), next = control.Child(Next);
+    CHECK(!(close.State() & STATE_SYSTEM_HOTTRACKED));
+    control.InWindow->Move(MiddleOf(control, control.Child(1)));
+    control.InWindow->Move(MiddleOf(control, close));
+    CHECK((close.State() & STATE_SYSTEM_HOTTRACKED));
+    const RECT place = next.Place();
+    SetForegroundWindow(control.InWindow->Site().Window);
+    SetCursorPos(place.left - 40, place.bottom + 60);
+    CHECK(!(next.State() & STATE_SYSTEM_HOTTRACKED));
+    SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+    CHECK((next.State() & (STATE_SYSTEM_HOTTRACKED | STATE_SYSTEM_PRESSED)) == STATE_SYSTEM_HOTTRACKED);
+}
+
 TEST_CASE("the buttons beside the row do what a press on them does") {
     const Seven pressed, told;
     for (const std::size_t button : {Next, Next, Previous, Menu}) {

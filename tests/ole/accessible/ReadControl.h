@@ -14,6 +14,7 @@ struct ReadControl : LooseControl {
     std::optional<WindowedControl> InWindow{std::in_place, As<IUnknown>(), RECT{10, 10, 390, 210}};
 
     explicit ReadControl(short tabs = 3) {
+        SetCursorPos(900, 700); // the pointer shows in the states
         Tab->put_BarWidth(60);
         Tab->put_TabCount(tabs);
         Tab->put_ActiveTab(0);

@@ -26,7 +26,7 @@ STDMETHODIMP EventLog::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* paramet
         log_ += " " + std::to_string(*argument);
     }
     if (During) During(name, first);
-    return S_OK;
+    return Result;
 }
 
 WindowedControl::WindowedControl(const ComPtr<IUnknown>& control, const RECT& place)

@@ -22,6 +22,8 @@ public:
     // Sees each event after it was logged and may change its first argument; without arguments it gets none.
     std::function<void(const std::string& name, std::int16_t* argument)> During;
 
+    HRESULT Result = S_OK; // what the handler returns
+
     STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
         *count = 0;
         return S_OK;
