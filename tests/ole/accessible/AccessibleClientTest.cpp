@@ -98,6 +98,21 @@ TEST_CASE("another process reads the same tree, and finds nothing wrong with it"
     CHECK(check.ExitCode() == 0);
 }
 
+TEST_CASE("acctree says how it is used, and what it does not find") {
+    const auto codeOf = [](const wchar_t* arguments, const char* said) {
+        Running reader(arguments);
+        REQUIRE(reader.WaitWhile([] {}));
+        CHECK(reader.Output().find(said) == 0);
+        return reader.ExitCode();
+    };
+    CHECK(codeOf(L"--help", "usage: acctree") == 0);
+    for (const wchar_t* wrong :
+         {L"", L"--verbose 0x1", L"0x1 0x2", L"--wait", L"--wait x 0x1", L"--check --until-gone 0x1"})
+        CHECK(codeOf(wrong, "usage: acctree") == 2);
+    CHECK(codeOf(L"0x1", "acctree: there is no such window") == 1);
+    CHECK(codeOf(L"\"no form has this title\"", "acctree: there is no such window") == 1);
+}
+
 TEST_CASE("another process reads on while tabs come, go and scroll, and until the control is gone") {
     ReadControl control(7);
     int step = 0;

@@ -152,6 +152,26 @@ TEST_CASE("twenty thousand calls with anything, while the host's handlers change
     CHECK(control.Tree().find("(2 of 2)") != std::string::npos);
 }
 
+TEST_CASE("children are enumerated on from where a copy was taken") {
+    const ReadControl control;
+    const auto children = QueryFor<IEnumVARIANT>(control.Root().operator->());
+    CHECK(children->Skip(2) == S_OK);
+    ComPtr<IEnumVARIANT> copy;
+    REQUIRE(children->Clone(copy.Put()) == S_OK);
+    CHECK(children->Reset() == S_OK);
+    const auto nameOfNext = [](IEnumVARIANT& from) {
+        VARIANT item = {};
+        if (from.Next(1, &item, nullptr) != S_OK) return std::wstring(L"none");
+        const auto node = Node::From(Node(nullptr), item);
+        VariantClear(&item);
+        return node->Name();
+    };
+    CHECK(nameOfNext(*copy.Get()) == L"Tab2");
+    CHECK(nameOfNext(*children.Get()) == L"Tab0");
+    CHECK(copy->Skip(99) == S_FALSE);
+    CHECK(nameOfNext(*copy.Get()) == L"none");
+}
+
 TEST_CASE("the members answer by name, too") {
     const ReadControl control;
     const auto root = QueryFor<IDispatch>(control.Root().operator->());
