@@ -112,14 +112,14 @@ void VantikFrameTab::HitTestButtons(const SeenButtons& seen, std::int32_t x, std
     const ButtonRects buttons = NavButtonRects(state_);
     if (hit(seen.Rects.Previous) &&
         decorations_.DrawPrevButton(buttons.Previous.Left, buttons.Previous.Top, True) &&
-        layout.FirstVisibleTab > 0) {
+        state_.HasTabsBefore()) {
         layout.FirstVisibleTab = Subtract16(layout.FirstVisibleTab, 1);
         RedrawBars();
         host_.Events().PreTabDown(layout.FirstVisibleTab);
         return;
     }
     if (hit(seen.Rects.Next) && decorations_.DrawNextButton(buttons.Next.Left, buttons.Next.Top, True) &&
-        TabCount() - (layout.FirstVisibleTab + layout.VisibleBarCount) > 0) {
+        state_.HasTabsBehind()) {
         layout.FirstVisibleTab = Add16(layout.FirstVisibleTab, 1);
         RedrawBars();
         host_.Events().NextTabDown(layout.FirstVisibleTab);

@@ -40,6 +40,12 @@ struct ControlState {
         return tab == HoverTab ? BarHover : BarNormal;
     }
 
+    // Whether there are tabs before the first bar, and behind the last one.
+    bool HasTabsBefore() const noexcept { return Layout.FirstVisibleTab > 0; }
+    bool HasTabsBehind() const noexcept {
+        return Properties.TabCount - (Layout.FirstVisibleTab + Layout.VisibleBarCount) > 0;
+    }
+
     // Whether the index names a tab.
     bool HasTab(std::int16_t index) const noexcept { return index >= 0 && index < Properties.TabCount; }
 };

@@ -35,10 +35,8 @@ LONG TabState(const ControlState& state, std::int16_t tab, bool controlHasFocus)
 
 // Whether a press would scroll nothing.
 bool IsGreyed(const ControlState& state, PartKind button) noexcept {
-    const LayoutCache& layout = state.Layout;
-    if (button == PartKind::PreviousButton) return layout.FirstVisibleTab < 1;
-    return button == PartKind::NextButton &&
-           state.Properties.TabCount - (layout.FirstVisibleTab + layout.VisibleBarCount) < 1;
+    if (button == PartKind::PreviousButton) return !state.HasTabsBefore();
+    return button == PartKind::NextButton && !state.HasTabsBehind();
 }
 
 LONG ButtonState(const Control& control, const Part& part) {
