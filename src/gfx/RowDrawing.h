@@ -7,7 +7,12 @@
 
 namespace vantik {
 
-// Rows of `size` from the top, 0xRRGGBB in each pixel's low 24 bits, stretched to the place.
+inline constexpr WORD RowsDepth = 32;
+
+// Of rows from the top, 0xRRGGBB in each pixel's low 24 bits.
+BITMAPINFO FormatOfRows(SIZE size) noexcept;
+
+// Such rows, stretched to the place.
 void DrawRows(HDC target, const RECT& place, SIZE size, const std::uint32_t* rows,
               DWORD operation = SRCCOPY) noexcept;
 

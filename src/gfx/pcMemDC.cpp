@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/Checked.h"
+#include "gfx/RowDrawing.h"
 #include "gfx/TurnedPart.h"
 #include "platform/Doubt.h"
 #include "platform/Shortage.h"
@@ -57,16 +58,8 @@ SIZE SizeOf(HBITMAP bitmap) noexcept {
     return {description.bmWidth, description.bmHeight};
 }
 
-constexpr WORD RowsDepth = 32;
-
 COLORREF ColourOf(std::uint32_t pixel) noexcept {
     return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
-}
-
-BITMAPINFO FormatOf(SIZE size) noexcept {
-    BITMAPINFO format = {};
-    format.bmiHeader = {sizeof format.bmiHeader, size.cx, -size.cy, 1, RowsDepth, BI_RGB, 0, 0, 0, 0, 0};
-    return format;
 }
 
 } // namespace
@@ -101,7 +94,7 @@ void pcMemDC::CreateSurface(std::int32_t newWidth, std::int32_t newHeight) {
 // For what is known to be of as many colours as rows have: no display needs to be asked.
 void pcMemDC::CreateSection(std::int32_t newWidth, std::int32_t newHeight) {
     DestroySurface();
-    const BITMAPINFO format = FormatOf({newWidth, newHeight});
+    const BITMAPINFO format = FormatOfRows({newWidth, newHeight});
     void* bits = nullptr;
     Own(CreateCompatibleDC(nullptr), CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0),
         {newWidth, newHeight});
@@ -174,7 +167,7 @@ void pcMemDC::Borrow(std::shared_ptr<const PixelRows> rows) noexcept {
 
 bool pcMemDC::CopyRows(const PixelRows& rows) noexcept {
     const auto height = static_cast<UINT>(rows.Height);
-    const BITMAPINFO format = FormatOf({rows.Width, rows.Height});
+    const BITMAPINFO format = FormatOfRows({rows.Width, rows.Height});
     const bool copied = SetDIBitsToDevice(MemDC, 0, 0, static_cast<DWORD>(rows.Width), height, 0, 0, 0,
                                           height, rows.Pixels.data(), &format, DIB_RGB_COLORS) != 0;
     TellShortageUnless(copied);
@@ -211,16 +204,16 @@ const PixelRows* pcMemDC::Rows() {
     if (rows_ && !drawnByOthers_) return rows_.get();
     auto rows = std::make_shared<PixelRows>(PixelRows{Width, Height, {}});
     rows->Pixels.resize(static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height));
-    BITMAPINFO format = FormatOf({Width, Height});
+    BITMAPINFO format = FormatOfRows({Width, Height});
     GdiFlush();
     const HGDIOBJ selected = SelectObject(MemDC, OldBitmap);
     const int count = GetDIBits(MemDC, MemBitmap, 0, static_cast<UINT>(Height), rows->Pixels.data(), &format,
                                 DIB_RGB_COLORS);
     const bool isBack = !selected || SelectObject(MemDC, selected);
     TellShortageUnless(count != 0 && isBack);
+    rows_.reset();
     if (!isBack) DestroySurface(); // nothing would be drawn from it any more, and nothing on it
-    if (count && !isBack) Borrow(rows);
-    rows_ = count ? std::move(rows) : nullptr;
+    if (count) Borrow(std::move(rows));
     return rows_.get();
 }
 
