@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "ole/accessible/TextNumbers.h"
-#include "ole/com/LateBound.h"
+#include "ole/host/ExtenderChild.h"
 #include "platform/Module.h"
 
 namespace vantik {
@@ -57,13 +57,11 @@ std::u16string TabName(const ControlState& state, std::int16_t tab) {
 }
 
 std::u16string ExtenderName(const Control& control) {
-    Variant name;
     try {
-        GetProperty(control.Site.ExtendedControl().Get(), L"Name", name);
+        return ExtenderChild(control.Site.ExtendedControl()).Name();
     } catch (const RunTimeError&) {
         return {}; // a host that gives its controls none
     }
-    return SUCCEEDED(name.ChangeType(VT_BSTR)) ? FromBstr(name.bstrVal) : std::u16string();
 }
 
 std::u16string ControlName(const Control& control) {
