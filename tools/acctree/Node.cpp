@@ -4,24 +4,7 @@
 
 namespace vantik {
 
-namespace {
-
-VARIANT Number(LONG value) noexcept {
-    VARIANT number = {};
-    number.vt = VT_I4;
-    number.lVal = value;
-    return number;
-}
-
-// A value that was given out and is cleared.
-struct Given : VARIANT {
-    Given() noexcept : VARIANT{} {}
-    ~Given() { VariantClear(this); }
-    Given(const Given&) = delete;
-    Given& operator=(const Given&) = delete;
-};
-
-} // namespace
+VARIANT ChildId(LONG child) noexcept { return Variant(std::int32_t{child}).Get(); }
 
 std::optional<Node> Node::OfWindow(HWND window, LONG object) {
     ComPtr<IAccessible> found;
@@ -38,7 +21,7 @@ std::optional<Node> Node::From(const Node& asked, const VARIANT& given) {
     return Node(std::move(object));
 }
 
-VARIANT Node::Id() const noexcept { return Number(child_); }
+VARIANT Node::Id() const noexcept { return ChildId(child_); }
 
 HWND Node::Window() const noexcept {
     HWND window = nullptr;
@@ -46,11 +29,9 @@ HWND Node::Window() const noexcept {
 }
 
 std::wstring Node::Text(TextMember member) const {
-    BSTR text = nullptr;
-    std::wstring copy;
-    if ((object_.Get()->*member)(Id(), &text) == S_OK && text) copy.assign(text, SysStringLen(text));
-    SysFreeString(text);
-    return copy;
+    Bstr text(L"");
+    SysFreeString(text.Detach());
+    return (object_.Get()->*member)(Id(), text.Put()) == S_OK ? text.Text() : std::wstring();
 }
 
 std::wstring Node::Name() const { return Text(&IAccessible::get_accName); }
@@ -58,13 +39,13 @@ std::wstring Node::Description() const { return Text(&IAccessible::get_accDescri
 std::wstring Node::DefaultAction() const { return Text(&IAccessible::get_accDefaultAction); }
 
 LONG Node::Role() const {
-    Given role;
-    return SUCCEEDED(object_->get_accRole(Id(), &role)) && role.vt == VT_I4 ? role.lVal : 0;
+    Variant role;
+    return SUCCEEDED(object_->get_accRole(Id(), role.Put())) && role.Type() == VT_I4 ? role.Number() : 0;
 }
 
 LONG Node::State() const {
-    Given state;
-    return SUCCEEDED(object_->get_accState(Id(), &state)) && state.vt == VT_I4 ? state.lVal : 0;
+    Variant state;
+    return SUCCEEDED(object_->get_accState(Id(), state.Put())) && state.Type() == VT_I4 ? state.Number() : 0;
 }
 
 RECT Node::Place() const {
@@ -95,23 +76,23 @@ std::optional<Node> Node::Parent() const {
 }
 
 std::optional<Node> Node::Navigate(LONG direction) const {
-    Given end;
-    return object_->accNavigate(direction, Id(), &end) == S_OK ? From(*this, end) : std::nullopt;
+    Variant end;
+    return object_->accNavigate(direction, Id(), end.Put()) == S_OK ? From(*this, end.Get()) : std::nullopt;
 }
 
 std::optional<Node> Node::HitTest(POINT screen) const {
-    Given hit;
-    return object_->accHitTest(screen.x, screen.y, &hit) == S_OK ? From(*this, hit) : std::nullopt;
+    Variant hit;
+    return object_->accHitTest(screen.x, screen.y, hit.Put()) == S_OK ? From(*this, hit.Get()) : std::nullopt;
 }
 
 std::optional<Node> Node::Focus() const {
-    Given focus;
-    return object_->get_accFocus(&focus) == S_OK ? From(*this, focus) : std::nullopt;
+    Variant focus;
+    return object_->get_accFocus(focus.Put()) == S_OK ? From(*this, focus.Get()) : std::nullopt;
 }
 
 std::optional<Node> Node::Selection() const {
-    Given selection;
-    return object_->get_accSelection(&selection) == S_OK ? From(*this, selection) : std::nullopt;
+    Variant selection;
+    return object_->get_accSelection(selection.Put()) == S_OK ? From(*this, selection.Get()) : std::nullopt;
 }
 
 } // namespace vantik

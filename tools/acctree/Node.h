@@ -11,6 +11,9 @@
 
 namespace vantik {
 
+// The number of a child, or CHILDID_SELF, as the methods take it.
+VARIANT ChildId(LONG child) noexcept;
+
 class Node {
 public:
     explicit Node(ComPtr<IAccessible> object, LONG child = CHILDID_SELF) noexcept

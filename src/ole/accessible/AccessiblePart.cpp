@@ -14,12 +14,7 @@ namespace vantik {
 
 namespace {
 
-VARIANT Number(LONG value) noexcept {
-    VARIANT number = {};
-    number.vt = VT_I4;
-    number.lVal = value;
-    return number;
-}
+VARIANT Number(LONG value) noexcept { return Variant(std::int32_t{value}).Detach(); }
 
 VARIANT Self() noexcept { return Number(CHILDID_SELF); }
 

@@ -122,11 +122,11 @@ TEST_CASE("selecting a tab switches, and gives the control the focus when that i
     CHECK(tab->accSelect(SELFLAG_TAKESELECTION, tab.Id()) == S_OK);
     CHECK(control.Active() == 3);
     CHECK(GetFocus() != control.Window());
-    CHECK(control.Child(1)->accSelect(SELFLAG_TAKEFOCUS, Id(CHILDID_SELF)) == S_OK);
+    CHECK(control.Child(1)->accSelect(SELFLAG_TAKEFOCUS, ChildId(CHILDID_SELF)) == S_OK);
     CHECK(control.Active() == 1);
     CHECK(GetFocus() == control.Window());
-    CHECK(control.Root()->accSelect(SELFLAG_TAKEFOCUS, Id(CHILDID_SELF)) == S_OK);
-    CHECK(control.Root()->accSelect(SELFLAG_TAKESELECTION, Id(5)) == S_OK);
+    CHECK(control.Root()->accSelect(SELFLAG_TAKEFOCUS, ChildId(CHILDID_SELF)) == S_OK);
+    CHECK(control.Root()->accSelect(SELFLAG_TAKESELECTION, ChildId(5)) == S_OK);
     CHECK(control.Active() == 4);
     for (const LONG flags : {LONG{0}, LONG{SELFLAG_ADDSELECTION},
                              LONG{SELFLAG_TAKESELECTION | SELFLAG_EXTENDSELECTION}, LONG{99}})
@@ -140,7 +140,7 @@ TEST_CASE("a control that the user cannot use does nothing, and says so") {
         for (const std::size_t child : {std::size_t{2}, Next, Menu})
             CHECK(Act(children[child]) == E_ACCESSDENIED);
         CHECK(Act(children[1].Children().front()) == E_ACCESSDENIED);
-        CHECK(children[2]->accSelect(SELFLAG_TAKEFOCUS, Id(CHILDID_SELF)) == E_ACCESSDENIED);
+        CHECK(children[2]->accSelect(SELFLAG_TAKEFOCUS, ChildId(CHILDID_SELF)) == E_ACCESSDENIED);
         CHECK(control.Events() == "");
         CHECK(control.Active() == 0);
     };

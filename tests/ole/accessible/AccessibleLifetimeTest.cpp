@@ -10,7 +10,7 @@ namespace {
 // Every method, with arguments that would do.
 std::vector<HRESULT> AskEverything(const Node& node) {
     IAccessible& object = *node.operator->();
-    const VARIANT self = Id(CHILDID_SELF);
+    const VARIANT self = ChildId(CHILDID_SELF);
     BSTR text = nullptr;
     VARIANT value = {};
     LONG number[4] = {};
@@ -90,7 +90,8 @@ TEST_CASE("nulls and numbers of children that are not there are invalid argument
         ComPtr<IDispatch> other;
         VARIANT noNumber = {};
         noNumber.vt = VT_BSTR;
-        for (const VARIANT& bad : {Id(-1), Id(99), Id(LONG_MIN), Id(LONG_MAX), noNumber}) {
+        for (const VARIANT& bad :
+             {ChildId(-1), ChildId(99), ChildId(LONG_MIN), ChildId(LONG_MAX), noNumber}) {
             CHECK(object.get_accName(bad, &text) == E_INVALIDARG);
             CHECK(object.get_accRole(bad, &value) == E_INVALIDARG);
             CHECK(object.get_accState(bad, &value) == E_INVALIDARG);
@@ -100,7 +101,7 @@ TEST_CASE("nulls and numbers of children that are not there are invalid argument
             CHECK(object.accLocation(&number, &number, &number, &number, bad) == E_INVALIDARG);
             CHECK(object.accNavigate(NAVDIR_NEXT, bad, &value) == E_INVALIDARG);
         }
-        const VARIANT self = Id(CHILDID_SELF);
+        const VARIANT self = ChildId(CHILDID_SELF);
         CHECK(object.get_accParent(nullptr) == E_INVALIDARG);
         CHECK(object.get_accChildCount(nullptr) == E_INVALIDARG);
         CHECK(object.get_accChild(self, nullptr) == E_INVALIDARG);
@@ -131,7 +132,7 @@ TEST_CASE("twenty thousand calls with anything, while the host's handlers change
     };
     for (int call = 0; call < 20'000; ++call) {
         const Node node = kept[static_cast<std::size_t>(below(static_cast<std::uint32_t>(kept.size())))];
-        const VARIANT child = Id(below(14) - 2);
+        const VARIANT child = ChildId(below(14) - 2);
         VARIANT value = {};
         ComPtr<IDispatch> other;
         switch (below(8)) {

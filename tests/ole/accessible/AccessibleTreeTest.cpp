@@ -40,7 +40,7 @@ TEST_CASE(
     "tabs that are scrolled away are there without a place, and the buttons tell where there are more") {
     const ReadControl control(7);
     control.Tab->put_DelButton(VARIANT_FALSE);
-    control.Child(8)->accDoDefaultAction(Id(CHILDID_SELF)); // the next button
+    control.Child(8)->accDoDefaultAction(ChildId(CHILDID_SELF)); // the next button
     CHECK(control.Tree() == R"(page tab list "Tabs" [focusable] 0,0 380x200
   page tab "Tab0" (1 of 7) [selected, off-screen, focusable, selectable] -> Switch
   page tab "Tab1" (2 of 7) [focusable, selectable] 6,0 60x22 -> Switch
@@ -94,7 +94,8 @@ TEST_CASE("whatever the properties say, the tree is well made and a tab's middle
         control.Tab->put_BarWidth(static_cast<short>(30 + below(60)));
         control.Tab->put_TabToTab(static_cast<short>(below(12) - 3));
         control.Tab->put_DelButton(below(2) ? VARIANT_TRUE : VARIANT_FALSE);
-        control.Child(static_cast<std::size_t>(control.Count()) + 1)->accDoDefaultAction(Id(CHILDID_SELF));
+        control.Child(static_cast<std::size_t>(control.Count()) + 1)
+            ->accDoDefaultAction(ChildId(CHILDID_SELF));
         CheckWellMade(control);
         const Node tab =
             control.Child(static_cast<std::size_t>(below(static_cast<std::uint32_t>(control.Count()))));

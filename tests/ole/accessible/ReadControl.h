@@ -52,11 +52,4 @@ struct ReadControl : LooseControl {
     }
 };
 
-inline VARIANT Id(LONG child) noexcept {
-    VARIANT id = {};
-    id.vt = VT_I4;
-    id.lVal = child;
-    return id;
-}
-
 } // namespace vantik
