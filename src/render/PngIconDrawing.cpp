@@ -24,14 +24,14 @@ std::shared_ptr<const DibImage> Decode(const std::u16string& path) {
 } // namespace
 
 OwnedBitmap DrawPngFile(const std::u16string& path, HDC targetDC, HBITMAP /*targetBitmap*/, std::int32_t x,
-                        std::int32_t y, std::uint8_t style, std::int16_t direct, HDC picBox) {
+                        std::int32_t y, std::uint8_t style, std::int16_t /*direct*/, HDC picBox) {
     DeviceBackground background(targetDC, x, y);
-    return DrawPngFile(path, IdentityOf(path), background, x, y, style, direct, picBox);
+    return DrawPngFile(path, IdentityOf(path), background, x, y, style, picBox);
 }
 
 OwnedBitmap DrawPngFile(const std::u16string& path, const FileIdentity& identity,
                         BackgroundSource& background, std::int32_t x, std::int32_t y, std::uint8_t style,
-                        std::int16_t /*direct*/, HDC picBox) {
+                        HDC picBox) {
     auto picture = Shared<DibImage>(path, identity, FileContent::Icon, [&] { return Decode(path); });
     if (!picture) return {};
     return PaintPicture(std::move(picture), background, {.PicBox = picBox, .X = x, .Y = y, .Style = style});

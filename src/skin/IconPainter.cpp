@@ -93,12 +93,12 @@ IconPainter::Look IconPainter::Follow(std::int16_t icon) {
 }
 
 OwnedBitmap IconPainter::DrawFile(const std::u16string& path, const Look& look, IconStyle style,
-                                  const PixelBlock& beneath, std::int16_t direct) {
+                                  const PixelBlock& beneath) {
     const HDC surface = host_.hDC();
     Underlay underlay(surface, beneath);
     try {
         OwnedBitmap drawn = DrawPngFile(path, look ? *look : IdentityOf(path), underlay, underlay.X(),
-                                        underlay.Y(), style, direct, surface);
+                                        underlay.Y(), style, surface);
         if (!drawn)
             Raise(RunTimeErrorNumber::InvalidPicture, PathText{path}, u": nothing can be drawn of it");
         failures_.Succeeded(path);
@@ -124,10 +124,10 @@ PixelBlock IconPainter::ReadBeneath(const LayoutRect& place, const LayoutRect& r
 }
 
 void IconPainter::Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, const PixelBlock& beneath,
-                       const Look& look, std::int16_t direct) {
+                       const Look& look) {
     if (pictures_.Copy(host_.hDC(), icon, slot, style, beneath)) return;
     const unsigned shortages = ShortagesSoFar();
-    OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, look, style, beneath, direct);
+    OwnedBitmap drawn = DrawFile(state_.SkinIcons.At(icon)->FilePath, look, style, beneath);
     if (shortages != ShortagesSoFar()) return; // it may be mixed over anything
     if (drawn) pictures_.Keep(host_.hDC(), icon, slot, style, beneath, std::move(drawn));
 }

@@ -49,7 +49,7 @@ public:
     // copied from the icon's slot, as much of it as covers them; a fresh one is drawn whole and kept in the slot. Who has
     // just looked at the file says so.
     void Draw(std::int16_t icon, std::uint8_t slot, IconStyle style, const PixelBlock& beneath,
-              const Look& look = {}, std::int16_t direct = 0);
+              const Look& look = {});
 
     void Release(std::int16_t icon) noexcept { pictures_.Release(icon); }
     void Terminate() noexcept { pictures_.Terminate(); }
@@ -60,7 +60,7 @@ private:
     Answer ReadLast(const std::u16string& path, const FileIdentity& identity);
     void TakeLast(SkinIcon& icon) const noexcept;
     OwnedBitmap DrawFile(const std::u16string& path, const Look& look, IconStyle style,
-                         const PixelBlock& beneath, std::int16_t direct);
+                         const PixelBlock& beneath);
 
     UserControl& host_;
     ControlState& state_;

@@ -19,11 +19,6 @@ IconStyle StyleOf(bool greyed, Boolean pressed) noexcept {
     return pressed ? Darkened : OwnColours;
 }
 
-// How the decoder is told that the bars run downwards.
-std::int16_t DirectOf(const PropertyValues& properties) noexcept {
-    return properties.TabPos == WindowLeft || properties.TabPos == WindowRight ? 270 : 0;
-}
-
 void Invalidate(HWND window, const LayoutRect& area) {
     const RECT rect = {area.Left, area.Top, area.Right, area.Bottom};
     if (window) InvalidateRect(window, &rect, FALSE); // without a window the whole desktop would be meant
@@ -32,13 +27,11 @@ void Invalidate(HWND window, const LayoutRect& area) {
 } // namespace
 
 IconStyle Decorations::PrevStyle(Boolean pressed) const noexcept {
-    return StyleOf(state_.Layout.FirstVisibleTab < 1, pressed);
+    return StyleOf(!state_.HasTabsBefore(), pressed);
 }
 
 IconStyle Decorations::NextStyle(Boolean pressed) const noexcept {
-    const LayoutCache& layout = state_.Layout;
-    return StyleOf(state_.Properties.TabCount - (layout.FirstVisibleTab + layout.VisibleBarCount) < 1,
-                   pressed);
+    return StyleOf(!state_.HasTabsBehind(), pressed);
 }
 
 IconStyle Decorations::MenuStyle(Boolean pressed) noexcept { return StyleOf(false, pressed); }
@@ -62,7 +55,7 @@ bool Decorations::DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, 
             LayoutRect::FromEdges(x, y, Checked(x) + icon->Width, Checked(y) + icon->Height);
         const LayoutRect& room = state_.Layout.ControlRect;
         if (look && !IconPainter::IsHidden(place, room))
-            icons_.Draw(role, 0, style, icons_.ReadBeneath(place, room), look, DirectOf(state_.Properties));
+            icons_.Draw(role, 0, style, icons_.ReadBeneath(place, room), look);
     }
     Invalidate(host_.hWnd(), area);
     if (style == Darkened) state_.ButtonPressed = True;
