@@ -82,6 +82,7 @@ private:
     void Open(TextPropertyBag* bag);
     void SetExtent();
     void LetGoOfKeyboard();
+    bool OfferToControl(MSG& message);
     bool HasFocus() const;
 
     // SiteOwner

@@ -20,6 +20,16 @@ void Deliver(HostForm& form, UINT message, WPARAM wParam, LPARAM lParam) {
     PumpMessages(form);
 }
 
+// Down and up.
+void PostKey(HostForm& form, HWND window, WORD key) {
+    const auto scanCode = static_cast<LPARAM>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    const LPARAM down = scanCode << 16 | 1;
+    const LPARAM up = down | static_cast<LPARAM>(KF_UP | KF_REPEAT) << 16;
+    PostMessageW(window, WM_KEYDOWN, key, down);
+    PostMessageW(window, WM_KEYUP, key, up);
+    PumpMessages(form);
+}
+
 } // namespace
 
 // The real pointer goes along: a control may look where it stands.
@@ -38,14 +48,10 @@ void ReleaseButton(HostForm& form, POINT point) { Deliver(form, WM_LBUTTONUP, 0,
 
 void PressKey(HostForm& form, WORD key) {
     if (!form.IsUIActive()) form.UIActivate();
-    const HWND window = form.ControlWindow();
-    const auto scanCode = static_cast<LPARAM>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    const LPARAM down = scanCode << 16 | 1;
-    const LPARAM up = down | static_cast<LPARAM>(KF_UP | KF_REPEAT) << 16;
-    PostMessageW(window, WM_KEYDOWN, key, down);
-    PostMessageW(window, WM_KEYUP, key, up);
-    PumpMessages(form);
+    PostKey(form, form.ControlWindow(), key);
 }
+
+void TypeKey(HostForm& form, WORD key) { PostKey(form, GetFocus(), key); }
 
 void TurnWheel(HostForm& form, int notches) {
     const WPARAM wParam = static_cast<WPARAM>(static_cast<UINT>(notches * WHEEL_DELTA) << 16);

@@ -10,6 +10,7 @@ void MovePointer(HostForm& form, POINT point);
 void PressButton(HostForm& form, POINT point); // the left one, after a move to the point
 void ReleaseButton(HostForm& form, POINT point);
 void PressKey(HostForm& form, WORD key); // down and up; the control gets the focus if nothing on it has it
+void TypeKey(HostForm& form, WORD key);  // the same for whatever has the focus
 void TurnWheel(HostForm& form, int notches); // positive: away from the user
 
 } // namespace vantik

@@ -30,12 +30,14 @@ void HostForm::LetGoOfKeyboard() {
 bool HostForm::TranslateMessage(MSG& message) {
     LetGoOfKeyboard();
     if (!IsKey(message.message) || !window_.Handle()) return false;
-    if (message.hwnd == ControlWindow()) {
-        const auto active = frame_->ActiveObject();
-        const auto object = active ? active : control_.As<IOleInPlaceActiveObject>();
-        return switches_.ForwardKeys && uiActive_ && object && object->TranslateAccelerator(&message) == S_OK;
-    }
+    if (message.hwnd == ControlWindow() && OfferToControl(message)) return true;
     return IsInside(message.hwnd, window_.Handle()) && IsDialogMessageW(window_.Handle(), &message);
+}
+
+bool HostForm::OfferToControl(MSG& message) {
+    const auto active = frame_->ActiveObject();
+    const auto object = active ? active : control_.As<IOleInPlaceActiveObject>();
+    return switches_.ForwardKeys && uiActive_ && object && object->TranslateAccelerator(&message) == S_OK;
 }
 
 void PumpMessages(HostForm& form) {

@@ -143,6 +143,7 @@ FaultyImport Table[] = {
     IMPORT(GetDlgCtrlID, 0),
     IMPORT(GetFocus, 0),
     IMPORT(GetMessageW, -1),
+    IMPORT(GetNextDlgTabItem, 0),
     IMPORT(GetParent, 0),
     IMPORT(GetPropW, 0),
     IMPORT(GetSysColorBrush, 0),

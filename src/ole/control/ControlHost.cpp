@@ -57,7 +57,8 @@ void ControlHost::PropertyChanged(Property property) {
 TabEvents& ControlHost::Events() { return control_.Events; }
 
 std::vector<std::unique_ptr<ChildControl>> ControlHost::ChildControls() {
-    return FindChildren({control_.Site, control_.Controlling, hWnd(), control_.Size.Screen()});
+    return FindChildren(
+        {control_.Site, control_.Controlling, hWnd(), control_.Place.RowStop(), control_.Size.Screen()});
 }
 
 std::u16string ControlHost::HostFolder() { return ApplicationFolder(); }

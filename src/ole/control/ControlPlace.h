@@ -10,6 +10,7 @@ namespace vantik {
 class ControlPlace {
 public:
     virtual HWND Window() const noexcept = 0;    // null while there is none
+    virtual HWND RowStop() const noexcept = 0;   // a window on it that is no child of any tab; null for none
     virtual POINT Position() const noexcept = 0; // pixels, in the host's window
     virtual ComPtr<IOleInPlaceFrame> Frame() const noexcept = 0;
 

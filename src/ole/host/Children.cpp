@@ -85,7 +85,8 @@ public:
     void TakeWindows(ChildList& children) const {
         if (!parts_.Window) return;
         for (HWND child = GetWindow(parts_.Window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-            children.push_back(std::make_unique<ChildWindow>(child, parts_.Screen));
+            if (child != parts_.NoChild)
+                children.push_back(std::make_unique<ChildWindow>(child, parts_.Screen));
     }
 
 private:

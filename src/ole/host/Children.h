@@ -15,7 +15,8 @@ using ChildList = std::vector<std::unique_ptr<ChildControl>>;
 struct ChildSearch {
     const ClientSite& Site;
     IUnknown& Control;
-    HWND Window; // of the control, may be null
+    HWND Window;  // of the control, may be null
+    HWND NoChild; // a window on it that the host knows nothing of, may be null
     Resolution Screen;
 };
 

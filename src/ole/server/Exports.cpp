@@ -5,6 +5,7 @@
 #include "ole/com/Module.h"
 #include "ole/server/ClassFactory.h"
 #include "ole/server/Registration.h"
+#include "ole/window/RowStop.h"
 #include "ole/window/WindowClass.h"
 
 namespace {
@@ -12,6 +13,7 @@ namespace {
 // A class that stays behind would lead to a window procedure that is gone.
 void UnregisterWindowClasses() noexcept {
     vantik::UnregisterControlWindowClass();
+    vantik::UnregisterRowStopClass();
     vantik::UnregisterAboutWindowClass();
 }
 

@@ -88,6 +88,7 @@ HRESULT Activation::MakeWindow() {
         window_.Destroy();
         return E_FAIL;
     }
+    rowStop_.Create(Window());
     ClipTo(clip);
     if (control_.Size.Pixels(SizeOf(position))) control_.Resized();
     window_.Show(true);
@@ -163,6 +164,7 @@ void Activation::TakeWindowAway() noexcept {
     const bool before = std::exchange(leaving_, true);
     UIDeactivate();
     active_ = false;
+    rowStop_.Destroy();
     window_.Destroy();
     leaving_ = before;
 }

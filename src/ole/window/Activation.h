@@ -4,6 +4,7 @@
 #include "ole/control/ControlPlace.h"
 #include "ole/window/ControlMessages.h"
 #include "ole/window/ControlWindow.h"
+#include "ole/window/RowStop.h"
 #include "platform/ComPtr.h"
 
 namespace vantik {
@@ -35,6 +36,7 @@ public:
     void AskForSize(SIZE pixels);
 
     HWND Window() const noexcept override { return window_.Handle(); }
+    HWND RowStop() const noexcept override { return rowStop_.Handle(); }
     bool KeepsWithWindow(IUnknown& lastReference) noexcept { return window_.Keeps(lastReference); }
     void ReleaseCapture() noexcept override { messages_.ReleaseCapture(); }
     bool TakesWheel(std::int32_t turn) override { return messages_.TakesWheel(turn); }
@@ -45,6 +47,7 @@ public:
     void Pressed();
     void FocusChanged(bool gained);
     bool KeyDown(WPARAM key) noexcept { return messages_.KeyDown(key); }
+    HWND NextStopOnPage() const noexcept { return rowStop_.NextOnPage(); }
 
 private:
     class Attempt;
@@ -62,6 +65,7 @@ private:
     Control& control_;
     ControlMessages messages_;
     ControlWindow window_;
+    vantik::RowStop rowStop_;
     ComPtr<IOleInPlaceSite> site_;
     ComPtr<IOleInPlaceFrame> frame_;
     ComPtr<IOleInPlaceUIWindow> document_;

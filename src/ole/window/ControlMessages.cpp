@@ -1,7 +1,6 @@
 #include "ole/window/ControlMessages.h"
 
 #include "ole/control/Control.h"
-#include "ole/control/InputState.h"
 #include "ole/window/Activation.h"
 #include "platform/Shortage.h"
 
@@ -86,12 +85,12 @@ std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
     case WM_SETFOCUS:
     case WM_KILLFOCUS: activation_.FocusChanged(message.Number == WM_SETFOCUS); return 0;
     case WM_MOUSEWHEEL: return wheel_.HandOn(message);
-    case WM_GETDLGCODE: return DLGC_WANTARROWS;
+    case WM_GETDLGCODE: return keys_.WantedOf(reinterpret_cast<const MSG*>(message.LParam));
     case WM_GETOBJECT:
         if (static_cast<LONG>(message.LParam) != OBJID_CLIENT) return std::nullopt;
         return accessibility_.Answer(message.WParam);
     case WM_KEYDOWN:
-        if (KeyDown(message.WParam)) return 0;
+        if (keys_.Down(message.WParam) || keys_.EnterPage(message.WParam)) return 0;
         return std::nullopt;
     default: return std::nullopt;
     }
@@ -123,18 +122,6 @@ void ControlMessages::Sized(LPARAM size) {
     if (!control_.Size.Pixels({LOWORD(size), HIWORD(size)})) return;
     control_.Resized();
     sizing_.Succeeded();
-}
-
-bool ControlMessages::KeyDown(WPARAM key) noexcept {
-    if ((key != VK_LEFT && key != VK_RIGHT) || !TakesInput(control_)) return false;
-    try {
-        control_.Engine.UserControl_KeyDown(static_cast<std::int16_t>(key), ShiftState());
-    } catch (...) {
-        TellIfShortage();
-        TellDebugger(u"on a key");
-    }
-    control_.ShowChanges();
-    return true;
 }
 
 } // namespace vantik

@@ -3,6 +3,7 @@
 
 #include "ole/accessible/Accessibility.h"
 #include "ole/window/ControlWindow.h"
+#include "ole/window/KeyInput.h"
 #include "ole/window/PointerInput.h"
 #include "ole/window/WheelInput.h"
 #include "platform/DebugLine.h"
@@ -17,15 +18,14 @@ public:
         : control_(control),
           activation_(activation),
           pointer_(control, activation),
+          keys_(control, activation),
           wheel_(control),
           accessibility_(control) {}
 
     std::optional<LRESULT> Handle(const Message& message) override;
     void Failed(const Message& message) noexcept override;
 
-    // Whether the key means something to the control.
-    bool KeyDown(WPARAM key) noexcept;
-
+    bool KeyDown(WPARAM key) noexcept { return keys_.Down(key); }
     void ReleaseCapture() noexcept { pointer_.ReleaseCapture(); }
     bool TakesWheel(std::int32_t turn) { return wheel_.Takes(turn); }
 
@@ -37,6 +37,7 @@ private:
     Control& control_;
     Activation& activation_;
     PointerInput pointer_;
+    KeyInput keys_;
     WheelInput wheel_;
     Accessibility accessibility_;
     RepeatedFailure copying_, sizing_;

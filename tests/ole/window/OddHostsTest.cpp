@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "ole/HostingLibrary.h"
 #include "ole/LooseControl.h"
 #include "ole/OddSite.h"
 
@@ -343,30 +344,6 @@ TEST_CASE("Notifications of windows on the control go to the host's window") {
     SendMessageW(button, BM_CLICK, 0, 0);
     CHECK(commandsSeen > 0);
 }
-
-namespace {
-
-// The system's small host in a window, as class libraries and dialogs use it.
-class HostingLibrary {
-public:
-    HostingLibrary() { REQUIRE(module_); }
-    ~HostingLibrary() { FreeLibrary(module_); }
-    HostingLibrary(const HostingLibrary&) = delete;
-    HostingLibrary& operator=(const HostingLibrary&) = delete;
-
-    // The host lives as long as its window.
-    HRESULT Attach(IUnknown* control, HWND window) const {
-        using Function = HRESULT(WINAPI*)(IUnknown*, HWND, IUnknown**);
-        const auto attach = reinterpret_cast<Function>(GetProcAddress(module_, "AtlAxAttachControl"));
-        ComPtr<IUnknown> host;
-        return attach(control, window, host.Put());
-    }
-
-private:
-    HMODULE module_ = LoadLibraryW(L"atl.dll");
-};
-
-} // namespace
 
 TEST_CASE(
     "The system's own hosting library shows the control, passes input, and lets go of it with its window") {

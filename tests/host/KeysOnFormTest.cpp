@@ -1,0 +1,65 @@
+// A form that is used without a pointer.
+#include <doctest/doctest.h>
+
+#include "host/ControlOnForm.h"
+#include "host/HeldKey.h"
+#include "host/Input.h"
+
+namespace vantik {
+
+namespace {
+
+HWND Field(HWND parent, int left) {
+    return CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, left, 60, 40, 20, parent,
+                           nullptr, nullptr, nullptr);
+}
+
+// One field on the control, one beside it.
+struct FormWithFields : ControlOnForm {
+    explicit FormWithFields(HostSwitches switches = {}) : ControlOnForm(switches) {
+        OpenWithTabs(3);
+        OnPage = Field(Row(), 30);
+        Form().Add(L"txtFirst", OnPage);
+        Beside = Field(Form().Window().Handle(), 5);
+        SetFocus(Beside);
+    }
+    HWND Row() { return Form().ControlWindow(); }
+    HWND AfterTab() {
+        TypeKey(Form(), VK_TAB);
+        return GetFocus();
+    }
+
+    HWND OnPage, Beside;
+};
+
+} // namespace
+
+TEST_CASE("Tab walks from the form over the row and the page back to the form, and the other way") {
+    for (const bool forwardsKeys : {true, false}) {
+        CAPTURE(forwardsKeys);
+        HostSwitches switches;
+        switches.ForwardKeys = forwardsKeys;
+        FormWithFields test(switches);
+        CHECK(test.AfterTab() == test.Row());
+        CHECK(test.AfterTab() == test.OnPage);
+        CHECK(test.AfterTab() == test.Beside);
+        const HeldKey shift(VK_SHIFT);
+        CHECK(test.AfterTab() == test.OnPage);
+        CHECK(test.AfterTab() == test.Row());
+        CHECK(test.AfterTab() == test.Beside);
+    }
+}
+
+TEST_CASE("Arrow keys switch tabs on a form of either kind") {
+    for (const bool forwardsKeys : {true, false}) {
+        CAPTURE(forwardsKeys);
+        HostSwitches switches;
+        switches.ForwardKeys = forwardsKeys;
+        FormWithFields test(switches);
+        SetFocus(test.Row());
+        TypeKey(test.Form(), VK_RIGHT);
+        CHECK(test.Number(L"ActiveTab") == 1);
+    }
+}
+
+} // namespace vantik
