@@ -1,6 +1,8 @@
 // The form as a container and as the frame of what is active on it.
 #pragma once
 
+#include <functional>
+
 #include "host/ComObject.h"
 #include "host/ControlSite.h"
 #include "host/UnknownEnumerator.h"
@@ -61,7 +63,10 @@ public:
     HRESULT STDMETHODCALLTYPE RemoveMenus(HMENU) noexcept override { return S_OK; }
     HRESULT STDMETHODCALLTYPE SetStatusText(LPCOLESTR) noexcept override { return S_OK; }
     HRESULT STDMETHODCALLTYPE EnableModeless(BOOL) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE TranslateAccelerator(LPMSG, WORD) noexcept override { return S_FALSE; }
+    HRESULT STDMETHODCALLTYPE TranslateAccelerator(LPMSG, WORD command) noexcept override {
+        return Command ? Command(command) : S_FALSE;
+    }
+    std::function<HRESULT(WORD command)> Command; // what the frame does for a key of its table
 
 private:
     HWND window_;

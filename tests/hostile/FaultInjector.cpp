@@ -220,6 +220,7 @@ FaultyImport Table[] = {
     IMPORT(OleCreatePictureIndirect, OutOfMemory),
     IMPORT(OleCreatePropertyFrame, OutOfMemory),
     IMPORT(OleLoadPicture, OutOfMemory),
+    IMPORT(OleTranslateAccelerator, OutOfMemory),
     IMPORT(OleTranslateColor, OutOfMemory),
     IMPORT(SetErrorInfo, OutOfMemory),
     IMPORT(StringFromGUID2, 0),

@@ -36,6 +36,10 @@ public:
     std::vector<std::string> Calls; // in their order
     std::function<void(const std::string&)> During;
 
+    std::function<HRESULT(MSG&)> Keys; // the answer to a key; without it Tab is used
+    ComPtr<IOleInPlaceFrame> Frame;
+    HACCEL Accelerators = nullptr; // of the frame
+
     STDMETHODIMP SaveObject() noexcept override { return Note("SaveObject"); }
     STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept override {
         *moniker = nullptr;
@@ -62,9 +66,12 @@ public:
     }
     STDMETHODIMP OnUIActivate() noexcept override { return Note("OnUIActivate", oddities_.UIActivate); }
     STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, RECT* place,
-                                  RECT* clip, OLEINPLACEFRAMEINFO*) noexcept override {
+                                  RECT* clip, OLEINPLACEFRAMEINFO* info) noexcept override {
         Note("GetWindowContext");
-        *frame = nullptr;
+        *frame = Frame.Copy();
+        info->haccel = Accelerators;
+        info->cAccelEntries =
+            Accelerators ? static_cast<UINT>(CopyAcceleratorTableW(Accelerators, nullptr, 0)) : 0;
         *document = nullptr;
         if (FAILED(oddities_.WindowContext)) return oddities_.WindowContext;
         *place = *clip = Place;
@@ -90,6 +97,7 @@ public:
     STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) noexcept override { return E_NOTIMPL; }
     STDMETHODIMP TranslateAccelerator(MSG* message, DWORD) noexcept override {
         Note("TranslateAccelerator");
+        if (Keys) return Keys(*message);
         return message->wParam == VK_TAB ? S_OK : S_FALSE;
     }
     STDMETHODIMP OnFocus(BOOL gained) noexcept override { return Note(gained ? "OnFocus" : "OnFocusLost"); }

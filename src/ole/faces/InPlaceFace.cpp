@@ -1,7 +1,6 @@
 #include "ole/faces/InPlaceFace.h"
 
 #include "ole/control/Control.h"
-#include "ole/control/InputState.h"
 #include "ole/window/Activation.h"
 
 namespace vantik {
@@ -37,24 +36,16 @@ STDMETHODIMP InPlaceObjectFace::SetObjectRects(LPCRECT position, LPCRECT clip) n
 STDMETHODIMP InPlaceObjectFace::ReactivateAndUndo() noexcept { return INPLACE_E_NOTUNDOABLE; }
 
 InPlaceActiveObjectFace::InPlaceActiveObjectFace(Control& control, Activation& activation) noexcept
-    : Face(control.Controlling), control_(control), activation_(activation) {}
+    : Face(control.Controlling), activation_(activation) {}
 
 STDMETHODIMP InPlaceActiveObjectFace::GetWindow(HWND* window) noexcept {
     return WindowOf(activation_, window);
 }
 STDMETHODIMP InPlaceActiveObjectFace::ContextSensitiveHelp(BOOL) noexcept { return S_OK; }
 
-// The two keys that switch tabs are the control's; the host decides about all others.
 STDMETHODIMP InPlaceActiveObjectFace::TranslateAccelerator(LPMSG message) noexcept {
     if (!message) return E_POINTER;
-    return Guard([&]() -> HRESULT {
-        const bool own = message->message == WM_KEYDOWN && message->hwnd == activation_.Window();
-        if (own && activation_.KeyDown(message->wParam)) return S_OK;
-        const auto site = control_.Site.As<IOleControlSite>();
-        return site && site->TranslateAccelerator(message, static_cast<DWORD>(ShiftState())) == S_OK
-                   ? S_OK
-                   : S_FALSE;
-    });
+    return Guard([&] { return activation_.TranslateKey(*message) ? S_OK : S_FALSE; });
 }
 
 STDMETHODIMP InPlaceActiveObjectFace::OnFrameWindowActivate(BOOL) noexcept { return S_OK; }

@@ -36,7 +36,6 @@ public:
     STDMETHODIMP EnableModeless(BOOL enable) noexcept override;
 
 private:
-    Control& control_;
     Activation& activation_;
 };
 

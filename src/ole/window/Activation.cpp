@@ -81,6 +81,7 @@ HRESULT Activation::MakeWindow() {
     if (FAILED(known)) position = clip = {0, 0, control_.Size.Pixels().cx, control_.Size.Pixels().cy};
     std::swap(frame_, frame);
     std::swap(document_, document);
+    frameInfo_ = info;
     position_ = position;
     clipped_ = false;
     if (!window_.Create(parent, position)) return E_FAIL;
@@ -215,6 +216,12 @@ POINT Activation::Position() const noexcept {
     POINT corner = {area.left, area.top};
     MapWindowPoints(nullptr, GetParent(Window()), &corner, 1);
     return corner;
+}
+
+bool Activation::IsFrameKey(MSG& message) noexcept {
+    const auto frame = frame_;
+    OLEINPLACEFRAMEINFO info = frameInfo_;
+    return frame && info.haccel && OleTranslateAccelerator(frame.Get(), &info, &message) == S_OK;
 }
 
 void Activation::FocusChanged(bool gained) {

@@ -39,6 +39,9 @@ public:
     HWND RowStop() const noexcept override { return rowStop_.Handle(); }
     bool KeepsWithWindow(IUnknown& lastReference) noexcept { return window_.Keeps(lastReference); }
     void ReleaseCapture() noexcept override { messages_.ReleaseCapture(); }
+    // Whether the control or its host used the key that the host's message loop asks about.
+    bool TranslateKey(MSG& message) { return messages_.TranslateKey(message); }
+
     bool TakesWheel(std::int32_t turn) override { return messages_.TakesWheel(turn); }
     POINT Position() const noexcept override;
     ComPtr<IOleInPlaceFrame> Frame() const noexcept override { return frame_; }
@@ -46,7 +49,7 @@ public:
     // From the window.
     void Pressed();
     void FocusChanged(bool gained);
-    bool KeyDown(WPARAM key) noexcept { return messages_.KeyDown(key); }
+    bool IsFrameKey(MSG& message) noexcept; // and used by the frame now
     HWND NextStopOnPage() const noexcept { return rowStop_.NextOnPage(); }
 
 private:
@@ -69,6 +72,7 @@ private:
     ComPtr<IOleInPlaceSite> site_;
     ComPtr<IOleInPlaceFrame> frame_;
     ComPtr<IOleInPlaceUIWindow> document_;
+    OLEINPLACEFRAMEINFO frameInfo_ = {};
     RECT position_ = {};
     bool active_ = false, uiActive_ = false, clipped_ = false;
     bool announced_ = false; // as the object that has the keyboard

@@ -90,7 +90,10 @@ std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
         if (static_cast<LONG>(message.LParam) != OBJID_CLIENT) return std::nullopt;
         return accessibility_.Answer(message.WParam);
     case WM_KEYDOWN:
-        if (keys_.Down(message.WParam) || keys_.EnterPage(message.WParam)) return 0;
+    case WM_SYSKEYDOWN:
+    case WM_CHAR:
+    case WM_SYSCHAR:
+        if (keys_.Use(message)) return 0;
         return std::nullopt;
     default: return std::nullopt;
     }

@@ -25,7 +25,7 @@ public:
     std::optional<LRESULT> Handle(const Message& message) override;
     void Failed(const Message& message) noexcept override;
 
-    bool KeyDown(WPARAM key) noexcept { return keys_.Down(key); }
+    bool TranslateKey(MSG& message) { return keys_.Translate(message); }
     void ReleaseCapture() noexcept { pointer_.ReleaseCapture(); }
     bool TakesWheel(std::int32_t turn) { return wheel_.Takes(turn); }
 

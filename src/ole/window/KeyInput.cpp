@@ -27,6 +27,17 @@ void ShowFocusCues(HWND window) noexcept {
 
 } // namespace
 
+bool KeyInput::Use(const Message& message) {
+    const bool down = message.Number == WM_KEYDOWN;
+    return (down && Down(message.WParam)) || host_.UseFromWindow(message) ||
+           (down && EnterPage(message.WParam));
+}
+
+bool KeyInput::Translate(MSG& message) {
+    const bool down = message.message == WM_KEYDOWN && message.hwnd == activation_.Window();
+    return (down && Down(message.wParam)) || host_.UseFromLoop(message);
+}
+
 bool KeyInput::Down(WPARAM key) noexcept {
     if ((key != VK_LEFT && key != VK_RIGHT) || !TakesInput(control_)) return false;
     try {
@@ -44,6 +55,7 @@ HWND KeyInput::NextFor(WPARAM key) const noexcept {
     return key == VK_TAB && ShiftState() == 0 ? activation_.NextStopOnPage() : nullptr;
 }
 
+// False for any other key, and where the page has nothing to go to.
 bool KeyInput::EnterPage(WPARAM key) noexcept {
     const HWND window = activation_.Window(), next = NextFor(key);
     if (!next) return false;

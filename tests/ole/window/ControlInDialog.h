@@ -50,6 +50,7 @@ class ControlInDialog : public LooseControl {
 public:
     explicit ControlInDialog(Oddities oddities = {}) : Site(MakeCom<OddSite>(oddities)) {
         DestroyWindow(std::exchange(Site->Window, Dialog.Window()));
+        Site->Keys = [](MSG&) { return S_FALSE; };
         Before = MakeField(Dialog.Window(), 0);
         As<IOleObject>()->SetClientSite(Site.Get());
         As<IOleObject>()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, nullptr, 0, nullptr, nullptr);
