@@ -1,7 +1,6 @@
 #include "ole/accessible/PartTree.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 
 #include "render/BarGeometry.h"
@@ -9,9 +8,6 @@
 namespace vantik {
 
 namespace {
-
-constexpr std::array BehindTabs = {PartKind::PreviousButton, PartKind::NextButton, PartKind::MenuButton,
-                                   PartKind::Page};
 
 bool IsEmpty(const LayoutRect& rect) noexcept { return rect.Right <= rect.Left || rect.Bottom <= rect.Top; }
 
@@ -27,10 +23,19 @@ LayoutRect PixelsOf(const LayoutRect& inclusive) {
                                  Checked(inclusive.Bottom) + 1);
 }
 
-LayoutRect ButtonArea(const ControlState& control, PartKind kind) {
-    const ButtonRects buttons = NavButtonRects(control);
+LayoutRect ButtonArea(const ButtonRects& buttons, PartKind kind) {
     if (kind == PartKind::PreviousButton) return PixelsOf(buttons.Previous);
     return PixelsOf(kind == PartKind::NextButton ? buttons.Next : buttons.Menu);
+}
+
+LayoutRect ButtonArea(const ControlState& control, PartKind kind) {
+    return ButtonArea(NavButtonRects(control), kind);
+}
+
+// What can be seen of it.
+LayoutRect Clipped(const ControlState& control, const LayoutRect& whole) {
+    const LayoutRect area = Within(whole, control.Layout.ControlRect);
+    return IsEmpty(area) ? LayoutRect() : area;
 }
 
 bool IsShown(const ControlState& control, std::int16_t tab) {
@@ -137,8 +142,19 @@ std::int32_t IndexOf(const ControlState& control, const Part& part) {
 }
 
 LayoutRect AreaOf(const ControlState& control, const Part& part) {
-    const LayoutRect area = Within(WholeArea(control, part), control.Layout.ControlRect);
-    return IsEmpty(area) ? LayoutRect() : area;
+    return Clipped(control, WholeArea(control, part));
+}
+
+std::array<std::optional<LayoutRect>, BehindTabs.size()> AreasBehindTabs(const ControlState& control) {
+    const ButtonRects buttons = NavButtonRects(control);
+    std::array<std::optional<LayoutRect>, BehindTabs.size()> areas;
+    std::ranges::transform(BehindTabs, areas.begin(), [&](PartKind kind) -> std::optional<LayoutRect> {
+        const bool isPage = kind == PartKind::Page;
+        const LayoutRect whole = isPage ? control.Layout.ClientRect : ButtonArea(buttons, kind);
+        if (isPage ? !Exists(control, {kind}) : IsEmpty(whole)) return std::nullopt;
+        return Clipped(control, whole);
+    });
+    return areas;
 }
 
 std::optional<Part> PartAt(const ControlState& control, const Part& part, PixelPoint pixel) {

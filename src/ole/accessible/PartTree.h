@@ -2,6 +2,7 @@
 // its close button. All of these may raise what painting raises.
 #pragma once
 
+#include <array>
 #include <optional>
 
 #include "model/ControlState.h"
@@ -9,6 +10,10 @@
 #include "render/DecorationGeometry.h"
 
 namespace vantik {
+
+// The children of the row that follow its tabs, where they are there.
+inline constexpr std::array BehindTabs = {PartKind::PreviousButton, PartKind::NextButton,
+                                          PartKind::MenuButton, PartKind::Page};
 
 // Whether there is such a part now. The page is there when a tab is active.
 bool Exists(const ControlState& control, const Part& part);
@@ -23,6 +28,9 @@ std::int32_t IndexOf(const ControlState& control, const Part& part);
 
 // In pixels of the control; Right and Bottom are outside. Empty for what is scrolled away.
 LayoutRect AreaOf(const ControlState& control, const Part& part);
+
+// Of all that may follow the tabs; nothing for what is not there.
+std::array<std::optional<LayoutRect>, BehindTabs.size()> AreasBehindTabs(const ControlState& control);
 
 // The part itself or that child of it which has the pixel; nothing where it does not reach.
 std::optional<Part> PartAt(const ControlState& control, const Part& part, PixelPoint pixel);

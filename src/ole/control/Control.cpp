@@ -26,7 +26,7 @@ void Control::Resized() {
 }
 
 void Control::ShowChanges() noexcept {
-    if (Place.Window()) return;
+    if (Place.Window()) return Place.Watching().RowChanged();
     const auto data = QueryFor<IDataObject>(&Controlling);
     Advise.ViewChanged(data.Get());
 }

@@ -42,7 +42,7 @@ public:
     // The size in pixels is another one now.
     void Resized();
 
-    // Makes those look again who show the control otherwise than by its window.
+    // Tells those who watch the window, or makes those look again who show the control otherwise.
     void ShowChanges() noexcept;
 
     // The picture as it has to look now.

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "ole/control/Watchers.h"
 #include "platform/ComPtr.h"
 
 namespace vantik {
@@ -13,6 +14,8 @@ public:
     virtual HWND RowStop() const noexcept = 0;   // a window on it that is no child of any tab; null for none
     virtual POINT Position() const noexcept = 0; // pixels, in the host's window
     virtual ComPtr<IOleInPlaceFrame> Frame() const noexcept = 0;
+
+    virtual Watchers& Watching() noexcept = 0;
 
     virtual void ReleaseCapture() noexcept = 0;
     virtual bool TakesWheel(std::int32_t turn) = 0;

@@ -22,6 +22,7 @@ void Document::Load(PropertyReader& reader) {
         throw;
     }
     MarkClean();
+    control_.Place.Watching().TabsReplaced();
     control_.ShowChanges();
 }
 
@@ -32,6 +33,7 @@ void Document::ShowWhatWasRead() noexcept {
     } catch (...) {
         // The loader is told of the error that came first.
     }
+    control_.Place.Watching().TabsReplaced();
     control_.ShowChanges();
 }
 

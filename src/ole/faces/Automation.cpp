@@ -9,6 +9,25 @@ namespace vantik {
 
 Automation::Automation(Control& control) noexcept : Face(control.Controlling), control_(control) {}
 
+namespace {
+
+// Those who watch are told of a change to one tab, also where the drawing of it failed.
+class TabChange {
+public:
+    TabChange(Control& control, std::int16_t tab, TabAspect aspect) noexcept
+        : control_(control), tab_(tab), aspect_(aspect) {}
+    ~TabChange() { control_.Place.Watching().TabChanged(tab_, aspect_); }
+    TabChange(const TabChange&) = delete;
+    TabChange& operator=(const TabChange&) = delete;
+
+private:
+    Control& control_;
+    std::int16_t tab_;
+    TabAspect aspect_;
+};
+
+} // namespace
+
 template <class Operation>
 HRESULT Automation::Ask(Operation operation) const noexcept {
     return GuardAndTell([&] {
@@ -108,12 +127,23 @@ STDMETHODIMP Automation::SetBarIco(short* index, BSTR* key) noexcept {
 STDMETHODIMP Automation::SetBarCaption(short* index, BSTR* caption, VARIANT_BOOL* refresh) noexcept {
     return Do([&](VantikFrameTab& engine) {
         const std::u16string text = caption ? FromBstr(*caption) : std::u16string();
-        engine.SetBarCaption(Required(index), text, Flag(refresh ? *refresh : VARIANT_FALSE));
+        const std::int16_t tab = Required(index);
+        std::optional<TabChange> change;
+        if (engine.State().HasTab(tab) && engine.State().Tabs(tab).Caption != text)
+            change.emplace(control_, tab, TabAspect::Name);
+        engine.SetBarCaption(tab, text, Flag(refresh ? *refresh : VARIANT_FALSE));
     });
 }
 
 STDMETHODIMP Automation::SetBarEnable(short* index, VARIANT_BOOL* enable) noexcept {
-    return Do([&](VantikFrameTab& engine) { engine.SetBarEnable(Required(index), Flag(Required(enable))); });
+    return Do([&](VantikFrameTab& engine) {
+        const std::int16_t tab = Required(index);
+        const Boolean value = Flag(Required(enable));
+        std::optional<TabChange> change;
+        if (engine.State().HasTab(tab) && engine.GetTabEnable(tab) != value)
+            change.emplace(control_, tab, TabAspect::Usability);
+        engine.SetBarEnable(tab, value);
+    });
 }
 
 STDMETHODIMP Automation::GetTabCaption(short* index, BSTR* result) noexcept {

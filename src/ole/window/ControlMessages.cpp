@@ -67,9 +67,27 @@ bool IsChildNotification(const Message& message) noexcept {
     }
 }
 
+// Where that is not told in the course of it. The wheel has turned already.
+bool MayChangeRow(UINT message) noexcept {
+    switch (message) {
+    case WM_SHOWWINDOW:
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+    case WM_MOUSEWHEEL: return true;
+    default: return false;
+    }
+}
+
 } // namespace
 
 std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
+    const auto answer = Answer(message);
+    if (MayChangeRow(message.Number)) announcements_.RowChanged();
+    return answer;
+}
+
+std::optional<LRESULT> ControlMessages::Answer(const Message& message) {
     if (pointer_.Handle(message)) return std::nullopt;
     if (IsChildNotification(message))
         return SendMessageW(GetParent(message.Window), message.Number, message.WParam, message.LParam);
@@ -83,7 +101,7 @@ std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
         SecondLook::Take(message.Window);
         return 0;
     case WM_SETFOCUS:
-    case WM_KILLFOCUS: activation_.FocusChanged(message.Number == WM_SETFOCUS); return 0;
+    case WM_KILLFOCUS: FocusChanged(message.Number == WM_SETFOCUS); return 0;
     case WM_MOUSEWHEEL: return wheel_.HandOn(message);
     case WM_GETDLGCODE: return keys_.WantedOf(reinterpret_cast<const MSG*>(message.LParam));
     case WM_GETOBJECT:
@@ -100,6 +118,7 @@ std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
 }
 
 void ControlMessages::Failed(const Message& message) noexcept {
+    announcements_.RowChanged();
     switch (message.Number) {
     case WM_PAINT: return copying_.Failed(u"while it was shown");
     case WM_SIZE: return sizing_.Failed(u"while it was resized");
@@ -125,6 +144,11 @@ void ControlMessages::Sized(LPARAM size) {
     if (!control_.Size.Pixels({LOWORD(size), HIWORD(size)})) return;
     control_.Resized();
     sizing_.Succeeded();
+}
+
+void ControlMessages::FocusChanged(bool gained) {
+    announcements_.FocusChanged(gained);
+    activation_.FocusChanged(gained);
 }
 
 } // namespace vantik

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ole/accessible/Accessibility.h"
+#include "ole/accessible/Announcements.h"
 #include "ole/window/ControlWindow.h"
 #include "ole/window/KeyInput.h"
 #include "ole/window/PointerInput.h"
@@ -20,19 +21,23 @@ public:
           pointer_(control, activation),
           keys_(control, activation),
           wheel_(control),
-          accessibility_(control) {}
+          accessibility_(control),
+          announcements_(control) {}
 
     std::optional<LRESULT> Handle(const Message& message) override;
     void Failed(const Message& message) noexcept override;
 
     bool TranslateKey(MSG& message) { return keys_.Translate(message); }
+    Watchers& Watching() noexcept { return announcements_; }
     void ReleaseCapture() noexcept { pointer_.ReleaseCapture(); }
     bool TakesWheel(std::int32_t turn) { return wheel_.Takes(turn); }
 
 private:
+    std::optional<LRESULT> Answer(const Message& message);
     void Paint(HWND window);
     void Print(HDC target);
     void Sized(LPARAM size);
+    void FocusChanged(bool gained);
 
     Control& control_;
     Activation& activation_;
@@ -40,6 +45,7 @@ private:
     KeyInput keys_;
     WheelInput wheel_;
     Accessibility accessibility_;
+    Announcements announcements_;
     RepeatedFailure copying_, sizing_;
 };
 
