@@ -29,15 +29,21 @@ class Picture:
         picture.rows = [pixels[y * width:(y + 1) * width] for y in range(height)]
         return picture
 
+    def part(self, left, top, width, height):
+        part = Picture(width, height)
+        part.rows = [row[left:left + width] for row in self.rows[top:top + height]]
+        return part
+
     def enlarged(self, factor):
         larger = Picture(self.width * factor, self.height * factor)
         larger.rows = [[pixel for pixel in row for _ in range(factor)] for row in self.rows for _ in range(factor)]
         return larger
 
 
-def render_svg(path):
-    """The drawing at its own size, one unit a pixel."""
-    png = subprocess.run(["rsvg-convert", "--format=png", str(path)], check=True, capture_output=True).stdout
+def render_svg(source):
+    """The drawing, a file or its text, at its own size, one unit a pixel."""
+    svg = source if isinstance(source, bytes) else pathlib.Path(source).read_bytes()
+    png = subprocess.run(["rsvg-convert", "--format=png"], input=svg, check=True, capture_output=True).stdout
     return decode_png(png)
 
 
@@ -46,11 +52,43 @@ def load_png(path):
 
 
 def decode_png(png):
-    """Any PNG, read by ImageMagick."""
+    """Any PNG: one of 8-bit RGBA here, others by ImageMagick."""
     width, height = struct.unpack(">II", png[16:24])
+    if png[24:29] == b"\x08\x06\0\0\0":
+        return Picture.from_rgba(width, height, unfiltered(zlib.decompress(image_data(png)), 4 * width, height))
     command = ["convert", "png:-", "-depth", "8", "rgba:-"]
     data = subprocess.run(command, input=png, check=True, capture_output=True).stdout
     return Picture.from_rgba(width, height, data)
+
+
+def image_data(png):
+    """What the IDAT chunks hold, one behind the other."""
+    data, at = b"", 8
+    while at + 8 <= len(png):
+        length, kind = struct.unpack_from(">I4s", png, at)
+        data += png[at + 8:at + 8 + length] if kind == b"IDAT" else b""
+        at += 12 + length
+    return data
+
+
+def nearest(left, up, corner):
+    """The Paeth predictor."""
+    return min((left, up, corner), key=lambda value: abs(left + up - corner - value))
+
+
+def unfiltered(data, stride, height):
+    """The scanlines of 4-byte pixels behind one another, without their filter bytes."""
+    rows, above = [], bytes(stride)
+    for y in range(height):
+        kind, row = data[y * (stride + 1)], bytearray(data[y * (stride + 1) + 1:(y + 1) * (stride + 1)])
+        if kind:
+            for i in range(stride):
+                left, corner = (row[i - 4], above[i - 4]) if i >= 4 else (0, 0)
+                up = above[i]
+                row[i] = row[i] + (0, left, up, (left + up) // 2, nearest(left, up, corner))[kind] & 255
+        rows.append(row)
+        above = row
+    return b"".join(rows)
 
 
 def encode_png(picture):
