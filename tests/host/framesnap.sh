@@ -78,6 +78,14 @@ refusals() {
     check "an option without its value is refused" refused "--out needs a value"
     snap --save --out never.png
     check "an option is no other option's value" refused "--save needs a value"
+    snap --settings nowhere.txt --out never.png
+    check "settings that are not there are refused" refused "--settings: cannot read nowhere.txt"
+    printf 'BarWidth = 60\nTabBorder\n' >half.txt
+    snap --settings half.txt --out never.png
+    check "settings with half a line are refused" refused "--settings: half.txt, line 2: expected Property = Value"
+    printf 'BarWidth = wide\n' >wide.txt
+    snap --settings wide.txt --out never.png
+    check "settings with a value that is none are refused" refused "--set BarWidth: 'wide' is no value for it"
     snap --set TabCount=2 --out picture.jpg
     check "a picture of another kind is refused" refused "--out picture.jpg: expected a file name that ends with .png"
     snap --do '' --out never.png
@@ -112,6 +120,11 @@ members() {
     check "arguments come from a file, too" prints "$(lines 'GetTabCaption = "页1"' 'TabCount = 2')"
     snap --set TabCount=2 --do "GetTabEnable 0" --do "SetBarEnable 0 False" --do "GetTabEnable 0"
     check "flags are words" prints "$(lines 'GetTabEnable = True' 'GetTabEnable = False')"
+    printf '// a skin\r\n\r\nBarWidth = 132\r\nTabToTab = -17\r\nCaptionColor0 = #FF8000\r\n' >settings.txt
+    snap --set BarWidth=60 --settings settings.txt --do BarWidth --do TabToTab --do CaptionColor0
+    check "settings come from a file" prints "$(lines 'BarWidth = 132' 'TabToTab = -17' 'CaptionColor0 = 33023')"
+    snap --settings settings.txt --set BarWidth=60 --do BarWidth
+    check "and are steps like others" prints 'BarWidth = 60'
     snap --set SkinFile=nowhere.ini --do SkinFile
     check "a message box is printed and closed" test "$Status" = 0 -a "${Output#message: }" != "$Output" \
         -a "${Output##*$'\n'}" = 'SkinFile = "skin.ini"'

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "host/HostError.h"
+#include "host/SkinSettings.h"
 
 namespace vantik {
 
@@ -107,6 +108,16 @@ const StepMaker* FindMaker(const std::wstring& option) {
     return found == std::end(makers) ? nullptr : &found->second;
 }
 
+// Each line of the file becomes a step of its own, and is checked like one.
+void AddSettings(const std::wstring& path, std::vector<Step>& steps) {
+    try {
+        for (const SkinSetting& setting : ReadSkinSettings(path))
+            steps.push_back(SetStep{setting.Property, setting.Value});
+    } catch (const HostError& error) {
+        throw UsageError("--settings: " + std::string(error.what()));
+    }
+}
+
 } // namespace
 
 const char* const UsageText =
@@ -118,6 +129,7 @@ const char* const UsageText =
     "  --save FILE          saves the control's properties\n"
     "  --set Name=Value     sets a property; constants by name, colours also as #RRGGBB, True and False,\n"
     "                       Font=NAME,SIZE[,bold][,italic][,underline][,strikethrough], Picture=FILE\n"
+    "  --settings FILE      sets the properties that a skin's SETTINGS.TXT lists, one Name = Value a line\n"
     "  --do \"Member args\"   calls a method or reads a property and prints what it returns\n"
     "  --pointer X,Y        moves the pointer\n"
     "  --press X,Y          moves the pointer and presses the left button; the next step but --out lets it "
@@ -182,11 +194,14 @@ CommandLine ParseCommandLine(const std::vector<std::wstring>& arguments) {
             continue;
         }
         const StepMaker* makeStep = FindMaker(option);
-        if (!makeStep && option != L"--control") throw UsageError("unknown option '" + ToUtf8(option) + "'");
+        const bool known = makeStep || option == L"--control" || option == L"--settings";
+        if (!known) throw UsageError("unknown option '" + ToUtf8(option) + "'");
         if (++i == arguments.size() || arguments[i].starts_with(L"--"))
             throw UsageError(ToUtf8(option) + " needs a value");
         if (makeStep) {
             line.Steps.push_back((*makeStep)(option, arguments[i]));
+        } else if (option == L"--settings") {
+            AddSettings(PathOf(option, arguments[i]), line.Steps);
         } else {
             line.ControlPath = PathOf(option, arguments[i]);
         }

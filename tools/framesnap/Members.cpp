@@ -4,6 +4,7 @@
 
 #include "CommandLine.h"
 #include "Objects.h"
+#include "host/SkinSettings.h"
 #include "host/TypeAttributes.h"
 
 namespace vantik {
@@ -58,14 +59,6 @@ const char* WantedText(ValueKind kind) noexcept {
     case ValueKind::Picture: return "a picture file";
     default: return "text";
     }
-}
-
-std::optional<std::int32_t> ToColour(const std::wstring& text) {
-    if (text.size() != 7 || text[0] != L'#') return std::nullopt;
-    wchar_t* end = nullptr;
-    const unsigned long rgb = std::wcstoul(text.c_str() + 1, &end, 16);
-    if (*end != L'\0') return std::nullopt;
-    return static_cast<std::int32_t>((rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16);
 }
 
 } // namespace
@@ -125,8 +118,8 @@ Variant Members::Convert(ValueKind kind, const std::wstring& text) const {
         switch (kind) {
         case ValueKind::Text: return Variant(text);
         case ValueKind::Flag: return Variant(text).As(VT_BOOL);
-        case ValueKind::ShortNumber: return ToNumber(text).As(VT_I2);
-        case ValueKind::Number: return ToNumber(text);
+        case ValueKind::ShortNumber: return NumberFromText(text, constants_).As(VT_I2);
+        case ValueKind::Number: return NumberFromText(text, constants_);
         case ValueKind::Font: return Variant(MakeFont(text).Get());
         case ValueKind::Picture: return Variant(MakePicture(text).Get());
         default: throw UsageError("its type cannot be written on a command line");
@@ -134,15 +127,6 @@ Variant Members::Convert(ValueKind kind, const std::wstring& text) const {
     } catch (const HostError&) {
         throw UsageError("'" + ToUtf8(text) + "' is no value for it; expected " + WantedText(kind));
     }
-}
-
-Variant Members::ToNumber(const std::wstring& text) const {
-    if (const auto colour = ToColour(text)) return Variant(*colour);
-    const auto constant =
-        std::find_if(constants_.begin(), constants_.end(),
-                     [&](const EnumerationMember& each) { return SameName(each.Name, text); });
-    if (constant != constants_.end()) return Variant(constant->Value);
-    return Variant(text).As(VT_I4);
 }
 
 } // namespace vantik

@@ -35,7 +35,6 @@ public:
 private:
     const Member* Find(const std::wstring& name) const noexcept;
     void Read(ITypeInfo& type, UINT index);
-    Variant ToNumber(const std::wstring& text) const;
 
     std::vector<Member> members_;
     std::vector<EnumerationMember> constants_;
