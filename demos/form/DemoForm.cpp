@@ -6,7 +6,7 @@ namespace vantik {
 
 namespace {
 
-constexpr SIZE FormSize = {920, 620};
+constexpr SIZE FormSize = {1008, 620};
 constexpr SIZE LeastSize = {720, 540};
 constexpr int Margin = 12;
 
@@ -19,7 +19,7 @@ RECT ControlPlace(SIZE form, int panelWidth) noexcept {
 
 } // namespace
 
-DemoForm::DemoForm(ControlModule& module) : skins_(FindSkins()) {
+DemoForm::DemoForm(ControlModule& module) : module_(module), skins_(FindSkins()) {
     FormHandlers handlers;
     handlers.Event = [this](EventCall& event) { OnEvent(event); };
     handlers.Message = [this](UINT m, WPARAM w, LPARAM l) { return OnMessage(m, w, l); };
@@ -40,8 +40,6 @@ void DemoForm::OpenControl() {
     captionFont.Size = FormFont::Points;
     PutReference(Control(), L"Font", MakeAgain(captionFont).Get());
     Set(L"TabOffSet", Pages::TabOffSet);
-    Set(L"BarWidth", InitialBarWidth);
-    Set(L"CaptionPos", std::int32_t{1});
     Set(L"DelButton", false);
     Set(L"FixOcxList", Pages::FixedControl);
     Set(L"TabCount", static_cast<std::int16_t>(Pages::Captions().size()));
@@ -50,9 +48,7 @@ void DemoForm::OpenControl() {
         Call(Control(), L"SetBarCaption", {static_cast<std::int16_t>(i), Pages::Captions()[i], true});
     }
     pages_ = std::make_unique<Pages>(*form_, font_, [this](const std::wstring& line) { Note(line); });
-    ArrangeCaptions();
-    pages_->TakeBackground();
-    options_->Refresh();
+    UseSkin(0);
 }
 
 void DemoForm::Arrange() {

@@ -33,7 +33,6 @@ public:
 
 private:
     static constexpr int PanelWidth = 236;
-    static constexpr std::int16_t InitialBarWidth = 96;
 
     void OpenControl();
     void MakeOptions();
@@ -44,7 +43,11 @@ private:
     OptionPanel::Setting<std::wstring> TextSetting(const wchar_t* property);
     void Arrange();
     void ArrangeLater();
-    std::int16_t CaptionShift(bool lying);
+    void LoadSkin();
+    const SkinChoice& ChosenSkin() const { return skins_.at(static_cast<std::size_t>(skin_)); }
+    const SkinVariant& ChosenVariant() const { return lying_ ? ChosenSkin().Lying : ChosenSkin().Standing; }
+    int SkinValue(const wchar_t* property) const;
+    int CaptionShift();
     void ArrangeCaptions();
     void Note(const std::wstring& line);
     void RefuseDisabledTab(EventCall& event);
@@ -55,7 +58,13 @@ private:
     // Sets a property; what the control refuses is noted in the list.
     void Set(const wchar_t* property, Variant value);
     template <class Piece>
-    void Try(Piece piece);
+    void Try(Piece piece) {
+        try {
+            piece();
+        } catch (const HostError& error) {
+            Note(FromUtf8(error.what()));
+        }
+    }
     void InsertTab();
     void RemoveTab();
     void ShowTabMenu();
@@ -63,9 +72,11 @@ private:
     std::int16_t ActiveTab();
     bool IsEnabled(std::int16_t tab);
 
+    ControlModule& module_;
     FormFont font_;
     std::vector<SkinChoice> skins_;
     int skin_ = 0;
+    bool lying_ = true; // the skin in force is the one for such bars
     bool icons_ = false;
     std::unique_ptr<HostForm> form_;
     std::unique_ptr<OptionPanel> options_;

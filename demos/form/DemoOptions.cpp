@@ -11,17 +11,6 @@ const std::vector<std::wstring> Alignments = {L"Left", L"Middle", L"Right"};    
 
 constexpr std::int16_t ManyTabs = 40;
 constexpr std::int16_t TabToDisable = 2;
-constexpr int TopSide = 2;
-constexpr int BottomSide = 3;
-constexpr int AlignLeft = 0, AlignMiddle = 1, AlignRight = 2;
-
-// Pixels that set icons and captions nicely into the bars of the built-in skin.
-constexpr std::int16_t IconShift = 2;
-constexpr std::int16_t BehindIcon = 20;
-constexpr std::int16_t AwayFromIcon = 6;
-constexpr std::int16_t CaptionDrop = 4;
-
-constexpr const wchar_t* Icons[] = {L"Sun", L"HandNo"};
 
 std::vector<std::wstring> NamesOf(const std::vector<SkinChoice>& skins) {
     std::vector<std::wstring> names;
@@ -70,7 +59,7 @@ void DemoForm::MakeLookOptions() {
     options_->AddChoice(L"Skin", NamesOf(skins_),
                         {[this](int skin) { UseSkin(skin); }, [this] { return skin_; }});
     options_->AddNumber(L"Bar width", 1, 400, NumberSetting(L"BarWidth"));
-    options_->AddNumber(L"Bar gap", 0, 40, NumberSetting(L"TabToTab"));
+    options_->AddNumber(L"Bar gap", -40, 40, NumberSetting(L"TabToTab"));
     options_->AddText(L"Fixed", TextSetting(L"FixOcxList"));
 }
 
@@ -86,15 +75,6 @@ void DemoForm::MakeTabOptions() {
                           {L"40 tabs", [this] { SetTabCount(ManyTabs); }}});
 }
 
-template <class Piece>
-void DemoForm::Try(Piece piece) {
-    try {
-        piece();
-    } catch (const HostError& error) {
-        Note(FromUtf8(error.what()));
-    }
-}
-
 void DemoForm::Set(const wchar_t* property, Variant value) {
     Try([&] { Put(Control(), property, std::move(value)); });
 }
@@ -103,53 +83,21 @@ int DemoForm::Number(const wchar_t* property) { return Get(Control(), property).
 
 bool DemoForm::IsEnabled(std::int16_t tab) { return Call(Control(), L"GetTabEnable", {tab}).Flag(); }
 
-void DemoForm::ShowSide(int side) {
-    Set(L"TabPos", side);
-    ArrangeCaptions();
-}
-
 void DemoForm::ShowIcons(bool show) {
     icons_ = show;
+    const std::vector<std::wstring>& icons = ChosenSkin().Icons;
     Try([&] {
         const int count = Number(L"TabCount");
         for (std::int16_t tab = 0; tab < count; ++tab) {
-            Call(Control(), L"SetBarIco", {tab, show ? Icons[tab % 2] : L"-1"});
+            Call(Control(), L"SetBarIco",
+                 {tab, show ? icons[static_cast<std::size_t>(tab) % icons.size()] : L"-1"});
         }
     });
     ArrangeCaptions();
 }
 
-// Captions in the middle keep a little away from the icon where no close button at the other end balances it; those at
-// the icon's end, which is the upper one on standing bars, begin or end behind it.
-std::int16_t DemoForm::CaptionShift(bool lying) {
-    if (!icons_) return 0;
-    const int position = Number(L"CaptionPos");
-    if (position == AlignMiddle) return Get(Control(), L"DelButton").Flag() ? std::int16_t{0} : AwayFromIcon;
-    return position == (lying ? AlignLeft : AlignRight) ? BehindIcon : std::int16_t{0};
-}
-
-// Icons stand a little behind the leading edge of their bars.
-void DemoForm::ArrangeCaptions() {
-    const int side = Number(L"TabPos");
-    const bool lying = side == TopSide || side == BottomSide;
-    const std::int16_t shift = CaptionShift(lying);
-    Set(L"IcoXjust", lying ? IconShift : std::int16_t{0});
-    Set(L"IcoYjust", lying ? std::int16_t{0} : IconShift);
-    Set(L"CaptionXjust", lying ? shift : std::int16_t{0});
-    Set(L"CaptionYjust", lying ? CaptionDrop : shift);
-}
-
 void DemoForm::EnableTab(std::int16_t tab, bool enable) {
     Try([&] { Call(Control(), L"SetBarEnable", {tab, enable}); });
-}
-
-void DemoForm::UseSkin(int skin) {
-    Try([&] {
-        Put(Control(), L"SkinPath", skins_.at(static_cast<std::size_t>(skin)).Folder);
-        Put(Control(), L"SkinFile", L"skin.ini");
-        skin_ = skin;
-        pages_->TakeBackground();
-    });
 }
 
 void DemoForm::SetTabCount(std::int16_t count) {

@@ -72,6 +72,11 @@ const PageWidget Widgets[] = {
 
 constexpr int FirstId = 1000;
 
+// As the eye weighs the three colours.
+bool IsDark(COLORREF colour) noexcept {
+    return GetRValue(colour) * 299 + GetGValue(colour) * 587 + GetBValue(colour) * 114 < 128000;
+}
+
 } // namespace
 
 const std::vector<std::wstring>& Pages::Captions() {
@@ -127,7 +132,7 @@ void Pages::TakeBackground() {
 
 LRESULT Pages::Colour(HDC dc) const {
     SetBkColor(dc, colour_);
-    SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
+    SetTextColor(dc, IsDark(colour_) ? RGB(255, 255, 255) : GetSysColor(COLOR_BTNTEXT));
     return reinterpret_cast<LRESULT>(brush_);
 }
 

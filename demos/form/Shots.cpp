@@ -64,6 +64,16 @@ public:
             demo_.UseSkin(skin);
             Take(L"skin-" + demo_.Skins()[static_cast<std::size_t>(skin)].Name);
         }
+        TakeReturn();
+    }
+
+    // From a skin for bars that stand back to the first one, which lets nothing of it be seen.
+    void TakeReturn() {
+        demo_.ShowSide(0);
+        Take(L"sides-" + demo_.Skins().back().Name);
+        demo_.UseSkin(0);
+        Reset(2);
+        Take(L"back");
     }
 
     // The third tab is disabled by now: the user reaches it by no way, and the pages stay where they were.

@@ -9,7 +9,7 @@ source "$ROOT/tests/scripts/check.sh"
 demo() { wine "$BUILD/demos/form/demo.exe" "$@" >output.txt 2>&1; }
 
 # Strips of the form just inside the four edges of the control, where the bars of that side are.
-declare -A Strip=([top]=560x22+60+12 [bottom]=560x22+60+586 [left]=22x440+12+60 [right]=22x440+638+60)
+declare -A Strip=([top]=560x22+60+12 [bottom]=560x22+60+586 [left]=22x440+12+60 [right]=22x440+726+60)
 
 shows_something() { [[ $(identify -format '%k' "$1" 2>/dev/null || echo 0) -ge 8 ]]; }
 differ() { [[ -s $1 && -s $2 && $(compare -metric AE "$1" "$2" null: 2>&1) -gt 100 ]]; }
@@ -17,8 +17,8 @@ same() { [[ -s $1 && -s $2 && $(compare -metric AE "$1" "$2" null: 2>&1) == 0 ]]
 
 # The same control, whatever the options beside it show.
 same_control() {
-    convert "$1" -crop 648x596+12+12 +repage a.png
-    convert "$2" -crop 648x596+12+12 +repage b.png
+    convert "$1" -crop 736x596+12+12 +repage a.png
+    convert "$2" -crop 736x596+12+12 +repage b.png
     same a.png b.png
 }
 
@@ -60,6 +60,17 @@ for side in top bottom left right; do
     check "$side shows many tabs" differ "shots/looks-$side.png" "shots/many-$side.png"
 done
 check "the sides differ" differ shots/top-start-shared.png shots/bottom-start-shared.png
+
+for skin in "$ROOT"/skins/*/; do
+    picture=shots/skin-$(basename "$skin").png
+    check "$picture shows something" shows_something "$picture"
+    check "$picture is not the built-in skin" differ shots/looks-top.png "$picture"
+done
+check "every skin is among the choices, and no other" test "$(ls shots/skin-*.png | wc -l)" = "$(ls -d "$ROOT"/skins/*/ | wc -l)"
+check "the page is dark with the dark skin" test "$(convert shots/skin-dark.png -format '%[fx:p{300,300}.r<0.2]' info:)" = 1
+check "and so is the form around it, with white labels" test \
+    "$(convert shots/skin-dark.png -crop 80x24+760+8 +repage -format '%[fx:minima<0.2&&maxima>0.9]' info:)" = 1
+check "the built-in skin comes back as it was" same_control shots/looks-top.png shots/back.png
 
 check "the user's ways to a disabled tab end where they began" same_control shots/disabled-before.png \
     shots/disabled-after.png
