@@ -75,15 +75,19 @@ def square(bar):
 
 
 def flat(bar):
-    """No edges but the active bar's; short separators between the others."""
+    """No edges but the active bar's, and short separators between the others. A bar's first column lies over the one
+    before it: there an active bar hides the separator, and any other shows it, or an active bar's edge."""
     height, width = bar.height, bar.width
-    parts = rectangle(f"fill{bar.look}", 0, 0, width, height)
     if bar.look == ACTIVE:
-        parts += f'<path class="edge2" d="M0.5 {height}V0M{width - 0.5} {height}V0"/>'
-    elif bar.look == NORMAL:
-        margin = bar.px(8)
-        parts += rectangle("separator", width - 1, margin, 1, height - 1 - 2 * margin)
-    return parts + mark_on_top(bar, 0, bar.px(3 if bar.look == ACTIVE else 2)) + page_line(bar)
+        return (rectangle("fill2", 0, 0, width, height)
+                + f'<path class="edge2" d="M0.5 {height}V0M{width - 0.5} {height}V0"/>' + mark_on_top(bar, 0, bar.px(3)))
+    margin = bar.px(8)
+    covers = rectangle(f"fill{bar.look}", 1, 0, width - 1, height)
+    if bar.look == NORMAL:
+        covers += rectangle("separator", width - 1, margin, 1, height - 1 - 2 * margin)
+    else:
+        covers += rectangle("mark1", 1, 0, width - 1, bar.px(2))
+    return covers + rectangle("line", 1, height - 1, width - 1, 1)
 
 
 def segmented(bar):

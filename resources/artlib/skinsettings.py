@@ -26,8 +26,9 @@ def common(sheet):
 
 
 def gap(sheet):
-    """Slanted bars overlap by just the width of their ends."""
-    return -sheet.end if sheet.palette["Shape"] == "slanted" else sheet.px(sheet.palette["Gap"])
+    """Bars of some shapes overlap: slanted ones by just the width of their ends, flat ones by a line."""
+    overlaps = {"slanted": -sheet.end, "flat": -1}
+    return overlaps.get(sheet.palette["Shape"], sheet.px(sheet.palette["Gap"]))
 
 
 def lying(sheet):

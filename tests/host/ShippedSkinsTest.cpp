@@ -18,8 +18,12 @@ constexpr int Left = 0, Right = 1, Top = 2, Bottom = 3;
 constexpr std::size_t ShortestCaption = 3, LongestCaption = 20;
 constexpr std::int16_t TabCount = 2; // an active one, whose caption is bold on the sides, and another
 constexpr int RoomForButtons = 90;   // beside the row, at 100 percent
-constexpr int LeastGap = 3;          // pixels between a caption and whatever is beside it
-constexpr int LeastEdge = 4;         // between a bar's edge and what stands on it
+constexpr const wchar_t* Icons[] = {
+    L"Document", L"Folder", L"Home", L"Mail",    L"Calendar", L"Chart", L"User",    L"Users",
+    L"Settings", L"Search", L"Star", L"Clock",   L"Lock",     L"Globe", L"Picture", L"Chat",
+    L"Bell",     L"Cart",   L"Tag",  L"Printer", L"Edit",     L"Info",  L"Table",   L"Database"};
+constexpr int LeastGap = 3;  // pixels between a caption and whatever is beside it
+constexpr int LeastEdge = 4; // between a bar's edge and what stands on it
 
 std::filesystem::path SkinsFolder() {
     std::filesystem::path folder = ProgramFolder();
@@ -219,9 +223,13 @@ TEST_CASE("Every skin loads and draws without any fault") {
         DebugLines lines;
         for (const int side : {Top, Left}) {
             ShownSkin skin(name, side);
-            skin.ShowIcons(true);
             Call(skin.Control(), L"SetBarEnable", {std::int16_t{1}, false});
-            skin.Take();
+            for (const wchar_t* icon : Icons) {
+                const Snapshot without = skin.Take();
+                Call(skin.Control(), L"SetBarIco", {std::int16_t{0}, icon});
+                Call(skin.Control(), L"SetBarIco", {std::int16_t{1}, icon});
+                CHECK_FALSE(skin.Take() == without);
+            }
             CHECK(Get(skin.Control(), L"SkinFile").Text() == (Lies(side) ? L"SKIN.INI" : L"SKIN-SIDES.INI"));
         }
         CHECK(lines.Take().empty());

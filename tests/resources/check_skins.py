@@ -223,12 +223,15 @@ class Settings(unittest.TestCase):
             for file in ("SETTINGS.TXT", "SETTINGS-SIDES.TXT"):
                 self.assertEqual(list(read_settings(folder / file)), SETTINGS, folder / file)
 
-    def test_slanted_bars_overlap_by_their_ends(self):
-        for _, _, folder in each_skin():
+    def test_slanted_bars_overlap_by_their_ends_and_slim_ones_by_a_line(self):
+        for name, _, folder in each_skin():
             rects = read_definition(folder / "SKIN.INI")[0]
-            width = rects[8][1] - rects[8][0] + 1
+            ends = rects[8][1] - rects[8][0] + 1
             gap = int(read_settings(folder / "SETTINGS.TXT")["TabToTab"])
-            self.assertEqual(gap, -width) if "slanted" in folder.name else self.assertGreaterEqual(gap, 0)
+            if name in ("slanted", "slim"):
+                self.assertEqual(gap, -ends if name == "slanted" else -1)
+            else:
+                self.assertGreaterEqual(gap, 0)
 
     def test_the_page_of_the_documentation_shows_them(self):
         page = (ROOT / "docs" / "skins.md").read_text(encoding="utf-8")
