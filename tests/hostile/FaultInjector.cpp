@@ -173,6 +173,7 @@ FaultyImport Table[] = {
     IMPORT(SetTimer, 0),
     IMPORT(SetWindowPos, 0),
     IMPORT(SetWindowRgn, 0),
+    IMPORT(SystemParametersInfoW, 0),
     IMPORT(UnregisterClassW, 0),
     IMPORT(UpdateWindow, 0),
     IMPORT(ValidateRect, 0),

@@ -102,6 +102,7 @@ std::optional<LRESULT> ControlMessages::Answer(const Message& message) {
         return 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS: FocusChanged(message.Number == WM_SETFOCUS); return 0;
+    case WM_UPDATEUISTATE: return CuesChanged(message);
     case WM_MOUSEWHEEL: return wheel_.HandOn(message);
     case WM_GETDLGCODE: return keys_.WantedOf(reinterpret_cast<const MSG*>(message.LParam));
     case WM_GETOBJECT:
@@ -130,9 +131,18 @@ void ControlMessages::Failed(const Message& message) noexcept {
 void ControlMessages::Paint(HWND window) {
     const SecondLook second(window);
     Surface& surface = control_.PaintedSurface();
+    cue_.Update();
     const PaintScope paint(window);
     surface.CopyPart(paint.DC(), paint.Area());
+    cue_.Draw(paint.DC());
     copying_.Succeeded();
+}
+
+// First the system takes note, and tells the windows on the control.
+LRESULT ControlMessages::CuesChanged(const Message& message) {
+    const LRESULT result = DefWindowProcW(message.Window, message.Number, message.WParam, message.LParam);
+    cue_.Update();
+    return result;
 }
 
 void ControlMessages::Print(HDC target) {
@@ -147,6 +157,7 @@ void ControlMessages::Sized(LPARAM size) {
 }
 
 void ControlMessages::FocusChanged(bool gained) {
+    cue_.Focused(gained);
     announcements_.FocusChanged(gained);
     activation_.FocusChanged(gained);
 }

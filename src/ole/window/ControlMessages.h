@@ -3,6 +3,7 @@
 
 #include "ole/accessible/Accessibility.h"
 #include "ole/accessible/Announcements.h"
+#include "ole/accessible/FocusCue.h"
 #include "ole/window/ControlWindow.h"
 #include "ole/window/KeyInput.h"
 #include "ole/window/PointerInput.h"
@@ -22,7 +23,8 @@ public:
           keys_(control, activation),
           wheel_(control),
           accessibility_(control),
-          announcements_(control) {}
+          announcements_(control),
+          cue_(control) {}
 
     std::optional<LRESULT> Handle(const Message& message) override;
     void Failed(const Message& message) noexcept override;
@@ -38,6 +40,7 @@ private:
     void Print(HDC target);
     void Sized(LPARAM size);
     void FocusChanged(bool gained);
+    LRESULT CuesChanged(const Message& message);
 
     Control& control_;
     Activation& activation_;
@@ -46,6 +49,7 @@ private:
     WheelInput wheel_;
     Accessibility accessibility_;
     Announcements announcements_;
+    FocusCue cue_;
     RepeatedFailure copying_, sizing_;
 };
 

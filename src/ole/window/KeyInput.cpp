@@ -21,6 +21,7 @@ HWND DialogAround(HWND window) noexcept {
     return dialog;
 }
 
+// As dialogs do at a key of theirs: from the first one on the user wants to see where the keyboard is.
 void ShowFocusCues(HWND window) noexcept {
     SendMessageW(window, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
 }
@@ -40,6 +41,7 @@ bool KeyInput::Translate(MSG& message) {
 
 bool KeyInput::Down(WPARAM key) noexcept {
     if ((key != VK_LEFT && key != VK_RIGHT) || !TakesInput(control_)) return false;
+    ShowFocusCues(activation_.Window());
     try {
         control_.Engine.UserControl_KeyDown(static_cast<std::int16_t>(key), ShiftState());
     } catch (...) {

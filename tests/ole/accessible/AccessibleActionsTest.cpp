@@ -105,6 +105,7 @@ TEST_CASE("the buttons beside the row do what a press on them does") {
         CHECK(Act(told.Child(button)) == S_OK);
         CHECK(told.Events() == pressed.Events());
         CHECK(TreeWithoutFocus(told) == TreeWithoutFocus(pressed));
+        SetFocus(nullptr); // which a press takes, and which shows
         CHECK(test::Difference(told.InWindow->Picture(), pressed.InWindow->Picture()) == "same");
     }
 }
