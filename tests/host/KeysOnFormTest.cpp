@@ -62,4 +62,16 @@ TEST_CASE("Arrow keys switch tabs on a form of either kind") {
     }
 }
 
+TEST_CASE("Under design windows out of sight keep their bits, which the designer may save") {
+    for (const bool userMode : {true, false}) {
+        CAPTURE(userMode);
+        HostSwitches switches;
+        switches.UserMode = userMode;
+        FormWithFields test(switches);
+        Put(test.Control(), L"ActiveTab", std::int16_t{1});
+        PumpMessages(test.Form());
+        CHECK(((GetWindowLongPtrW(test.OnPage, GWL_STYLE) & WS_TABSTOP) == 0) == userMode);
+    }
+}
+
 } // namespace vantik

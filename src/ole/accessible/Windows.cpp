@@ -1,5 +1,7 @@
 #include "ole/accessible/Windows.h"
 
+#include <algorithm>
+
 namespace vantik {
 
 namespace {
@@ -19,6 +21,18 @@ RECT ClientOnScreen(HWND window) noexcept {
 }
 
 } // namespace
+
+// One without a width stands at a place, too.
+bool IsParked(HWND child) noexcept {
+    RECT place = {};
+    if (!GetWindowRect(child, &place)) return false;
+    const RECT client = ClientOnScreen(GetAncestor(child, GA_PARENT));
+    return std::max(place.right, place.left + 1) <= client.left || place.left >= client.right;
+}
+
+bool Shows(HWND child) noexcept {
+    return (GetWindowLongPtrW(child, GWL_STYLE) & WS_VISIBLE) && !IsParked(child);
+}
 
 std::vector<HWND> ShownChildren(HWND window) {
     std::vector<HWND> shown;

@@ -57,8 +57,10 @@ void ControlHost::PropertyChanged(Property property) {
 TabEvents& ControlHost::Events() { return control_.Events; }
 
 std::vector<std::unique_ptr<ChildControl>> ControlHost::ChildControls() {
-    return FindChildren(
+    auto children = FindChildren(
         {control_.Site, control_.Controlling, hWnd(), control_.Place.RowStop(), control_.Size.Screen()});
+    if (!children.empty()) control_.Place.ChildrenMayMove();
+    return children;
 }
 
 std::u16string ControlHost::HostFolder() { return ApplicationFolder(); }

@@ -17,6 +17,8 @@ public:
 
     virtual Watchers& Watching() noexcept = 0;
 
+    virtual void ChildrenMayMove() noexcept = 0; // those that were asked for
+
     virtual void ReleaseCapture() noexcept = 0;
     virtual bool TakesWheel(std::int32_t turn) = 0;
 

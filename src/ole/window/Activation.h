@@ -39,6 +39,7 @@ public:
     HWND RowStop() const noexcept override { return rowStop_.Handle(); }
     bool KeepsWithWindow(IUnknown& lastReference) noexcept { return window_.Keeps(lastReference); }
     Watchers& Watching() noexcept override { return messages_.Watching(); }
+    void ChildrenMayMove() noexcept override { messages_.ChildrenMayMove(); }
     void ReleaseCapture() noexcept override { messages_.ReleaseCapture(); }
     // Whether the control or its host used the key that the host's message loop asks about.
     bool TranslateKey(MSG& message) { return messages_.TranslateKey(message); }

@@ -102,6 +102,11 @@ std::optional<LRESULT> ControlMessages::Answer(const Message& message) {
         return 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS: FocusChanged(message.Number == WM_SETFOCUS); return 0;
+    case WM_PARENTNOTIFY:
+        if (LOWORD(message.WParam) == WM_CREATE) pageOrder_.ArrangeSoon();
+        return std::nullopt;
+    case PageOrder::Due: pageOrder_.Arrange(); return 0;
+    case WM_DESTROY: pageOrder_.End(); return std::nullopt;
     case WM_UPDATEUISTATE: return CuesChanged(message);
     case WM_MOUSEWHEEL: return wheel_.HandOn(message);
     case WM_GETDLGCODE: return keys_.WantedOf(reinterpret_cast<const MSG*>(message.LParam));
@@ -151,6 +156,7 @@ void ControlMessages::Print(HDC target) {
 }
 
 void ControlMessages::Sized(LPARAM size) {
+    pageOrder_.ArrangeSoon();
     if (!control_.Size.Pixels({LOWORD(size), HIWORD(size)})) return;
     control_.Resized();
     sizing_.Succeeded();

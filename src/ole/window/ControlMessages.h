@@ -4,6 +4,7 @@
 #include "ole/accessible/Accessibility.h"
 #include "ole/accessible/Announcements.h"
 #include "ole/accessible/FocusCue.h"
+#include "ole/accessible/PageOrder.h"
 #include "ole/window/ControlWindow.h"
 #include "ole/window/KeyInput.h"
 #include "ole/window/PointerInput.h"
@@ -24,13 +25,15 @@ public:
           wheel_(control),
           accessibility_(control),
           announcements_(control),
-          cue_(control) {}
+          cue_(control),
+          pageOrder_(control) {}
 
     std::optional<LRESULT> Handle(const Message& message) override;
     void Failed(const Message& message) noexcept override;
 
     bool TranslateKey(MSG& message) { return keys_.Translate(message); }
     Watchers& Watching() noexcept { return announcements_; }
+    void ChildrenMayMove() noexcept { pageOrder_.ArrangeSoon(); }
     void ReleaseCapture() noexcept { pointer_.ReleaseCapture(); }
     bool TakesWheel(std::int32_t turn) { return wheel_.Takes(turn); }
 
@@ -50,6 +53,7 @@ private:
     Accessibility accessibility_;
     Announcements announcements_;
     FocusCue cue_;
+    PageOrder pageOrder_;
     RepeatedFailure copying_, sizing_;
 };
 

@@ -1,0 +1,35 @@
+#include "ole/accessible/PageOrder.h"
+
+#include "ole/accessible/Windows.h"
+
+namespace vantik {
+
+bool PageOrder::HasChildren() const noexcept {
+    HWND child = GetWindow(control_.Place.Window(), GW_CHILD);
+    if (child && child == control_.Place.RowStop()) child = GetWindow(child, GW_HWNDNEXT);
+    return child != nullptr;
+}
+
+// Messages that are posted come before keys that the user has typed already.
+void PageOrder::ArrangeSoon() noexcept {
+    const HWND window = control_.Place.Window();
+    if (!isDue_ && window && HasChildren()) isDue_ = PostMessageW(window, Due, 0, 0);
+}
+
+// A form under design keeps its windows as they are.
+void PageOrder::Arrange() {
+    isDue_ = false;
+    const HWND window = control_.Place.Window();
+    if (!window) return;
+    if (!control_.Ambient.UserMode()) return stops_.GiveBack();
+    stops_.Arrange(window);
+    const HWND focused = FocusedChild(window);
+    if (focused && !Shows(focused)) SetFocus(window);
+}
+
+void PageOrder::End() noexcept {
+    isDue_ = false;
+    stops_.GiveBack();
+}
+
+} // namespace vantik
