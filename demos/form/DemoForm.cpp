@@ -24,6 +24,7 @@ DemoForm::DemoForm(ControlModule& module) : module_(module), skins_(FindSkins())
     handlers.Event = [this](EventCall& event) { OnEvent(event); };
     handlers.Message = [this](UINT m, WPARAM w, LPARAM l) { return OnMessage(m, w, l); };
     handlers.ControlMessage = [this](UINT m, WPARAM w, LPARAM l) { return OnControlMessage(m, w, l); };
+    handlers.Key = [this](const MSG& message) { return keys_ && keys_->Use(message); };
     const FormLayout layout = {L"VantikFrameTab", FormSize, ControlPlace(FormSize, PanelWidth),
                                L"VantikFrameTab1"};
     form_ = std::make_unique<HostForm>(module, layout, HostSwitches(), std::move(handlers));
@@ -48,7 +49,10 @@ void DemoForm::OpenControl() {
         Call(Control(), L"SetBarCaption", {static_cast<std::int16_t>(i), Pages::Captions()[i], true});
     }
     pages_ = std::make_unique<Pages>(*form_, font_, [this](const std::wstring& line) { Note(line); });
+    keys_ = std::make_unique<FormKeys>(*form_);
     UseSkin(0);
+    // The key Tab begins with it.
+    SetWindowPos(form_->ControlWindow(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void DemoForm::Arrange() {

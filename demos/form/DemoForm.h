@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "EventList.h"
+#include "FormKeys.h"
 #include "OptionPanel.h"
 #include "Pages.h"
 #include "Skins.h"
@@ -29,6 +30,7 @@ public:
     void UseSkin(int skin);
     void SetTabCount(std::int16_t count);
     void ShowOptions() { options_->Refresh(); } // after changes that did not come from them
+    void TakeFocus() { form_->UIActivate(); }   // the first stop of the form
     const std::vector<SkinChoice>& Skins() const noexcept { return skins_; }
 
 private:
@@ -82,6 +84,7 @@ private:
     std::unique_ptr<OptionPanel> options_;
     std::unique_ptr<EventList> events_;
     std::unique_ptr<Pages> pages_;
+    std::unique_ptr<FormKeys> keys_;
 };
 
 } // namespace vantik

@@ -129,10 +129,9 @@ void DemoForm::ShowTabMenu() {
         const std::wstring caption = Call(Control(), L"GetTabCaption", {tab}).Text();
         AppendMenuW(menu, state, static_cast<UINT_PTR>(tab + 1), caption.c_str());
     }
-    POINT pointer = {};
-    GetCursorPos(&pointer);
+    const POINT corner = keys_->MenuCorner();
     const int chosen =
-        TrackPopupMenu(menu, TPM_RETURNCMD, pointer.x, pointer.y, 0, form_->Window().Handle(), nullptr);
+        TrackPopupMenu(menu, TPM_RETURNCMD, corner.x, corner.y, 0, form_->Window().Handle(), nullptr);
     DestroyMenu(menu);
     if (chosen > 0) Set(L"ActiveTab", static_cast<std::int16_t>(chosen - 1));
 }

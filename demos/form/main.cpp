@@ -28,7 +28,10 @@ int Run(const std::wstring& shotFolder) {
     ControlModule module(FindBuiltControl());
     DemoForm demo(module);
     demo.Form().Window().Show();
-    if (shotFolder.empty()) return RunMessages(demo.Form());
+    if (shotFolder.empty()) {
+        demo.TakeFocus();
+        return RunMessages(demo.Form());
+    }
     TakeShots(demo, shotFolder);
     return Done;
 }

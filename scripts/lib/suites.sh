@@ -9,7 +9,7 @@
 #   seconds = 120                time limit of one run (60)
 #   alone   = yes                nothing else runs meanwhile: for what measures time
 #   locale  = zh_CN.UTF-8        the locale, and by it the ANSI code page (C.UTF-8, code page 1252)
-#   scale   = 168                the dots per inch of the screen that programs see (96)
+#   scale   = 168                the dots per inch of the screen that programs see (96); display: the script opens one
 #
 # Each run has an empty folder of its own as its current one, no input, no display, and a private WINEPREFIX. A script
 # finds the checkout in ROOT and the build tree in BUILD, and calls "wine" plainly.

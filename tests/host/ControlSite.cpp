@@ -136,6 +136,11 @@ HRESULT ControlSite::TransformCoords(POINTL* himetric, POINTF* container, DWORD 
     return S_OK;
 }
 
+HRESULT ControlSite::TranslateAccelerator(MSG* message, DWORD) noexcept {
+    if (!message) return E_POINTER;
+    return Ask([&](SiteOwner& owner) { return owner.ControlOffersKey(*message) ? S_OK : S_FALSE; });
+}
+
 HRESULT ControlSite::GetTypeInfoCount(UINT* count) noexcept {
     if (!count) return E_POINTER;
     *count = 0;

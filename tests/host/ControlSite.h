@@ -31,6 +31,7 @@ public:
     // The control's own messages; an answer keeps the message from the control.
     virtual std::optional<LRESULT> ControlMessage(HWND window, UINT message, WPARAM wParam,
                                                   LPARAM lParam) = 0;
+    virtual bool ControlOffersKey(const MSG& message) = 0; // true: the form used it
 
 protected:
     ~SiteOwner() = default;
@@ -83,7 +84,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch** extender) noexcept override;
     HRESULT STDMETHODCALLTYPE TransformCoords(POINTL* himetric, POINTF* container,
                                               DWORD flags) noexcept override;
-    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, DWORD) noexcept override { return S_FALSE; }
+    HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG* message, DWORD modifiers) noexcept override;
     HRESULT STDMETHODCALLTYPE OnFocus(BOOL) noexcept override { return S_OK; }
     HRESULT STDMETHODCALLTYPE ShowPropertyFrame() noexcept override { return E_NOTIMPL; }
 

@@ -36,6 +36,9 @@ struct FormHandlers {
     MessageHandler Message;        // of the form's window
     MessageHandler ControlMessage; // of the control's window, by way of the site's filters
     std::function<void(DISPID)> PropertyChanged;
+    // A key for a window on the form, before that gets it; for the control's own window what that does not use. True: it is
+    // used up.
+    std::function<bool(const MSG&)> Key;
 };
 
 class HostForm final : private SiteOwner, private FormItem {
@@ -83,6 +86,7 @@ private:
     void SetExtent();
     void LetGoOfKeyboard();
     bool OfferToControl(MSG& message);
+    bool UsesKey(const MSG& message);
     bool HasFocus() const;
 
     // SiteOwner
@@ -98,6 +102,7 @@ private:
     void ControlAsksForPlace(const RECT& pixels) override;
     void PropertyChanged(DISPID id) override;
     std::optional<LRESULT> ControlMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
+    bool ControlOffersKey(const MSG& message) override { return UsesKey(message); }
 
     // FormItem: the control itself
     const std::wstring& Name() const noexcept override { return layout_.ControlName; }

@@ -16,7 +16,8 @@ HWND Field(HWND parent, int left) {
 
 // One field on the control, one beside it.
 struct FormWithFields : ControlOnForm {
-    explicit FormWithFields(HostSwitches switches = {}) : ControlOnForm(switches) {
+    explicit FormWithFields(HostSwitches switches = {}, FormHandlers handlers = {})
+        : ControlOnForm(switches, std::move(handlers)) {
         OpenWithTabs(3);
         OnPage = Field(Row(), 30);
         Form().Add(L"txtFirst", OnPage);
@@ -48,6 +49,33 @@ TEST_CASE("Tab walks from the form over the row and the page back to the form, a
         CHECK(test.AfterTab() == test.Row());
         CHECK(test.AfterTab() == test.Beside);
     }
+}
+
+TEST_CASE("Tab selects the text of the field that it comes to") {
+    FormWithFields test;
+    SetWindowTextW(test.OnPage, L"abc");
+    SetFocus(test.Row());
+    CHECK(test.AfterTab() == test.OnPage);
+    DWORD begin = 9, end = 9;
+    SendMessageW(test.OnPage, EM_GETSEL, reinterpret_cast<WPARAM>(&begin), reinterpret_cast<LPARAM>(&end));
+    CHECK(begin == 0);
+    CHECK(end == 3);
+}
+
+TEST_CASE("The form may use a key before the window that it is for, and what the control does not use") {
+    FormHandlers handlers;
+    std::vector<WPARAM> seen;
+    handlers.Key = [&](const MSG& message) {
+        if (message.message == WM_KEYDOWN) seen.push_back(message.wParam);
+        return message.wParam == VK_TAB;
+    };
+    FormWithFields test({}, handlers);
+    CHECK(test.AfterTab() == test.Beside);
+    SetFocus(test.Row());
+    CHECK(test.AfterTab() == test.Row());
+    TypeKey(test.Form(), VK_RIGHT);
+    CHECK(test.Number(L"ActiveTab") == 1);
+    CHECK(seen == std::vector<WPARAM>{VK_TAB, VK_TAB});
 }
 
 TEST_CASE("Arrow keys switch tabs on a form of either kind") {

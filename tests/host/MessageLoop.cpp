@@ -30,8 +30,14 @@ void HostForm::LetGoOfKeyboard() {
 bool HostForm::TranslateMessage(MSG& message) {
     LetGoOfKeyboard();
     if (!IsKey(message.message) || !window_.Handle()) return false;
-    if (message.hwnd == ControlWindow() && OfferToControl(message)) return true;
-    return IsInside(message.hwnd, window_.Handle()) && IsDialogMessageW(window_.Handle(), &message);
+    if (!IsInside(message.hwnd, window_.Handle())) return false;
+    if (message.hwnd == ControlWindow() ? OfferToControl(message) : UsesKey(message)) return true;
+    return window_.Handle() && IsDialogMessageW(window_.Handle(), &message);
+}
+
+bool HostForm::UsesKey(const MSG& message) {
+    const auto key = handlers_.Key; // it may end the form
+    return key && key(message);
 }
 
 bool HostForm::OfferToControl(MSG& message) {

@@ -65,6 +65,7 @@ public:
     // How the control looks once everything was set again, with nothing failing any more.
     Snapshot Recovered() {
         LockWindowUpdate(nullptr); // what could not be unlocked would stay so for all windows
+        SetFocus(nullptr);         // which shows, and which not every life takes
         if (!opened_) Open();
         form_.MoveControl({0, 0, 480, 320});
         Put(Control(), L"TabPos", std::int32_t{2});

@@ -102,7 +102,12 @@ void Session::Do(const PressStep& step) {
 
 void Session::Do(const KeyStep& step) { PressKey(Form(), step.Key); }
 void Session::Do(const WheelStep& step) { TurnWheel(Form(), step.Notches); }
-void Session::Do(const OutStep& step) { SavePng(TakeSnapshot(Form().ControlWindow()), step.Path); }
+
+// Without the dots that show where the keyboard is: a press brings it to the control, and no picture is about that.
+void Session::Do(const OutStep& step) {
+    SetFocus(nullptr);
+    SavePng(TakeSnapshot(Form().ControlWindow()), step.Path);
+}
 
 void Session::LetGoOfButton() {
     if (const auto point = std::exchange(pressedAt_, std::nullopt)) ReleaseButton(Form(), *point);

@@ -21,6 +21,11 @@ HWND DialogAround(HWND window) noexcept {
     return dialog;
 }
 
+void FocusAsDialogsDo(HWND window) noexcept {
+    SetFocus(window);
+    if (SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) SendMessageW(window, EM_SETSEL, 0, -1);
+}
+
 // As dialogs do at a key of theirs: from the first one on the user wants to see where the keyboard is.
 void ShowFocusCues(HWND window) noexcept {
     SendMessageW(window, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
@@ -63,7 +68,7 @@ bool KeyInput::EnterPage(WPARAM key) noexcept {
     if (!next) return false;
     ShowFocusCues(window);
     SendMessageW(DialogAround(window), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
-    if (GetFocus() == window) SetFocus(next); // it is no dialog
+    if (GetFocus() == window) FocusAsDialogsDo(next); // nobody there did
     return true;
 }
 
