@@ -69,7 +69,7 @@ def rounded(bar):
 def square(bar):
     """Square corners and thick marks."""
     top = 0 if bar.look == ACTIVE else bar.px(3)
-    thickness = bar.px(5 if bar.look == ACTIVE else 4)
+    thickness = bar.px(5 if bar.look == ACTIVE else 3)
     path = f"M0.5 {bar.height}V{top + 0.5}H{bar.width - 0.5}V{bar.height}"
     return body(bar, path) + mark_on_top(bar, top, thickness) + page_line(bar)
 
