@@ -24,8 +24,10 @@ RowStop* OwnerOf(HWND window) noexcept {
     return reinterpret_cast<RowStop*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
-void LetDialogsWalk(HWND window) noexcept {
-    SetWindowLongPtrW(window, GWL_EXSTYLE, GetWindowLongPtrW(window, GWL_EXSTYLE) | WS_EX_CONTROLPARENT);
+void LetDialogsWalk(HWND window, bool walk) noexcept {
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_EXSTYLE);
+    SetWindowLongPtrW(window, GWL_EXSTYLE,
+                      walk ? style | WS_EX_CONTROLPARENT : style & ~LONG_PTR{WS_EX_CONTROLPARENT});
 }
 
 } // namespace
@@ -39,7 +41,7 @@ void RowStop::Create(HWND control) noexcept {
                               0, 0, 0, control, nullptr, ThisModule(), nullptr);
     if (!window_) return;
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    LetDialogsWalk(control);
+    LetDialogsWalk(control, true);
 }
 
 bool RowStop::Owns(HWND window) const noexcept {
@@ -56,8 +58,15 @@ void RowStop::Destroy() noexcept {
 
 LRESULT CALLBACK RowStop::Procedure(HWND window, UINT number, WPARAM wParam, LPARAM lParam) noexcept {
     if (number == WM_SETFOCUS) SetFocus(GetParent(window));
-    if (number == WM_NCDESTROY && OwnerOf(window)) OwnerOf(window)->window_ = nullptr;
+    if (number == WM_NCDESTROY && OwnerOf(window)) OwnerOf(window)->Lost();
     return DefWindowProcW(window, number, wParam, lParam);
+}
+
+// With the control's window, or by a host that clears away all that stands on that: then dialogs pass the control over, as
+// they might search it for ever.
+void RowStop::Lost() noexcept {
+    LetDialogsWalk(GetParent(window_), false);
+    window_ = nullptr;
 }
 
 // The host may have brought a window of the page to the front.

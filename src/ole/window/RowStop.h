@@ -29,6 +29,7 @@ public:
 
 private:
     bool Owns(HWND window) const noexcept; // not another window that has its number now
+    void Lost() noexcept;
 
     HWND window_ = nullptr;
 };

@@ -60,6 +60,18 @@ TEST_CASE("All that takes the focus may vanish at once, and no search goes on fo
           control.Before); // there is none
 }
 
+TEST_CASE(
+    "A host that clears away all that stands on the control has dialogs pass it over, as without that") {
+    ControlInDialog control;
+    while (const HWND window = GetWindow(control.Row, GW_CHILD)) DestroyWindow(window);
+    CHECK((GetWindowLongPtrW(control.Row, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) == 0);
+    SetFocus(control.Before);
+    CHECK(control.Walk(2) == "after before");
+    control.AddField("field", 20);
+    SetFocus(control.Row);
+    CHECK(control.Walk(1) == "after");
+}
+
 TEST_CASE("A control that is hidden or disabled is left out with all that stands on it") {
     WithTwoFields control;
     EnableWindow(control.Row, FALSE);
