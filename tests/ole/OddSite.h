@@ -12,6 +12,7 @@ namespace vantik {
 struct Oddities {
     bool InPlace = true;          // the site has IOleInPlaceSite
     bool ControlSite = true;      // and IOleControlSite
+    bool SaysNothing = false;     // and IDispatch, which answers any call with success and nothing else
     HRESULT CanActivate = S_OK;   // S_FALSE, or an error
     HRESULT Activate = S_OK;      // OnInPlaceActivate
     HRESULT UIActivate = S_OK;    // OnUIActivate
@@ -21,7 +22,8 @@ struct Oddities {
         E_NOINTERFACE; // the answer of ISimpleFrameSite; without the interface where it is this
 };
 
-class OddSite final : public ComObject<IOleClientSite, IOleInPlaceSite, IOleControlSite, ISimpleFrameSite> {
+class OddSite final
+    : public ComObject<IOleClientSite, IOleInPlaceSite, IOleControlSite, ISimpleFrameSite, IDispatch> {
 public:
     explicit OddSite(Oddities oddities = {}) : oddities_(oddities) {
         Window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr, nullptr,
@@ -112,9 +114,20 @@ public:
         return S_OK;
     }
 
+    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
+        return DISP_E_UNKNOWNNAME;
+    }
+    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                        UINT*) noexcept override {
+        return S_OK;
+    }
+
 private:
     bool Offers(REFIID id) const noexcept override {
         if (id == IID_IOleInPlaceSite || id == IID_IOleWindow) return oddities_.InPlace;
+        if (id == IID_IDispatch) return oddities_.SaysNothing;
         if (id == IID_IOleControlSite) return oddities_.ControlSite;
         if (id == __uuidof(ISimpleFrameSite)) return oddities_.PreFilter != E_NOINTERFACE;
         return true;

@@ -10,6 +10,7 @@ bool Ambients::Read(DISPID property, VARTYPE type, Variant& value) const noexcep
     return ambients &&
            SUCCEEDED(ambients->Invoke(property, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
                                       &value, nullptr, nullptr)) &&
+           value.vt != VT_EMPTY &&
            (value.vt == type || type == VT_EMPTY || SUCCEEDED(value.ChangeType(type)));
 }
 

@@ -265,6 +265,17 @@ TEST_CASE("The last reference may go while the control is active") {
     CHECK(!::GetWindow(site->Window, GW_CHILD));
 }
 
+TEST_CASE("A host whose ambient properties are a success without a value is one that has none") {
+    PlacedControl control(Oddities{.SaysNothing = true});
+    control.Tab->put_TabCount(3);
+    control.Tab->put_ActiveTab(0);
+    REQUIRE(control.Do(OLEIVERB_INPLACEACTIVATE) == S_OK);
+    SendMessageW(control.Window(), WM_KEYDOWN, VK_RIGHT, 0);
+    short active = -1;
+    control.Tab->get_ActiveTab(&active);
+    CHECK(active == 1); // it is used, not designed
+}
+
 TEST_CASE("A filter that takes a message answers it in the control's place") {
     for (const HRESULT filter : {S_FALSE, S_OK}) {
         PlacedControl control({.PreFilter = filter});
