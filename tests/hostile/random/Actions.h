@@ -18,6 +18,7 @@ using Actions = std::span<const Action>;
 Actions MemberActions() noexcept;
 Actions ObjectActions() noexcept;
 Actions ViewActions() noexcept;
+Actions ReaderActions() noexcept;
 Actions PersistenceActions() noexcept;
 Actions WindowActions() noexcept;
 Actions LifeActions() noexcept; // which do something also where there is no control

@@ -110,10 +110,11 @@ HRESULT RandomSite::PreMessageFilter(HWND, UINT, WPARAM, LPARAM, LRESULT* result
     return S_FALSE;
 }
 
-HRESULT RandomSite::PostMessageFilter(HWND, UINT, WPARAM, LPARAM, LRESULT* result, DWORD) noexcept {
+// The answer to WM_GETOBJECT stands for an object, which is lost to everybody when the answer is.
+HRESULT RandomSite::PostMessageFilter(HWND, UINT message, WPARAM, LPARAM, LRESULT* result, DWORD) noexcept {
     if (!filtersMessages_ || gone_) return S_OK;
     if (world_.Draw.OneIn(20)) world_.Visit("PostMessageFilter");
-    if (world_.IsRough(30)) *result = world_.Draw.Number();
+    if (world_.IsRough(30) && message != WM_GETOBJECT) *result = world_.Draw.Number();
     return S_OK;
 }
 

@@ -45,8 +45,9 @@ Actions ChooseGroup(Random& draw) {
     if (number < 40) return MemberActions();
     if (number < 68) return WindowActions();
     if (number < 85) return ObjectActions();
-    if (number < 91) return PersistenceActions();
-    return number < 96 ? ViewActions() : LifeActions();
+    if (number < 90) return PersistenceActions();
+    if (number < 94) return ReaderActions();
+    return number < 97 ? ViewActions() : LifeActions();
 }
 
 } // namespace
