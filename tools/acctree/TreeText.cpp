@@ -37,11 +37,18 @@ constexpr Known States[] = {
     {STATE_SYSTEM_SELECTABLE, "selectable"},   {STATE_SYSTEM_READONLY, "read only"},
 };
 
+// What a window is for is told by the object of its client area; the one around it is for its frame.
+Node WithoutFrame(const Node& node) {
+    const LONG role = node.Role();
+    const bool isFrame = role == ROLE_SYSTEM_WINDOW || role == 0; // not every system gives it a role
+    const HWND window = isFrame ? node.Window() : nullptr;
+    return (window ? Node::OfWindow(window) : std::nullopt).value_or(node);
+}
+
 void Add(std::string& text, int depth, const Node& node, const TreeOptions& options) {
     text.append(2 * static_cast<std::size_t>(depth), ' ') += LineOf(node, options.Origin) + "\n";
-    const bool isWindow = node.Role() == ROLE_SYSTEM_WINDOW;
-    if (depth >= options.Deepest || (isWindow && !options.Inside)) return;
-    for (const Node& child : node.Children()) Add(text, depth + 1, child, options);
+    if (depth >= options.Deepest) return;
+    for (const Node& child : node.Children()) Add(text, depth + 1, WithoutFrame(child), options);
 }
 
 std::string Number(LONG value) { return std::to_string(value); }

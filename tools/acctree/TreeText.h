@@ -8,9 +8,8 @@
 namespace vantik {
 
 struct TreeOptions {
-    POINT Origin = {};  // places are given relative to it
-    int Deepest = 12;   // where a tree without end is cut
-    bool Inside = true; // also what is inside windows that stand on the control
+    POINT Origin = {}; // places are given relative to it
+    int Deepest = 12;  // where a tree without end is cut
 };
 
 // page tab "General" (1 of 3) [selected, focusable, selectable] 12,0 60x22 -> Switch
