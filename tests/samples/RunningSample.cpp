@@ -1,0 +1,79 @@
+#include "samples/RunningSample.h"
+
+#include "acctree/TreeText.h"
+#include "host/BuiltControl.h"
+#include "host/HostError.h"
+
+namespace vantik {
+
+namespace {
+
+constexpr DWORD Patience = 30'000; // milliseconds
+
+HANDLE Start(std::wstring command) {
+    STARTUPINFOW start = {};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION made = {};
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &made))
+        throw HostError("cannot start the sample");
+    CloseHandle(made.hThread);
+    return made.hProcess;
+}
+
+BOOL CALLBACK FindTabs(HWND window, LPARAM found) {
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, 64);
+    if (std::wstring(name) != L"VantikFrameTab") return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
+} // namespace
+
+RunningSample::RunningSample(const std::wstring& program, const std::wstring& title)
+    : process_(Start(ProgramFolder() + L"\\..\\..\\samples\\" + program)) {
+    const bool came = Becomes([&] {
+        form_ = FindWindowW(nullptr, title.c_str());
+        return form_ && IsWindowVisible(form_);
+    });
+    if (!came) throw HostError("the sample shows no form");
+}
+
+RunningSample::~RunningSample() {
+    TerminateProcess(process_, 1);
+    CloseHandle(process_);
+}
+
+HWND RunningSample::Tabs() const {
+    HWND tabs = nullptr;
+    EnumChildWindows(form_, FindTabs, reinterpret_cast<LPARAM>(&tabs));
+    return tabs;
+}
+
+std::string RunningSample::Tree() const {
+    TreeOptions options;
+    ClientToScreen(Tabs(), &options.Origin);
+    const auto root = Node::OfWindow(Tabs());
+    return root ? TreeText(*root, options) : std::string();
+}
+
+void RunningSample::Press(WORD key) const {
+    PostMessageW(Tabs(), WM_KEYDOWN, key, 1);
+    PostMessageW(Tabs(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+}
+
+bool RunningSample::Becomes(const std::function<bool()>& holds) {
+    for (const ULONGLONG end = GetTickCount64() + Patience; GetTickCount64() < end; Sleep(50))
+        if (holds()) return true;
+    return holds();
+}
+
+DWORD RunningSample::Close() const {
+    PostMessageW(form_, WM_CLOSE, 0, 0);
+    WaitForSingleObject(process_, Patience);
+    DWORD code = 0;
+    GetExitCodeProcess(process_, &code);
+    return code;
+}
+
+} // namespace vantik
