@@ -88,6 +88,8 @@ Form::Form() {
     _VantikFrameTab& tab = tabs_->Tab();
     Check(tab.put_TabOffSet(20000)); // twips; wider than the control will ever be
     Check(tab.put_BarWidth(90));
+    Check(tab.put_CaptionXjust(8)); // pixels
+    Check(tab.put_CaptionYjust(4));
     Check(tab.put_TabCount(3));
 
     AddPage(0, L"Person");
