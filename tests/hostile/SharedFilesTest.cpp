@@ -199,8 +199,9 @@ TEST_CASE("a further control of a skin opens no file, and asks once for each tha
 TEST_CASE("nor does one whose skin is missing, of which the built-in one stands there") {
     const OleApartment apartment;
     const SkinCopy skin(L"Shared"); // so that there is the other
-    MakeOld(Beside(L"Temp"));
     ControlModule module(FindBuiltControl());
+    Form(module).Load("none"); // so that what stands there is the skin of this build
+    MakeOld(Beside(L"Temp"));
     Form first(module), second(module);
     first.Load("none");
     const Snapshot expected = first.Show();
