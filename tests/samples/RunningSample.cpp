@@ -20,6 +20,24 @@ HANDLE Start(std::wstring command) {
     return made.hProcess;
 }
 
+// Of the process: a form of one that was ended may still be there for a moment.
+struct Wanted {
+    DWORD Process;
+    const std::wstring& Title;
+    HWND Found = nullptr;
+};
+
+BOOL CALLBACK FindForm(HWND window, LPARAM parameter) {
+    auto& wanted = *reinterpret_cast<Wanted*>(parameter);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    wchar_t title[128] = {};
+    GetWindowTextW(window, title, 128);
+    if (process != wanted.Process || title != wanted.Title || !IsWindowVisible(window)) return TRUE;
+    wanted.Found = window;
+    return FALSE;
+}
+
 BOOL CALLBACK FindTabs(HWND window, LPARAM found) {
     wchar_t name[64] = {};
     GetClassNameW(window, name, 64);
@@ -33,8 +51,10 @@ BOOL CALLBACK FindTabs(HWND window, LPARAM found) {
 RunningSample::RunningSample(const std::wstring& program, const std::wstring& title)
     : process_(Start(ProgramFolder() + L"\\..\\..\\samples\\" + program)) {
     const bool came = Becomes([&] {
-        form_ = FindWindowW(nullptr, title.c_str());
-        return form_ && IsWindowVisible(form_);
+        Wanted wanted = {GetProcessId(process_), title};
+        EnumWindows(FindForm, reinterpret_cast<LPARAM>(&wanted));
+        form_ = wanted.Found;
+        return form_ != nullptr;
     });
     if (!came) throw HostError("the sample shows no form");
 }
