@@ -1,6 +1,7 @@
 #include "Skins.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 
 #include "platform/mDeclares.h"
@@ -44,6 +45,13 @@ SkinVariant ReadVariant(const std::filesystem::path& folder, const wchar_t* file
     return {file, ReadSkinSettings((folder / settings).wstring())};
 }
 
+// Both variants with their settings; what else lies there is no skin to choose.
+bool IsWhole(const std::filesystem::path& folder) {
+    constexpr std::array files = {L"SKIN.INI", L"SETTINGS.TXT", L"SKIN-SIDES.INI", L"SETTINGS-SIDES.TXT"};
+    return std::ranges::all_of(files,
+                               [&](const wchar_t* file) { return std::filesystem::exists(folder / file); });
+}
+
 } // namespace
 
 std::vector<SkinChoice> FindSkins() {
@@ -51,7 +59,7 @@ std::vector<SkinChoice> FindSkins() {
     std::error_code missing; // no folder, no further skins
     for (const auto& entry : std::filesystem::directory_iterator(ProgramFolder() / "Skins", missing)) {
         const std::wstring name = entry.path().filename().wstring();
-        if (!std::filesystem::exists(entry.path() / "SKIN.INI")) continue;
+        if (!IsWhole(entry.path())) continue;
         skins.push_back({name, L"Skins\\" + name, PageIcons,
                          ReadVariant(entry.path(), L"SKIN.INI", L"SETTINGS.TXT"),
                          ReadVariant(entry.path(), L"SKIN-SIDES.INI", L"SETTINGS-SIDES.TXT")});
