@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -39,6 +40,14 @@ public:
     virtual void TabClose(std::int16_t& index) = 0;
 };
 
+// What a caption is written in: OLE colours.
+struct CaptionColours {
+    std::int32_t Text;
+    std::optional<std::int32_t> Ground; // without one the bar shows between the letters
+};
+
+enum class CaptionKind : std::uint8_t { Normal, Active, Disabled };
+
 class UserControl {
 public:
     virtual ~UserControl() = default;
@@ -69,6 +78,9 @@ public:
     // Ambient properties of the host.
     virtual ComPtr<IFontDisp> AmbientFont() = 0; // a standard font where the host has none; never null
     virtual Boolean AmbientUserMode() = 0;
+
+    // Those of the properties, unless the host knows some that its user reads better.
+    virtual CaptionColours ColoursOf(const CaptionColours& ofProperties, CaptionKind) { return ofProperties; }
 
     virtual void PropertyChanged(Property property) = 0;
     virtual TabEvents& Events() = 0;

@@ -41,6 +41,15 @@ SIZE ExtentOf(HDC surface, const std::u16string& text) noexcept {
     return extent;
 }
 
+constexpr auto GreyText = static_cast<std::int32_t>(0x80000000 | COLOR_GRAYTEXT);
+
+// A number that is no OLE colour is written in black.
+COLORREF Translated(std::int32_t colour) noexcept {
+    COLORREF translated = 0;
+    OleTranslateColor(static_cast<OLE_COLOR>(colour), nullptr, &translated);
+    return translated;
+}
+
 // What is not written into the turned font's record: its height, direction and weight.
 void TakeFace(LOGFONTW& record, HFONT font) noexcept {
     LOGFONTW face = {};
@@ -70,9 +79,8 @@ void CaptionPainter::DrawCaption(std::int16_t index, std::uint8_t state) {
     const HDC surface = host_.hDC();
     const SavedDC saved(surface);
     if (const HFONT font = HandleOf(surfaces_.Font.Get())) SelectObject(surface, font);
-    SetBkMode(surface, TRANSPARENT);
     SetTextAlign(surface, TA_LEFT | TA_TOP | TA_NOUPDATECP);
-    SetTextColor(surface, ColourOf(index));
+    SetColours(surface, KindOf(index));
     surfaces_.ShortCaption = ShortenCaption(control_.Tabs(index).Caption, Budget(surface, index, state));
     if (surfaces_.ShortCaption.empty()) return;
     if (control_.Layout.IsHorizontal)
@@ -95,14 +103,20 @@ std::int32_t CaptionPainter::Budget(HDC surface, std::int16_t index, std::uint8_
     return (std::min<std::int32_t>(end, p.BarWidth) - start) / unit;
 }
 
-COLORREF CaptionPainter::ColourOf(std::int16_t index) const {
-    if (!control_.Tabs(index).Enable) return GetSysColor(COLOR_GRAYTEXT);
+CaptionKind CaptionPainter::KindOf(std::int16_t index) const {
+    if (!control_.Tabs(index).Enable) return CaptionKind::Disabled;
+    return index == control_.Properties.ActiveTab ? CaptionKind::Active : CaptionKind::Normal;
+}
+
+void CaptionPainter::SetColours(HDC surface, CaptionKind kind) const {
     const PropertyValues& p = control_.Properties;
-    const std::int32_t colour = index == p.ActiveTab ? p.CaptionColor1 : p.CaptionColor0;
-    COLORREF translated = 0;
-    // A number that is no OLE colour is written in black.
-    OleTranslateColor(static_cast<OLE_COLOR>(colour), nullptr, &translated);
-    return translated;
+    const std::int32_t text = kind == CaptionKind::Disabled ? GreyText
+                              : kind == CaptionKind::Active ? p.CaptionColor1
+                                                            : p.CaptionColor0;
+    const CaptionColours colours = host_.ColoursOf({text, std::nullopt}, kind);
+    SetTextColor(surface, Translated(colours.Text));
+    SetBkMode(surface, colours.Ground ? OPAQUE : TRANSPARENT);
+    if (colours.Ground) SetBkColor(surface, Translated(*colours.Ground));
 }
 
 namespace {
@@ -147,6 +161,17 @@ void CaptionPainter::DrawHorizontal(HDC surface, const Place& place) {
     DrawTextW(surface, AsWide(text), static_cast<int>(text.size()), &rect, format);
 }
 
+namespace {
+
+// Not every system draws it behind turned text by itself.
+void DrawGround(HDC surface, const LayoutRect& area) noexcept {
+    if (GetBkMode(surface) != OPAQUE || IsEmpty(area)) return;
+    const RECT rect = ToRect(area);
+    ExtTextOutW(surface, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
+}
+
+} // namespace
+
 OwnedFont CaptionPainter::MakeTurnedFont(bool heavy) {
     LOGFONTW& record = surfaces_.CaptionFont;
     TakeFace(record, HandleOf(surfaces_.Font.Get()));
@@ -173,9 +198,10 @@ void CaptionPainter::DrawVertical(HDC surface, const Place& place, std::int16_t 
         const Checked aside = std::max<std::int32_t>(0, room.Top - (y - length));
         y = y + std::min<std::int32_t>(aside, room.Bottom - y);
     }
+    y = y + p.CaptionYjust;
+    DrawGround(surface, Intersection(LayoutRect::FromEdges(x, y - length, x + height, y), room));
     const RECT clip = ToRect(room);
-    ExtTextOutW(surface, x, y + p.CaptionYjust, ETO_CLIPPED, &clip, AsWide(text),
-                static_cast<UINT>(text.size()), nullptr);
+    ExtTextOutW(surface, x, y, ETO_CLIPPED, &clip, AsWide(text), static_cast<UINT>(text.size()), nullptr);
 }
 
 } // namespace vantik

@@ -33,7 +33,8 @@ private:
     void DrawHorizontal(HDC surface, const Place& place);
     void DrawVertical(HDC surface, const Place& place, std::int16_t index, std::uint8_t state);
     std::int32_t Budget(HDC surface, std::int16_t index, std::uint8_t state) const;
-    COLORREF ColourOf(std::int16_t index) const;
+    CaptionKind KindOf(std::int16_t index) const;
+    void SetColours(HDC surface, CaptionKind kind) const;
     OwnedFont MakeTurnedFont(bool heavy);
 
     UserControl& host_;

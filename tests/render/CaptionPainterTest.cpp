@@ -368,6 +368,37 @@ TEST_CASE("caption colours may be system colours, and a number that is none writ
     CHECK(c.Shows(0x000000));
 }
 
+TEST_CASE(
+    "the host may have captions written in other colours than the properties', on a ground of their own") {
+    constexpr std::int32_t none = 0x010101;
+    for (const std::int32_t side : {Windowtop, WindowLeft}) {
+        Captions c(side);
+        c.State.Properties.CaptionColor1 = none;
+        std::int32_t given[3] = {};
+        c.Host.OtherColours = [&](const CaptionColours& colours, CaptionKind kind) {
+            given[int(kind)] = colours.Text;
+            CHECK(!colours.Ground);
+            return kind == CaptionKind::Active ? CaptionColours{0x00FF00, 0xFF00FF}
+                                               : CaptionColours{0xFF0000, {}};
+        };
+        c.Caption(0, u"     "); // five blanks, of which nothing is seen but their ground
+        CHECK((side == Windowtop ? c.Written().Width : c.Written().Height) > 10);
+        CHECK((side == Windowtop ? c.Written().Height : c.Written().Width) > 8);
+        CHECK(c.Shows(0xFF00FF));
+        c.Caption(0, std::u16string(Block));
+        c.Caption(1, std::u16string(Block));
+        CHECK(c.Shows(0x00FF00));
+        CHECK(c.Shows(0x0000FF));
+        CHECK_FALSE(c.Shows(InkPixel));
+        CHECK(c.State.Properties.CaptionColor0 == Ink);
+        c.State.Tabs(1).Enable = False;
+        c.Driver.RepaintAll();
+        CHECK(given[int(CaptionKind::Normal)] == Ink);
+        CHECK(given[int(CaptionKind::Active)] == none);
+        CHECK(given[int(CaptionKind::Disabled)] == static_cast<std::int32_t>(0x80000000 | COLOR_GRAYTEXT));
+    }
+}
+
 TEST_CASE("on the left and right the active tab has a heavy turned font, any other a normal one") {
     Captions c(WindowLeft);
     c.State.Tabs(1).Caption = u"b";

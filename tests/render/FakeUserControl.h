@@ -45,6 +45,9 @@ public:
     ComPtr<IFontDisp> AmbientFont() override { return Font; }
     Boolean AmbientUserMode() override { return UserMode; }
     bool TakesWheel(std::int32_t) override { return Wheel; }
+    CaptionColours ColoursOf(const CaptionColours& ofProperties, CaptionKind kind) override {
+        return OtherColours ? OtherColours(ofProperties, kind) : ofProperties;
+    }
     void PropertyChanged(Property property) override; // logged by its key
     TabEvents& Events() override { return *this; }
     std::vector<std::unique_ptr<ChildControl>> ChildControls() override;
@@ -60,6 +63,7 @@ public:
     ComPtr<IFontDisp> Font;
     std::u16string Folder = u"C:\\nowhere";
     std::vector<FakeChild> Children;
+    std::function<CaptionColours(const CaptionColours&, CaptionKind)> OtherColours;
 
     // Called whenever the control is about to draw, and whenever it is about to tell something or to move children.
     std::function<void()> OnDraw, OnCall;

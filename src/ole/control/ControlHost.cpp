@@ -2,6 +2,7 @@
 
 #include "ole/com/Identifiers.h"
 #include "ole/control/Control.h"
+#include "ole/control/HighContrast.h"
 #include "ole/host/Children.h"
 #include "ole/host/ModelessOff.h"
 #include "platform/Files.h"
@@ -46,6 +47,10 @@ double ControlHost::Width() { return control_.Size.Pixels().cx * TwipsPerPixelX(
 double ControlHost::Height() { return control_.Size.Pixels().cy * TwipsPerPixelY(); }
 
 ComPtr<IFontDisp> ControlHost::AmbientFont() { return control_.Ambient.Font(); }
+CaptionColours ControlHost::ColoursOf(const CaptionColours& ofProperties, CaptionKind kind) {
+    return HighContrastColours(kind, ofProperties.Text).value_or(ofProperties);
+}
+
 Boolean ControlHost::AmbientUserMode() { return control_.Ambient.UserMode() ? True : False; }
 
 void ControlHost::PropertyChanged(Property property) {

@@ -28,6 +28,7 @@ public:
 
     ComPtr<IFontDisp> AmbientFont() override;
     Boolean AmbientUserMode() override;
+    CaptionColours ColoursOf(const CaptionColours& ofProperties, CaptionKind kind) override;
 
     void PropertyChanged(Property property) override;
     TabEvents& Events() override;
