@@ -25,8 +25,20 @@ ComPtr<IFontDisp> CopyOfFont(IUnknown* font) noexcept {
     return copy.As<IFontDisp>();
 }
 
+namespace {
+
+// A font takes the name of the face that it is written in when it is first used. Before that two of them cannot be compared.
+void Use(IFont* font) noexcept {
+    HFONT handle = nullptr;
+    if (font) font->get_hFont(&handle);
+}
+
+} // namespace
+
 bool AreEqualFonts(IUnknown* a, IUnknown* b) noexcept {
     const auto font = QueryFor<IFont>(a), other = QueryFor<IFont>(b);
+    Use(font.Get());
+    Use(other.Get());
     return font && other && font->IsEqual(other.Get()) == S_OK;
 }
 

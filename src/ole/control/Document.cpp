@@ -10,6 +10,7 @@ void Document::InitNew() {
     ready_ = true;
     control_.Engine.UserControl_InitProperties();
     MarkClean();
+    RememberAmbientFont();
 }
 
 // Ready even where the values could only be read in part: what was read stands, and the loader knows of the error.
@@ -22,6 +23,7 @@ void Document::Load(PropertyReader& reader) {
         throw;
     }
     MarkClean();
+    RememberAmbientFont();
     control_.Place.Watching().TabsReplaced();
     control_.ShowChanges();
 }
@@ -34,6 +36,27 @@ void Document::ShowWhatWasRead() noexcept {
         // The loader is told of the error that came first.
     }
     control_.Place.Watching().TabsReplaced();
+    control_.ShowChanges();
+}
+
+// The font of a clean control: its host's, or one that was saved.
+void Document::RememberAmbientFont() noexcept {
+    const auto font = control_.Engine.Font(), given = control_.Ambient.FontGiven();
+    const bool isOfHost = font.Get() == given.Get() || AreEqualFonts(font.Get(), given.Get());
+    ambientFont_ = isOfHost ? cleanFont_ : nullptr;
+}
+
+// A font that was set since, or changed by those who hold it, is the control's own.
+void Document::FollowAmbientFont() noexcept {
+    if (!AreEqualFonts(control_.Engine.Font().Get(), ambientFont_.Get())) return;
+    try {
+        auto font = control_.Ambient.Font();
+        if (AreEqualFonts(font.Get(), ambientFont_.Get())) return;
+        ambientFont_ = CopyOfFont(font.Get());
+        control_.Engine.Font(std::move(font));
+    } catch (...) {
+        TellDebugger(u"when its host's font changed");
+    }
     control_.ShowChanges();
 }
 

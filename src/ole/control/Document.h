@@ -21,6 +21,9 @@ public:
     // For a host that asks for something without doing either first.
     void Need() noexcept;
 
+    // The host's font changed: a control that has it still gets the new one.
+    void FollowAmbientFont() noexcept;
+
     bool IsReady() const noexcept { return ready_; }
     bool IsDirty() const noexcept;
     void MarkDirty() noexcept { dirty_ = true; }
@@ -28,10 +31,12 @@ public:
 
 private:
     void ShowWhatWasRead() noexcept;
+    void RememberAmbientFont() noexcept;
 
     Control& control_;
     bool ready_ = false, dirty_ = false;
-    ComPtr<IFontDisp> cleanFont_; // as it was when the values were those that were saved
+    ComPtr<IFontDisp> cleanFont_;   // as it was when the values were those that were saved
+    ComPtr<IFontDisp> ambientFont_; // as the control took it; null where it took none
 };
 
 } // namespace vantik

@@ -19,6 +19,7 @@ STDMETHODIMP OleControlFace::OnMnemonic(LPMSG) noexcept { return S_OK; }
 
 STDMETHODIMP OleControlFace::OnAmbientPropertyChange(DISPID property) noexcept {
     control_.Ambient.Changed(property);
+    if (property == DISPID_AMBIENT_FONT || property == DISPID_UNKNOWN) control_.Document.FollowAmbientFont();
     return S_OK;
 }
 

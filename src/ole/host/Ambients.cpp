@@ -30,6 +30,11 @@ bool Ambients::UIDead() {
 }
 
 ComPtr<IFontDisp> Ambients::Font() {
+    font_ = ReadFont();
+    return font_;
+}
+
+ComPtr<IFontDisp> Ambients::ReadFont() const {
     Variant value;
     if (Read(DISPID_AMBIENT_FONT, VT_EMPTY, value)) {
         if (auto font = CopyOfFont(value.Object<IFont>().Get())) return font;

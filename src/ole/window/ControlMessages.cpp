@@ -2,6 +2,7 @@
 
 #include "ole/control/Control.h"
 #include "ole/window/Activation.h"
+#include "ole/window/SystemChanges.h"
 #include "platform/Shortage.h"
 
 namespace vantik {
@@ -91,6 +92,7 @@ std::optional<LRESULT> ControlMessages::Answer(const Message& message) {
     if (pointer_.Handle(message)) return std::nullopt;
     if (IsChildNotification(message))
         return SendMessageW(GetParent(message.Window), message.Number, message.WParam, message.LParam);
+    if (IsSystemChange(message.Number)) SystemChanged(message);
     switch (message.Number) {
     case WM_PAINT: Paint(message.Window); return 0;
     case WM_PRINTCLIENT: Print(reinterpret_cast<HDC>(message.WParam)); return 0;
@@ -160,6 +162,12 @@ void ControlMessages::Sized(LPARAM size) {
     if (!control_.Size.Pixels({LOWORD(size), HIWORD(size)})) return;
     control_.Resized();
     sizing_.Succeeded();
+}
+
+// One change comes as several messages: what they ask for is painted once, when the window's turn comes.
+void ControlMessages::SystemChanged(const Message& message) {
+    PassSystemChangeOn(message);
+    if (control_.Document.IsReady()) control_.Engine.RepaintAll();
 }
 
 void ControlMessages::FocusChanged(bool gained) {

@@ -42,6 +42,7 @@ private:
     void Paint(HWND window);
     void Print(HDC target);
     void Sized(LPARAM size);
+    void SystemChanged(const Message& message);
     void FocusChanged(bool gained);
     LRESULT CuesChanged(const Message& message);
 
