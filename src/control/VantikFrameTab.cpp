@@ -4,6 +4,7 @@
 
 #include "about/frmAbout.h"
 #include "render/CaptionFont.h"
+#include "render/CaptionPainter.h"
 #include "skin/SkinLoader.h"
 #include "skin/SkinLocation.h"
 
@@ -72,6 +73,10 @@ void VantikFrameTab::About() { ShowAbout(host_.hWnd()); }
 void VantikFrameTab::RepaintAll() {
     ShowForTheFirstTime();
     merged_.RepaintAll();
+}
+
+bool VantikFrameTab::ShowsWholeCaption(std::int16_t tab) {
+    return CaptionPainter(host_, state_, surfaces_, decorations_).IsWhole(tab, state_.StateOf(tab));
 }
 
 void VantikFrameTab::RedrawBars() { merged_.RedrawBars(); }

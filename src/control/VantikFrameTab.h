@@ -97,6 +97,9 @@ public:
     void PressCloseButton(std::int16_t tab);
     void PressBesideRow(std::int32_t x, std::int32_t y);
 
+    // Whether all of a shown tab's caption is seen, as the bar is drawn next.
+    bool ShowsWholeCaption(std::int16_t tab);
+
     // To be called whenever somebody is going to look at the surface. Never raises.
     void UserControl_Paint() noexcept;
 

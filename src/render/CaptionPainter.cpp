@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "gfx/Clip.h"
+#include "gfx/InkBoard.h"
 #include "platform/Shortage.h"
 #include "render/BarGeometry.h"
 #include "render/CaptionFont.h"
@@ -78,15 +79,55 @@ void CaptionPainter::DrawCaption(std::int16_t index, std::uint8_t state) {
     if (IsEmpty(place.Room)) return;
     const HDC surface = host_.hDC();
     const SavedDC saved(surface);
-    if (const HFONT font = HandleOf(surfaces_.Font.Get())) SelectObject(surface, font);
-    SetTextAlign(surface, TA_LEFT | TA_TOP | TA_NOUPDATECP);
+    TakeFont(surface);
     SetColours(surface, KindOf(index));
     surfaces_.ShortCaption = ShortenCaption(control_.Tabs(index).Caption, Budget(surface, index, state));
-    if (surfaces_.ShortCaption.empty()) return;
+    Write({surface, surfaces_.ShortCaption}, place, index, state);
+}
+
+namespace {
+
+// Whatever of the text is cut off lies in there, or begins to.
+LayoutRect AreaAround(const LayoutRect& bar, const PropertyValues& p, SIZE text) {
+    const Checked x = p.CaptionXjust, y = p.CaptionYjust, margin = Checked(text.cx) + Checked(text.cy);
+    const auto least = [](std::int32_t shift) { return std::min(shift, 0); };
+    const auto most = [](std::int32_t shift) { return std::max(shift, 0); };
+    return LayoutRect::FromEdges(bar.Left + least(x) - margin, bar.Top + least(y) - margin,
+                                 bar.Right + most(x) + margin, bar.Bottom + most(y) + margin);
+}
+
+} // namespace
+
+// It is if it looks the same where nothing would cut it off.
+bool CaptionPainter::IsWhole(std::int16_t index, std::uint8_t state) {
+    const std::u16string& caption = control_.Tabs(index).Caption;
+    const Place place = PlaceOf(SlotOf(control_, index));
+    if (caption.empty()) return true;
+    if (IsEmpty(place.Room)) return false;
+    InkBoard board;
+    const SavedDC saved(board.DC());
+    TakeFont(board.DC());
+    if (ShortenCaption(caption, Budget(board.DC(), index, state)) != caption) return false;
+    board.Cover(AreaAround(place.Bar, control_.Properties, ExtentOf(board.DC(), caption)));
+    Write({board.DC(), caption, true}, place, index, state);
+    const auto free = board.Take();
+    const Clip row(board.DC(), Intersection(RowRect(control_), control_.Layout.ControlRect));
+    Write({board.DC(), caption}, place, index, state);
+    return board.Take() == free;
+}
+
+void CaptionPainter::TakeFont(HDC surface) const noexcept {
+    if (const HFONT font = HandleOf(surfaces_.Font.Get())) SelectObject(surface, font);
+    SetTextAlign(surface, TA_LEFT | TA_TOP | TA_NOUPDATECP);
+}
+
+void CaptionPainter::Write(const Writing& writing, const Place& place, std::int16_t index,
+                           std::uint8_t state) {
+    if (writing.Text.empty()) return;
     if (control_.Layout.IsHorizontal)
-        DrawHorizontal(surface, place);
+        DrawHorizontal(writing, place);
     else
-        DrawVertical(surface, place, index, state);
+        DrawVertical(writing, place, index, state);
 }
 
 // The letters "A" for which there is room between the leading end of the bar with its icon and whatever comes first: its
@@ -139,12 +180,18 @@ UINT FormatOf(HDC surface, const std::u16string& text, RECT area, std::int32_t p
     return area.right - area.left > room ? format & ~AtEnd : format;
 }
 
+// As if there were room for everything.
+UINT FreeFormat(std::int32_t position) noexcept {
+    constexpr UINT Limits = DT_MODIFYSTRING | DT_PATH_ELLIPSIS | DT_END_ELLIPSIS | DT_WORD_ELLIPSIS;
+    return (static_cast<UINT>(position) & ~Limits) | DT_NOCLIP;
+}
+
 } // namespace
 
-void CaptionPainter::DrawHorizontal(HDC surface, const Place& place) {
+void CaptionPainter::DrawHorizontal(const Writing& writing, const Place& place) {
+    const auto& [surface, text, isFree] = writing;
     const auto& [bar, room] = place;
     const PropertyValues& p = control_.Properties;
-    const std::u16string& text = surfaces_.ShortCaption;
     Checked shift = p.CaptionXjust;
     if (room != bar) {
         const std::int32_t length = ExtentOf(surface, text).cx;
@@ -155,8 +202,8 @@ void CaptionPainter::DrawHorizontal(HDC surface, const Place& place) {
     const LayoutRect moved = LayoutRect::FromEdges(bar.Left + shift, Checked(bar.Top) + p.CaptionYjust,
                                                    bar.Right + shift, Checked(bar.Bottom) + p.CaptionYjust);
     RECT rect = ToRect(moved);
-    const UINT format = FormatOf(surface, text, rect, p.CaptionPos);
-    if (moved != room)
+    const UINT format = isFree ? FreeFormat(p.CaptionPos) : FormatOf(surface, text, rect, p.CaptionPos);
+    if (moved != room && !isFree)
         TellShortageUnless(IntersectClipRect(surface, room.Left, room.Top, room.Right, room.Bottom) != ERROR);
     DrawTextW(surface, AsWide(text), static_cast<int>(text.size()), &rect, format);
 }
@@ -182,12 +229,13 @@ OwnedFont CaptionPainter::MakeTurnedFont(bool heavy) {
     return font;
 }
 
-void CaptionPainter::DrawVertical(HDC surface, const Place& place, std::int16_t index, std::uint8_t state) {
+void CaptionPainter::DrawVertical(const Writing& writing, const Place& place, std::int16_t index,
+                                  std::uint8_t state) {
+    const auto& [surface, text, isFree] = writing;
     const auto& [bar, room] = place;
     const PropertyValues& p = control_.Properties;
     const OwnedFont font = MakeTurnedFont(index == p.ActiveTab);
     const Selection selection = Select(surface, font.Get());
-    const std::u16string& text = surfaces_.ShortCaption;
     const SIZE extent = ExtentOf(surface, text);
     const std::int32_t length = extent.cx, height = extent.cy;
 
@@ -201,7 +249,8 @@ void CaptionPainter::DrawVertical(HDC surface, const Place& place, std::int16_t 
     y = y + p.CaptionYjust;
     DrawGround(surface, Intersection(LayoutRect::FromEdges(x, y - length, x + height, y), room));
     const RECT clip = ToRect(room);
-    ExtTextOutW(surface, x, y, ETO_CLIPPED, &clip, AsWide(text), static_cast<UINT>(text.size()), nullptr);
+    ExtTextOutW(surface, x, y, isFree ? 0U : UINT{ETO_CLIPPED}, &clip, AsWide(text),
+                static_cast<UINT>(text.size()), nullptr);
 }
 
 } // namespace vantik

@@ -22,6 +22,10 @@ public:
 
     void DrawCaption(std::int16_t index, std::uint8_t state);
 
+    // Whether all of it would be seen: neither shortened nor cut off. Draws nothing. Raises what drawing raises, and
+    // OutOfMemory.
+    bool IsWhole(std::int16_t index, std::uint8_t state);
+
 private:
     // Where a caption is written: the bar, and what a close button leaves of it.
     struct Place {
@@ -29,9 +33,17 @@ private:
         LayoutRect Room;
     };
 
+    struct Writing {
+        HDC Surface;
+        const std::u16string& Text;
+        bool IsFree = false; // of all that cuts off: beyond its room, too
+    };
+
     Place PlaceOf(std::int32_t slot) const;
-    void DrawHorizontal(HDC surface, const Place& place);
-    void DrawVertical(HDC surface, const Place& place, std::int16_t index, std::uint8_t state);
+    void TakeFont(HDC surface) const noexcept;
+    void Write(const Writing& writing, const Place& place, std::int16_t index, std::uint8_t state);
+    void DrawHorizontal(const Writing& writing, const Place& place);
+    void DrawVertical(const Writing& writing, const Place& place, std::int16_t index, std::uint8_t state);
     std::int32_t Budget(HDC surface, std::int16_t index, std::uint8_t state) const;
     CaptionKind KindOf(std::int16_t index) const;
     void SetColours(HDC surface, CaptionKind kind) const;
