@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "ole/control/HighContrast.h"
 #include "render/BarGeometry.h"
 
 namespace vantik {
@@ -44,13 +45,6 @@ LayoutRect FocusedArea(const ControlState& state) {
     const LayoutRect bar = BarRect(state, slot), free = UncoveredRect(state, slot);
     return LayoutRect::FromEdges(std::max(bar.Left, free.Left), std::max(bar.Top, free.Top),
                                  std::min(bar.Right, free.Right), std::min(bar.Bottom, free.Bottom));
-}
-
-bool IsHighContrastOn() noexcept {
-    HIGHCONTRASTW chosen = {};
-    chosen.cbSize = sizeof chosen;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof chosen, &chosen, 0) &&
-           (chosen.dwFlags & HCF_HIGHCONTRASTON);
 }
 
 // Black and white by turns: on a ground of any colour one of them shows.

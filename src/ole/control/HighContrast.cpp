@@ -12,21 +12,21 @@ bool IsByDefault(CaptionKind kind, std::int32_t colour) noexcept {
     return colour == (kind == CaptionKind::Active ? Defaults.CaptionColor1 : Defaults.CaptionColor0);
 }
 
-bool IsOn() noexcept {
-    HIGHCONTRASTW chosen = {};
-    chosen.cbSize = sizeof chosen;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof chosen, &chosen, 0) &&
-           (chosen.dwFlags & HCF_HIGHCONTRASTON);
-}
-
 constexpr std::int32_t SystemColour(std::uint32_t number) noexcept {
     return static_cast<std::int32_t>(0x80000000 | number);
 }
 
 } // namespace
 
+bool IsHighContrastOn() noexcept {
+    HIGHCONTRASTW chosen = {};
+    chosen.cbSize = sizeof chosen;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof chosen, &chosen, 0) &&
+           (chosen.dwFlags & HCF_HIGHCONTRASTON);
+}
+
 std::optional<CaptionColours> HighContrastColours(CaptionKind kind, std::int32_t ofProperty) noexcept {
-    if (!IsByDefault(kind, ofProperty) || !IsOn()) return std::nullopt;
+    if (!IsByDefault(kind, ofProperty) || !IsHighContrastOn()) return std::nullopt;
     switch (kind) {
     case CaptionKind::Active:
         return CaptionColours{SystemColour(COLOR_HIGHLIGHTTEXT), SystemColour(COLOR_HIGHLIGHT)};

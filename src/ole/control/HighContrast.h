@@ -5,6 +5,8 @@
 
 namespace vantik {
 
+bool IsHighContrastOn() noexcept;
+
 // Nothing where those of the properties stay: high contrast is off, or the host set a colour. A host that set just the
 // default one cannot be told from one that set none.
 //
