@@ -25,12 +25,6 @@ Value& Emptied(Value* out) {
     return *out = {};
 }
 
-RECT OnScreen(HWND window, const LayoutRect& area) noexcept {
-    RECT rect = {area.Left, area.Top, area.Right, area.Bottom};
-    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
-    return rect;
-}
-
 std::optional<Direction> SideOf(LONG direction) noexcept {
     switch (direction) {
     case NAVDIR_LEFT: return Direction::Left;

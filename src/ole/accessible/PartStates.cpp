@@ -3,6 +3,7 @@
 #include <oleacc.h>
 
 #include "ole/accessible/PartTree.h"
+#include "ole/accessible/Windows.h"
 #include "render/BarGeometry.h"
 
 namespace vantik {
@@ -10,13 +11,6 @@ namespace vantik {
 namespace {
 
 constexpr LONG If(bool holds, LONG state) noexcept { return holds ? state : 0; }
-
-bool IsUnderPointer(HWND window, const LayoutRect& area) noexcept {
-    POINT pointer = {};
-    if (!GetCursorPos(&pointer) || WindowFromPoint(pointer) != window) return false;
-    ScreenToClient(window, &pointer);
-    return IsPixelOf(area, pointer.x, pointer.y);
-}
 
 // Of the window that all parts share.
 LONG CommonState(HWND window) noexcept {

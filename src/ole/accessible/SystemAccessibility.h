@@ -1,9 +1,9 @@
-// The system's part of accessibility, oleacc.dll: loaded when somebody asks for the first time, because most programs run
-// without anybody who does.
+// The system's part of accessibility, oleacc.dll.
 #pragma once
 
 #include <oleacc.h>
 
+#include "ole/accessible/SystemLibrary.h"
 #include "platform/ComPtr.h"
 
 namespace vantik {
@@ -11,9 +11,6 @@ namespace vantik {
 class SystemAccessibility {
 public:
     SystemAccessibility() noexcept;
-    ~SystemAccessibility();
-    SystemAccessibility(const SystemAccessibility&) = delete;
-    SystemAccessibility& operator=(const SystemAccessibility&) = delete;
 
     // The answer to WM_GETOBJECT; 0 where the system has none.
     LRESULT Answer(WPARAM wParam, IAccessible& object) const noexcept;
@@ -22,7 +19,7 @@ public:
     ComPtr<IAccessible> Describe(HWND window) const noexcept;
 
 private:
-    HMODULE library_;
+    SystemLibrary library_{L"oleacc.dll"};
     decltype(&LresultFromObject) lresultFromObject_ = nullptr;
     decltype(&AccessibleObjectFromWindow) accessibleObjectFromWindow_ = nullptr;
 };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "render/BarGeometry.h"
+
 namespace vantik {
 
 namespace {
@@ -53,6 +55,19 @@ HWND FocusedChild(HWND window) noexcept {
     if (!IsChild(window, focused)) return nullptr;
     while (GetAncestor(focused, GA_PARENT) != window) focused = GetAncestor(focused, GA_PARENT);
     return focused;
+}
+
+RECT OnScreen(HWND window, const LayoutRect& area) noexcept {
+    RECT rect = {area.Left, area.Top, area.Right, area.Bottom};
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+}
+
+bool IsUnderPointer(HWND window, const LayoutRect& area) noexcept {
+    POINT pointer = {};
+    if (!GetCursorPos(&pointer) || WindowFromPoint(pointer) != window) return false;
+    ScreenToClient(window, &pointer);
+    return IsPixelOf(area, pointer.x, pointer.y);
 }
 
 } // namespace vantik

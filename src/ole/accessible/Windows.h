@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "model/LayoutRect.h"
 #include "platform/mDeclares.h"
 
 namespace vantik {
@@ -18,5 +19,9 @@ bool Shows(HWND child) noexcept;
 // The one of them that the position, in pixels of the screen, or the keyboard focus is in; null for none.
 HWND ShownChildAt(HWND window, POINT screen) noexcept;
 HWND FocusedChild(HWND window) noexcept;
+
+// An area of the window in pixels of the screen, and whether the pointer is there with nothing between.
+RECT OnScreen(HWND window, const LayoutRect& area) noexcept;
+bool IsUnderPointer(HWND window, const LayoutRect& area) noexcept;
 
 } // namespace vantik

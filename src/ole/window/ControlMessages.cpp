@@ -83,7 +83,10 @@ bool MayChangeRow(UINT message) noexcept {
 } // namespace
 
 std::optional<LRESULT> ControlMessages::Handle(const Message& message) {
+    if (tips_.Takes(message.Number, message.WParam, message.LParam)) return 0;
+    tips_.Before(message.Number);
     const auto answer = Answer(message);
+    tips_.After(message.Number, message.WParam, message.LParam);
     if (MayChangeRow(message.Number)) announcements_.RowChanged();
     return answer;
 }

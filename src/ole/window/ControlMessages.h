@@ -5,6 +5,7 @@
 #include "ole/accessible/Announcements.h"
 #include "ole/accessible/FocusCue.h"
 #include "ole/accessible/PageOrder.h"
+#include "ole/accessible/Tips.h"
 #include "ole/window/ControlWindow.h"
 #include "ole/window/KeyInput.h"
 #include "ole/window/PointerInput.h"
@@ -26,7 +27,8 @@ public:
           accessibility_(control),
           announcements_(control),
           cue_(control),
-          pageOrder_(control) {}
+          pageOrder_(control),
+          tips_(control) {}
 
     std::optional<LRESULT> Handle(const Message& message) override;
     void Failed(const Message& message) noexcept override;
@@ -55,6 +57,7 @@ private:
     Announcements announcements_;
     FocusCue cue_;
     PageOrder pageOrder_;
+    Tips tips_;
     RepeatedFailure copying_, sizing_;
 };
 
