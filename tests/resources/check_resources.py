@@ -4,6 +4,7 @@
 Independent of the scripts that draw them; needs nothing but Python. Its last line is "N passed, N failed".
 """
 
+import colorsys
 import pathlib
 import re
 import struct
@@ -245,12 +246,32 @@ class SkinBitmap(unittest.TestCase):
         self.assertEqual(len({self.at(place) for place in FRAME_LINE.values()}), 1)
         x, y = FRAME_LINE["top"]
         self.assertEqual([self.at((x, y + 1)), self.at((x, y + 2))], [self.at(BACKGROUND)] * 2)
-        self.assertGreater(contrast(self.at((x, y)), self.at(BACKGROUND)), 1.8)
+        self.assertGreater(contrast(self.at((x, y)), self.at(BACKGROUND)), 3)
 
-    def test_fills_and_separators_are_closed_by_the_line_at_both_edges(self):
+    def test_fills_and_separators_are_closed_at_both_edges(self):
         line = self.at(FRAME_LINE["top"])
-        for left, _, top, bottom in FILLS + SEPARATORS:
+        for left, _, top, bottom in [FILLS[0]] + SEPARATORS:
             self.assertEqual([self.at((left, top)), self.at((left, bottom))], [line, line])
+        left, _, top, bottom = FILLS[1]
+        self.assertEqual(self.at((left, top)), line)
+        self.assertEqual(self.at((left, bottom)), self.mark()[-1])
+
+    def mark(self):
+        """The coloured rows at the inner edge of a lit bar."""
+        left, _, _, bottom = FILLS[1]
+        return [self.at((left, bottom - 1)), self.at((left, bottom))]
+
+    def test_a_lit_bar_has_a_mark_that_is_seen_on_it_and_on_the_page(self):
+        left, _, top, _ = FILLS[1]
+        one, other = self.mark()
+        self.assertEqual(one, other)
+        for beside in (self.at((left, top + 10)), self.at(BACKGROUND)):
+            self.assertGreater(contrast(one, beside), 4.5)
+
+    def test_there_is_air_between_an_icon_and_the_mark(self):
+        left, _, top, bottom = FILLS[1]
+        last = (bottom - top + 1 - 16) // 2 + 15  # of the rows that an icon of 16 pixels in the middle covers
+        self.assertEqual(self.at((left, top + last + 1)), self.at((left, top + 10)))
 
     def test_left_and_right_ends_have_the_fill_of_their_look(self):
         for fill, left_end, right_end in zip(FILLS, LEFT_ENDS, RIGHT_ENDS):
@@ -290,19 +311,41 @@ class Icons(unittest.TestCase):
             self.assertTrue(60 <= pixel[2] <= 140, pixel)
             self.assertGreater(spread(pixel), 100)
 
-    def test_greyed_buttons_lose_the_colour_of_their_sign_and_stay_readable(self):
-        for name in BUTTONS:
-            sign = max(self.solid(name), key=spread)
-            disc = max(self.solid(name), key=lambda pixel: sum(pixel[:3]))
-            self.assertGreater(spread(sign), 128)
-            self.assertGreater(contrast((sign[1],) * 3, (disc[1],) * 3), 3)
+    def test_the_close_sign_fills_its_picture_but_for_a_margin(self):
+        pixels = read_png(SKIN / "delete1.png")[1]
+        shown = [at for at, pixel in enumerate(pixels) if pixel[3] > 127]
+        columns, rows = [at % 14 for at in shown], [at // 14 for at in shown]
+        for extent in (columns, rows):
+            self.assertEqual((min(extent), max(extent)), (2, 11))
 
-    def test_pressed_buttons_are_darker_all_over(self):
+    def sign_and_disc(self, name):
+        solid = self.solid(name)
+        return max(solid, key=spread), min(solid, key=lambda pixel: sum(pixel[:3]))
+
+    def test_greyed_buttons_are_much_weaker_than_enabled_ones_and_still_there(self):
         for name in BUTTONS:
-            sign = max(self.solid(name), key=spread)
-            disc = max(self.solid(name), key=lambda pixel: sum(pixel[:3]))
-            for pixel in (sign, disc):  # pressed, the largest channel becomes 204
-                self.assertGreater(max(pixel[:3]), 204 + 40)
+            sign, disc = self.sign_and_disc(name)
+            enabled, greyed = contrast(sign[:3], disc[:3]), contrast((sign[1],) * 3, (disc[1],) * 3)
+            self.assertGreater(enabled, 3)
+            self.assertGreater(greyed, 1.5)
+            self.assertLess(greyed, 0.75 * enabled)
+
+    def test_pressed_buttons_are_turned_from_dark_to_light_and_stay_readable(self):
+        def pressed(pixel):
+            hue, saturation, _ = colorsys.rgb_to_hsv(*(value / 255 for value in pixel[:3]))
+            return tuple(value * 255 for value in colorsys.hsv_to_rgb(hue, saturation, 0.8))
+
+        for name in BUTTONS:
+            sign, disc = self.sign_and_disc(name)
+            self.assertGreater(contrast(pressed(disc), disc[:3]), 4.5)
+            self.assertGreater(contrast(pressed(sign), pressed(disc)), 2)
+
+    def test_tab_icons_are_seen_on_both_looks(self):
+        _, _, rows = read_bmp(SKIN / "skin2.bmp")
+        for left, _, top, _ in FILLS:
+            for name in ("sun.png", "handno.png"):
+                ratios = [contrast(pixel[:3], rows[top + 10][left]) for pixel in self.solid(name)]
+                self.assertGreater(max(ratios), 3, name)
 
     def test_previous_and_next_mirror_each_other(self):
         size = ICONS["bar0.png"]
