@@ -21,8 +21,6 @@ public:
     void End() noexcept; // the window goes
 
 private:
-    bool HasChildren() const noexcept;
-
     Control& control_;
     ParkedStops stops_;
     bool isDue_ = false;
