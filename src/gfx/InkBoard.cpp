@@ -2,17 +2,13 @@
 
 #include <algorithm>
 
+#include "gfx/RowDrawing.h"
+
 namespace vantik {
 
 namespace {
 
 constexpr std::int64_t MostPixels = 1 << 22;
-
-BITMAPINFO FormatOf(const LayoutRect& area) noexcept {
-    BITMAPINFO format = {};
-    format.bmiHeader = {sizeof(BITMAPINFOHEADER), area.Width, -area.Height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    return format;
-}
 
 } // namespace
 
@@ -23,7 +19,7 @@ InkBoard::InkBoard() : dc_(CreateCompatibleDC(nullptr)), selection_(nullptr, nul
 }
 
 void InkBoard::Cover(const LayoutRect& area) {
-    const BITMAPINFO format = FormatOf(area);
+    const BITMAPINFO format = FormatOfRows({area.Width, area.Height});
     const std::int64_t pixels = std::int64_t{area.Width} * area.Height;
     void* bits = nullptr;
     if (pixels <= MostPixels)

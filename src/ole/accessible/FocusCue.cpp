@@ -1,13 +1,14 @@
 #include "ole/accessible/FocusCue.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <utility>
 #include <vector>
 
+#include "gfx/RowDrawing.h"
 #include "ole/control/HighContrast.h"
 #include "render/BarGeometry.h"
+#include "render/FrameGeometry.h"
 
 namespace vantik {
 
@@ -42,9 +43,7 @@ LayoutRect FocusedArea(const ControlState& state) {
     if (!state.HasTab(active) || !IsVisibleSlot(state, SlotOf(state, active)))
         return state.Layout.BarStripRect;
     const std::int32_t slot = SlotOf(state, active);
-    const LayoutRect bar = BarRect(state, slot), free = UncoveredRect(state, slot);
-    return LayoutRect::FromEdges(std::max(bar.Left, free.Left), std::max(bar.Top, free.Top),
-                                 std::min(bar.Right, free.Right), std::min(bar.Bottom, free.Bottom));
+    return Intersection(BarRect(state, slot), UncoveredRect(state, slot));
 }
 
 // Black and white by turns: on a ground of any colour one of them shows.
@@ -53,8 +52,7 @@ void DrawDots(HDC dc, const RECT& edge) {
     std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width * height));
     for (std::size_t i = 0; i < pixels.size(); ++i) // one pixel thick
         pixels[i] = (static_cast<std::size_t>(edge.left + edge.top) + i) % 2 ? 0xFFFFFF : 0;
-    BITMAPINFO format = {};
-    format.bmiHeader = {sizeof format.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const BITMAPINFO format = FormatOfRows({width, height});
     SetDIBitsToDevice(dc, edge.left, edge.top, static_cast<DWORD>(width), static_cast<DWORD>(height), 0, 0, 0,
                       static_cast<UINT>(height), pixels.data(), &format, DIB_RGB_COLORS);
 }
@@ -97,7 +95,7 @@ RECT FocusCue::Place() const noexcept {
     if (!focused_ || !window || (DefWindowProcW(window, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS)) return {};
     try {
         const LayoutRect area = FocusedArea(control_.Engine.State());
-        return area.Width > 0 && area.Height > 0 ? Inside(area) : RECT{};
+        return IsEmpty(area) ? RECT{} : Inside(area);
     } catch (...) {
         return {}; // painting says what is wrong
     }

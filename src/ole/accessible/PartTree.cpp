@@ -4,17 +4,11 @@
 #include <limits>
 
 #include "render/BarGeometry.h"
+#include "render/FrameGeometry.h"
 
 namespace vantik {
 
 namespace {
-
-bool IsEmpty(const LayoutRect& rect) noexcept { return rect.Right <= rect.Left || rect.Bottom <= rect.Top; }
-
-LayoutRect Within(const LayoutRect& rect, const LayoutRect& room) {
-    return LayoutRect::FromEdges(std::max(rect.Left, room.Left), std::max(rect.Top, room.Top),
-                                 std::min(rect.Right, room.Right), std::min(rect.Bottom, room.Bottom));
-}
 
 // Of a rectangle whose Right and Bottom are its last pixels, empty where there is none.
 LayoutRect PixelsOf(const LayoutRect& inclusive) {
@@ -34,7 +28,7 @@ LayoutRect ButtonArea(const ControlState& control, PartKind kind) {
 
 // What can be seen of it.
 LayoutRect Clipped(const ControlState& control, const LayoutRect& whole) {
-    const LayoutRect area = Within(whole, control.Layout.ControlRect);
+    const LayoutRect area = Intersection(whole, control.Layout.ControlRect);
     return IsEmpty(area) ? LayoutRect() : area;
 }
 
