@@ -19,7 +19,7 @@ void PageOrder::Arrange() {
     if (!control_.Ambient.UserMode()) return stops_.GiveBack();
     stops_.Arrange(window);
     const HWND focused = FocusedChild(window);
-    if (focused && !Shows(focused)) SetFocus(window);
+    if (focused && !Shows(focused, ClientOnScreen(window))) SetFocus(window);
 }
 
 void PageOrder::End() noexcept {

@@ -83,9 +83,10 @@ void ParkedStops::ForgetThoseElsewhere(HWND control) noexcept {
 
 void ParkedStops::Arrange(HWND control) {
     ForgetThoseElsewhere(control);
+    const RECT client = ClientOnScreen(control);
     for (HWND child = GetWindow(control, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         if (!IsOfThisThread(child)) continue;
-        if (IsParked(child)) {
+        if (IsParked(child, client)) {
             Park(child);
         } else {
             GiveBackTo(child);

@@ -15,25 +15,23 @@ bool ShowsIn(HWND child, const RECT& client) noexcept {
            IntersectRect(&common, &place, &client);
 }
 
+} // namespace
+
 RECT ClientOnScreen(HWND window) noexcept {
     RECT client = {};
     GetClientRect(window, &client);
     MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&client), 2);
     return client;
 }
-
-} // namespace
-
 // One without a width stands at a place, too.
-bool IsParked(HWND child) noexcept {
+bool IsParked(HWND child, const RECT& control) noexcept {
     RECT place = {};
-    if (!GetWindowRect(child, &place)) return false;
-    const RECT client = ClientOnScreen(GetAncestor(child, GA_PARENT));
-    return std::max(place.right, place.left + 1) <= client.left || place.left >= client.right;
+    return GetWindowRect(child, &place) &&
+           (std::max(place.right, place.left + 1) <= control.left || place.left >= control.right);
 }
 
-bool Shows(HWND child) noexcept {
-    return (GetWindowLongPtrW(child, GWL_STYLE) & WS_VISIBLE) && !IsParked(child);
+bool Shows(HWND child, const RECT& control) noexcept {
+    return (GetWindowLongPtrW(child, GWL_STYLE) & WS_VISIBLE) && !IsParked(child, control);
 }
 
 std::vector<HWND> ShownChildren(HWND window) {

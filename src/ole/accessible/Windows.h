@@ -11,10 +11,12 @@ namespace vantik {
 // The windows that show on this one, the foremost first.
 std::vector<HWND> ShownChildren(HWND window);
 
+RECT ClientOnScreen(HWND window) noexcept;
+
 // A child of the control's window: whether it stands where pages that do not show are kept, beside the control for its whole
 // width; and whether it is to be seen on the page, as far as the control lets it.
-bool IsParked(HWND child) noexcept;
-bool Shows(HWND child) noexcept;
+bool IsParked(HWND child, const RECT& control) noexcept;
+bool Shows(HWND child, const RECT& control) noexcept;
 
 // The one of them that the position, in pixels of the screen, or the keyboard focus is in; null for none.
 HWND ShownChildAt(HWND window, POINT screen) noexcept;
