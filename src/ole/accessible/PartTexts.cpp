@@ -50,8 +50,7 @@ std::u16string OnOneLine(std::u16string text) {
 
 std::u16string TabName(const ControlState& state, std::int16_t tab) {
     const std::u16string& caption = state.Tabs(tab).Caption;
-    const bool hasMarks = !(static_cast<UINT>(state.Properties.CaptionPos) & DT_NOPREFIX);
-    std::u16string name = OnOneLine(hasMarks ? WithoutMarks(caption) : caption);
+    std::u16string name = OnOneLine(MarksLetters(state) ? WithoutMarks(caption) : caption);
     const bool isBlank = name.find_first_not_of(u' ') == std::u16string::npos;
     return isBlank ? Text(TEXT_TAB_NUMBER, DecimalText(tab + 1)) : name;
 }
@@ -71,6 +70,10 @@ std::u16string ControlName(const Control& control) {
 }
 
 } // namespace
+
+bool MarksLetters(const ControlState& state) noexcept {
+    return !(static_cast<UINT>(state.Properties.CaptionPos) & DT_NOPREFIX);
+}
 
 std::u16string NameOf(const Control& control, const Part& part) {
     const ControlState& state = control.Engine.State();

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ole/accessible/PartTexts.h"
+
 namespace vantik {
 
 namespace {
@@ -50,8 +52,8 @@ private:
         for (std::int32_t tab = new_.First; tab < new_.End(); ++tab)
             if (!old_.Shows(tab)) Add(EVENT_OBJECT_SHOW, IdOf(tab));
         if (HasDetails()) TellOfPlaces();
-        if (old_.HasTabsBefore() != new_.HasTabsBefore()) TellOfUsability(PartKind::PreviousButton);
-        if (old_.HasTabsBehind() != new_.HasTabsBehind()) TellOfUsability(PartKind::NextButton);
+        if (old_.HasTabsBefore != new_.HasTabsBefore) TellOfUsability(PartKind::PreviousButton);
+        if (old_.HasTabsBehind != new_.HasTabsBehind) TellOfUsability(PartKind::NextButton);
     }
 
     void TellOfPlaces() {
@@ -105,7 +107,9 @@ RowNumbers::RowNumbers(const ControlState& control) noexcept
       Shown(std::clamp<std::int32_t>(Count - First, 0,
                                      std::max<std::int32_t>(control.Layout.VisibleBarCount, 0))),
       HasCloseButtons(control.Properties.DelButton != False),
-      MarksLetters(!(static_cast<UINT>(control.Properties.CaptionPos) & DT_NOPREFIX)) {}
+      HasTabsBefore(control.HasTabsBefore()),
+      HasTabsBehind(control.HasTabsBehind()),
+      MarksLetters(vantik::MarksLetters(control)) {}
 
 RowDetails::RowDetails(const ControlState& control, const RowNumbers& numbers)
     : Behind(AreasBehindTabs(control)) {

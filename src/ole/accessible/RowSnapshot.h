@@ -19,13 +19,12 @@ struct RowNumbers {
     std::int16_t First; // of the tabs that show
     std::int32_t Shown;
     bool HasCloseButtons;
-    bool MarksLetters; // an "&" in a caption is no part of the name
+    bool HasTabsBefore, HasTabsBehind;
+    bool MarksLetters;
 
     bool HasActive() const noexcept { return Active >= 0 && Active < Count; }
     bool Shows(std::int32_t tab) const noexcept { return tab >= First && tab < End(); }
     std::int32_t End() const noexcept { return First + Shown; }
-    bool HasTabsBefore() const noexcept { return First > 0; }
-    bool HasTabsBehind() const noexcept { return Count > End(); }
 };
 
 // Kept while somebody listens. Taking them may raise what painting raises.
