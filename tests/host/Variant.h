@@ -10,6 +10,7 @@ namespace vantik {
 
 class Bstr {
 public:
+    Bstr() noexcept = default; // null, to be filled
     explicit Bstr(std::wstring_view text)
         : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
     ~Bstr() { SysFreeString(text_); }
@@ -22,7 +23,7 @@ public:
     std::wstring Text() const { return text_ ? std::wstring(text_, SysStringLen(text_)) : std::wstring(); }
 
 private:
-    BSTR text_;
+    BSTR text_ = nullptr;
 };
 
 class Variant {

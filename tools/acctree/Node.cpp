@@ -29,8 +29,7 @@ HWND Node::Window() const noexcept {
 }
 
 std::wstring Node::Text(TextMember member) const {
-    Bstr text(L"");
-    SysFreeString(text.Detach());
+    Bstr text;
     return (object_.Get()->*member)(Id(), text.Put()) == S_OK ? text.Text() : std::wstring();
 }
 

@@ -19,11 +19,9 @@ Part AnyPart(World& world, const Place& place) {
     for (int depth = world.Draw.Below(3); part && depth > 0; --depth) {
         LONG count = 0;
         part->get_accChildCount(&count);
-        VARIANT id = {};
-        id.vt = VT_I4;
-        id.lVal = 1 + world.Draw.Below(static_cast<std::size_t>(count) + 1);
+        const Variant id(1 + world.Draw.Below(static_cast<std::size_t>(count) + 1));
         ComPtr<IDispatch> child;
-        if (part->get_accChild(id, child.Put()) != S_OK) break;
+        if (part->get_accChild(id.Get(), child.Put()) != S_OK) break;
         part = child.As<IAccessible>();
     }
     return part;
@@ -31,10 +29,7 @@ Part AnyPart(World& world, const Place& place) {
 
 // Mostly the object itself.
 VARIANT Child(World& world) {
-    VARIANT id = {};
-    id.vt = VT_I4;
-    id.lVal = world.Draw.OneIn(3) ? world.Draw.Number() : CHILDID_SELF;
-    return id;
+    return Variant(world.Draw.OneIn(3) ? world.Draw.Number() : CHILDID_SELF).Get();
 }
 
 void Read(World& world, Place& place) {
@@ -43,14 +38,12 @@ void Read(World& world, Place& place) {
     for (const auto member :
          {&IAccessible::get_accName, &IAccessible::get_accDescription, &IAccessible::get_accValue,
           &IAccessible::get_accDefaultAction, &IAccessible::get_accHelp}) {
-        BSTR text = nullptr;
-        world.Log.Result((part.Get()->*member)(Child(world), &text));
-        SysFreeString(text);
+        Bstr text;
+        world.Log.Result((part.Get()->*member)(Child(world), text.Put()));
     }
     for (const auto member : {&IAccessible::get_accRole, &IAccessible::get_accState}) {
-        VARIANT number = {};
-        world.Log.Result((part.Get()->*member)(Child(world), &number));
-        VariantClear(&number);
+        Variant number;
+        world.Log.Result((part.Get()->*member)(Child(world), number.Put()));
     }
     LONG x = 0, y = 0, width = 0, height = 0;
     world.Log.Result(part->accLocation(&x, &y, &width, &height, Child(world)));
@@ -59,15 +52,11 @@ void Read(World& world, Place& place) {
 void Walk(World& world, Place& place) {
     const Part part = AnyPart(world, place);
     if (!part) return;
-    VARIANT found = {};
-    world.Log.Result(part->accNavigate(world.Draw.Below(12), Child(world), &found));
-    VariantClear(&found);
-    world.Log.Result(part->accHitTest(world.Draw.Number(), world.Draw.Number(), &found));
-    VariantClear(&found);
-    part->get_accFocus(&found);
-    VariantClear(&found);
-    part->get_accSelection(&found);
-    VariantClear(&found);
+    Variant found;
+    world.Log.Result(part->accNavigate(world.Draw.Below(12), Child(world), found.Put()));
+    world.Log.Result(part->accHitTest(world.Draw.Number(), world.Draw.Number(), found.Put()));
+    part->get_accFocus(found.Put());
+    part->get_accSelection(found.Put());
     ComPtr<IDispatch> parent;
     world.Log.Result(part->get_accParent(parent.Put()));
     const auto children = part.As<IEnumVARIANT>();
@@ -86,23 +75,19 @@ void Act(World& world, Place& place) {
     if (!part) return;
     world.Log.Result(world.Draw.OneIn(3) ? part->accSelect(world.Draw.Below(64), Child(world))
                                          : part->accDoDefaultAction(Child(world)));
-    VARIANT state = {};
-    part->get_accState(Child(world), &state); // of what may be gone by now
-    VariantClear(&state);
+    Variant state;
+    part->get_accState(Child(world), state.Put()); // of what may be gone by now
 }
 
 void ReadAnything(World& world, Place& place) {
     const Part part = AnyPart(world, place);
     if (!part) return;
     const RandomVariant id(world), other(world);
-    BSTR text = nullptr;
-    VARIANT value = {};
-    world.Log.Result(part->get_accName(id.Get(), &text));
-    SysFreeString(text);
-    world.Log.Result(part->get_accState(other.Get(), &value));
-    VariantClear(&value);
-    world.Log.Result(part->accNavigate(world.Draw.Number(), id.Get(), &value));
-    VariantClear(&value);
+    Bstr text;
+    Variant value;
+    world.Log.Result(part->get_accName(id.Get(), text.Put()));
+    world.Log.Result(part->get_accState(other.Get(), value.Put()));
+    world.Log.Result(part->accNavigate(world.Draw.Number(), id.Get(), value.Put()));
     world.Log.Result(part->accSelect(world.Draw.Number(), other.Get()));
 }
 
