@@ -1,6 +1,6 @@
 #include "hostile/ChildProcess.h"
 
-#include "host/HostError.h"
+#include "host/StartProgram.h"
 
 namespace vantik {
 
@@ -23,19 +23,13 @@ ChildProcess::ChildProcess(const std::wstring& program) {
     input_ = input.Write;
     output_ = output.Read;
     STARTUPINFOW start = {};
-    start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdInput = input.Read;
     start.hStdOutput = output.Write;
     start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
-    PROCESS_INFORMATION made = {};
-    const BOOL isStarted =
-        CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &made);
+    process_ = StartProgram(L"\"" + program + L"\"", start);
     CloseHandle(input.Read);
     CloseHandle(output.Write);
-    if (!isStarted) throw HostError("cannot start " + ToUtf8(program));
-    process_ = made.hProcess;
-    CloseHandle(made.hThread);
 }
 
 ChildProcess::~ChildProcess() {

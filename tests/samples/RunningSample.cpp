@@ -3,22 +3,13 @@
 #include "acctree/TreeText.h"
 #include "host/BuiltControl.h"
 #include "host/HostError.h"
+#include "host/StartProgram.h"
 
 namespace vantik {
 
 namespace {
 
 constexpr DWORD Patience = 30'000; // milliseconds
-
-HANDLE Start(std::wstring command) {
-    STARTUPINFOW start = {};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION made = {};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &made))
-        throw HostError("cannot start the sample");
-    CloseHandle(made.hThread);
-    return made.hProcess;
-}
 
 // Of the process: a form of one that was ended may still be there for a moment.
 struct Wanted {
@@ -38,18 +29,10 @@ BOOL CALLBACK FindForm(HWND window, LPARAM parameter) {
     return FALSE;
 }
 
-BOOL CALLBACK FindTabs(HWND window, LPARAM found) {
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, 64);
-    if (std::wstring(name) != L"VantikFrameTab") return TRUE;
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-}
-
 } // namespace
 
 RunningSample::RunningSample(const std::wstring& program, const std::wstring& title)
-    : process_(Start(ProgramFolder() + L"\\..\\..\\samples\\" + program)) {
+    : process_(StartProgram(L"\"" + ProgramFolder() + L"\\..\\..\\samples\\" + program + L"\"")) {
     const bool came = Becomes([&] {
         Wanted wanted = {GetProcessId(process_), title};
         EnumWindows(FindForm, reinterpret_cast<LPARAM>(&wanted));
@@ -64,11 +47,7 @@ RunningSample::~RunningSample() {
     CloseHandle(process_);
 }
 
-HWND RunningSample::Tabs() const {
-    HWND tabs = nullptr;
-    EnumChildWindows(form_, FindTabs, reinterpret_cast<LPARAM>(&tabs));
-    return tabs;
-}
+HWND RunningSample::Tabs() const { return FindWindowExW(form_, nullptr, L"VantikFrameTab", nullptr); }
 
 std::string RunningSample::Tree() const {
     TreeOptions options;

@@ -17,7 +17,7 @@ public:
     RunningSample& operator=(const RunningSample&) = delete;
 
     HWND Form() const noexcept { return form_; }
-    HWND Tabs() const; // the control's window
+    HWND Tabs() const; // the control's window, which stands on it
 
     std::string Tree() const;
     void Press(WORD key) const; // while the control has the focus

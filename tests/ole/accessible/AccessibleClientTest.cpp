@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "host/BuiltControl.h"
-#include "host/HostError.h"
+#include "host/StartProgram.h"
 #include "ole/accessible/ReadControl.h"
 
 namespace vantik {
@@ -33,17 +33,10 @@ public:
         const HANDLE output =
             CreateFileW(OutputFile, GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr);
         STARTUPINFOW start = {};
-        start.cb = sizeof start;
         start.dwFlags = STARTF_USESTDHANDLES;
         start.hStdOutput = start.hStdError = output;
-        PROCESS_INFORMATION made = {};
-        std::wstring command = L"\"" + Reader() + L"\" " + arguments;
-        const BOOL started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                                            nullptr, &start, &made);
+        process_ = StartProgram(L"\"" + Reader() + L"\" " + arguments, start);
         CloseHandle(output);
-        if (!started) throw HostError("cannot start acctree");
-        CloseHandle(made.hThread);
-        process_ = made.hProcess;
     }
     ~Running() {
         TerminateProcess(process_, 1);
