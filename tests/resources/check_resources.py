@@ -378,8 +378,9 @@ class OtherPictures(unittest.TestCase):
             self.assertTrue((RESOURCES / file).is_file(), file)
 
 
-def main():
-    suite = unittest.defaultTestLoader.loadTestsFromModule(sys.modules[__name__])
+def run_tests_of(module):
+    """Prints how many passed and failed, for scripts of other tests of the art, too."""
+    suite = unittest.defaultTestLoader.loadTestsFromModule(module)
     result = unittest.TextTestRunner(stream=sys.stdout).run(suite)
     failed = len(result.failures) + len(result.errors)
     print(f"{result.testsRun - failed} passed, {failed} failed")
@@ -387,4 +388,4 @@ def main():
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(run_tests_of(sys.modules[__name__]))

@@ -364,13 +364,5 @@ class Palettes(unittest.TestCase):
         self.assertRegex(self.error_of("Fill1: #000000\n", ""), r"contrast\.palette: no Fill1")
 
 
-def main():
-    suite = unittest.defaultTestLoader.loadTestsFromModule(sys.modules[__name__])
-    result = unittest.TextTestRunner(stream=sys.stdout).run(suite)
-    failed = len(result.failures) + len(result.errors)
-    print(f"{result.testsRun - failed} passed, {failed} failed")
-    return 0 if failed == 0 and result.testsRun > 0 else 1
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(art.run_tests_of(sys.modules[__name__]))
