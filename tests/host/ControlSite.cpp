@@ -141,12 +141,6 @@ HRESULT ControlSite::TranslateAccelerator(MSG* message, DWORD) noexcept {
     return Ask([&](SiteOwner& owner) { return owner.ControlOffersKey(*message) ? S_OK : S_FALSE; });
 }
 
-HRESULT ControlSite::GetTypeInfoCount(UINT* count) noexcept {
-    if (!count) return E_POINTER;
-    *count = 0;
-    return S_OK;
-}
-
 HRESULT ControlSite::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                             UINT*) noexcept {
     if ((flags & DISPATCH_PROPERTYGET) == 0) return DISP_E_MEMBERNOTFOUND;

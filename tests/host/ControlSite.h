@@ -6,9 +6,9 @@
 #include <string>
 
 #include "host/AmbientProperties.h"
-#include "host/ComObject.h"
 #include "host/Extender.h"
 #include "host/HostSwitches.h"
+#include "host/NumberedDispatch.h"
 #include "host/VbGetControl.h"
 
 namespace vantik {
@@ -37,8 +37,9 @@ protected:
     ~SiteOwner() = default;
 };
 
-class ControlSite final : public ComObject<IOleClientSite, IOleInPlaceSiteEx, IOleControlSite, IDispatch,
-                                           ISimpleFrameSite, IPropertyNotifySink, IVBGetControl> {
+class ControlSite final
+    : public ComObject<IOleClientSite, IOleInPlaceSiteEx, IOleControlSite, NumberedDispatch, ISimpleFrameSite,
+                       IPropertyNotifySink, IVBGetControl> {
 public:
     ControlSite(SiteOwner& owner, const HostSwitches& switches, const AmbientValues& ambients)
         : owner_(&owner), switches_(switches), ambients_(ambients) {}
@@ -89,11 +90,6 @@ public:
     HRESULT STDMETHODCALLTYPE ShowPropertyFrame() noexcept override { return E_NOTIMPL; }
 
     // IDispatch: the ambient properties
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return DISP_E_UNKNOWNNAME; // ambient properties go by number
-    }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result,
                                      EXCEPINFO*, UINT*) noexcept override;
 

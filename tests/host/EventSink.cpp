@@ -30,12 +30,6 @@ HRESULT EventSink::QueryInterface(REFIID id, void** object) noexcept {
     return ComObject::QueryInterface(asksForEvents ? __uuidof(IDispatch) : id, object);
 }
 
-HRESULT EventSink::GetTypeInfoCount(UINT* count) noexcept {
-    if (!count) return E_POINTER;
-    *count = 0;
-    return S_OK;
-}
-
 HRESULT EventSink::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
                           UINT*) noexcept {
     if (!parameters) return E_POINTER;

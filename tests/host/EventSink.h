@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "host/ComObject.h"
 #include "host/ControlModule.h"
+#include "host/NumberedDispatch.h"
 
 namespace vantik {
 
@@ -28,17 +28,12 @@ private:
 
 using EventHandler = std::function<void(EventCall&)>;
 
-class EventSink final : public ComObject<IDispatch> {
+class EventSink final : public ComObject<NumberedDispatch> {
 public:
     EventSink(const ControlModule& module, EventHandler handler)
         : module_(module), handler_(std::move(handler)) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return DISP_E_UNKNOWNNAME; // events come by number
-    }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
                                      EXCEPINFO*, UINT*) noexcept override;
 

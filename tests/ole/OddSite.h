@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/ComObject.h"
+#include "host/NumberedDispatch.h"
 
 namespace vantik {
 
@@ -23,7 +23,7 @@ struct Oddities {
 };
 
 class OddSite final
-    : public ComObject<IOleClientSite, IOleInPlaceSite, IOleControlSite, ISimpleFrameSite, IDispatch> {
+    : public ComObject<IOleClientSite, IOleInPlaceSite, IOleControlSite, ISimpleFrameSite, NumberedDispatch> {
 public:
     explicit OddSite(Oddities oddities = {}) : oddities_(oddities) {
         Window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr, nullptr,
@@ -114,11 +114,6 @@ public:
         return S_OK;
     }
 
-    STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return DISP_E_UNKNOWNNAME;
-    }
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
                         UINT*) noexcept override {
         return S_OK;

@@ -1,26 +1,18 @@
 // Whoever hears from a control: of its events, its properties, its picture.
 #pragma once
 
-#include "host/ComObject.h"
+#include "host/NumberedDispatch.h"
 #include "hostile/random/RandomDispatch.h"
 
 namespace vantik {
 
 // Code of a form that does things inside events, raises errors and changes the variables that it is lent.
-class RandomEventSink final : public ComObject<IDispatch> {
+class RandomEventSink final : public ComObject<NumberedDispatch> {
 public:
     RandomEventSink(World& world, bool isTruthful) : world_(world), isTruthful_(isTruthful) {}
 
     STDMETHODIMP QueryInterface(REFIID id, void** object) noexcept override {
         return ComObject::QueryInterface(id == world_.Module().EventsId() ? IID_IDispatch : id, object);
-    }
-    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
-        *count = 0;
-        return S_OK;
-    }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return DISP_E_UNKNOWNNAME;
     }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO* exception,
                         UINT*) noexcept override {

@@ -1,14 +1,14 @@
 // The site of a control: good, or lacking this and that, refusing, failing, doing other things meanwhile, gone.
 #pragma once
 
-#include "host/ComObject.h"
+#include "host/NumberedDispatch.h"
 #include "host/VbGetControl.h"
 #include "hostile/random/RandomVariant.h"
 #include "hostile/random/World.h"
 
 namespace vantik {
 
-class RandomSite final : public ComObject<IOleClientSite, IOleInPlaceSite, IOleControlSite, IDispatch,
+class RandomSite final : public ComObject<IOleClientSite, IOleInPlaceSite, IOleControlSite, NumberedDispatch,
                                           ISimpleFrameSite, IVBGetControl> {
 public:
     RandomSite(World& world, int place);
@@ -55,14 +55,6 @@ public:
     STDMETHODIMP ShowPropertyFrame() noexcept override { return world_.Called("ShowPropertyFrame"), S_OK; }
 
     // The ambient properties
-    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
-        *count = 0;
-        return S_OK;
-    }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return DISP_E_UNKNOWNNAME;
-    }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* value, EXCEPINFO*,
                         UINT*) noexcept override;
 

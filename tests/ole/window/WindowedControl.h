@@ -9,12 +9,12 @@
 #include <string>
 
 #include "gfx/TestSurface.h"
-#include "host/ComObject.h"
+#include "host/NumberedDispatch.h"
 #include "ole/OddSite.h"
 
 namespace vantik {
 
-class EventLog final : public ComObject<IDispatch> {
+class EventLog final : public ComObject<NumberedDispatch> {
 public:
     // Since the last call: "TabMove 1; TabDown 1 1".
     std::string Take();
@@ -24,14 +24,6 @@ public:
 
     HRESULT Result = S_OK; // what the handler returns
 
-    STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override {
-        *count = 0;
-        return S_OK;
-    }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
-        return DISP_E_UNKNOWNNAME; // events come by number
-    }
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
                         UINT*) noexcept override;
 
