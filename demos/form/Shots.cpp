@@ -16,8 +16,7 @@ struct Named {
 };
 
 constexpr Named Sides[] = {{L"top", 2}, {L"bottom", 3}, {L"left", 0}, {L"right", 1}};
-// Custom keeps the place of the arrangement before it, so it comes behind the one in the middle.
-constexpr Named Placements[] = {{L"start", 0}, {L"end", 2}, {L"middle", 1}, {L"custom", 3}};
+constexpr Named Placements[] = {{L"start", 0}, {L"middle", 1}, {L"end", 2}, {L"custom", 3}};
 constexpr Named Borders[] = {{L"shared", 0}, {L"edged", 1}};
 
 class Photographer {
@@ -37,12 +36,20 @@ public:
             for (const Named& placement : Placements) {
                 for (const Named& border : Borders) {
                     demo_.ShowSide(side.Value);
+                    ShiftStart(60);
                     Put(demo_.Control(), L"TabBarPos", placement.Value);
+                    ShiftStart(0);
                     Put(demo_.Control(), L"TabBorder", border.Value != 0);
                     Take(std::wstring(side.Name) + L"-" + placement.Name + L"-" + border.Name);
                 }
             }
         }
+    }
+
+    // A row at its start, with all bars so far from the corner; a custom place keeps that, every other one does not.
+    void ShiftStart(std::int16_t pixels) {
+        Put(demo_.Control(), L"TabBarPosXJust", pixels);
+        Put(demo_.Control(), L"TabBarPosYJust", pixels);
     }
 
     void Reset(std::int32_t side) {

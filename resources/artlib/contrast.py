@@ -4,7 +4,7 @@ import pathlib
 from typing import NamedTuple, Optional
 
 from artlib.definition import KEY_COLOUR, read_definition
-from artlib.painter import EQUAL_VALUE, GREY_OF_BLUE, GREY_OF_GREEN, OWN_COLOURS, mixed, recoloured
+from artlib.icontreatment import EQUAL_VALUE, GREY_OF_BLUE, GREY_OF_GREEN, OWN_COLOURS, mixed, recoloured
 from artlib.pixels import load_bmp24, load_png
 
 LOOKS = {0: "normal", 1: "hover", 2: "active"}

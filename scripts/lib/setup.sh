@@ -10,7 +10,9 @@ UserLocale=${LC_ALL-unset}
 export LC_ALL=C.UTF-8
 
 source "$Root/scripts/lib/say.sh"
+source "$Root/scripts/lib/usage.sh"
 source "$Root/scripts/lib/lock.sh"
 source "$Root/scripts/lib/packages.sh"
 source "$Root/scripts/lib/build.sh"
 source "$Root/scripts/lib/wine.sh"
+source "$Root/scripts/lib/programs.sh"

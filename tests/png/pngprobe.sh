@@ -104,11 +104,11 @@ pictures() {
 
 failures() {
     probe cut.png
-    check "a file cut short" no_picture "error number: 3"
+    check "a file cut short" no_picture "error number: 3 (a chunk reaches beyond the end of the file)"
     probe text.png --rgba out.raw
-    check "no PNG" no_picture "error number: 1"
+    check "no PNG" no_picture "error number: 1 (no PNG signature)"
     probe --over 123456 out.raw empty.png
-    check "no image data" no_picture "error number: 4"
+    check "no image data" no_picture "error number: 4 (no image data)"
     probe missing.png
     check "a missing file" failed "run-time error 53"
     probe nowhere/missing.png
@@ -144,11 +144,22 @@ good.png --over 000000 --style x out.raw
 good.png --style 3
 good.png --rgba out.raw --style 3
 good.png --bgra out.raw
---help
+--help good.png
+good.png -h cut.png
 LINES
 }
 
+helps() { [[ $Status == 0 && -z $Errors && $Output == "usage: pngprobe FILE"* ]]; }
+
+help() {
+    probe --help
+    check "--help" helps
+    probe -h
+    check "-h" helps
+}
+
 make_pictures
+help
 descriptions
 pictures
 failures

@@ -16,6 +16,30 @@ test_help_is_no_failure() {
     expect_contains "$Output" 'usage: ./test'
 }
 
+commands() {
+    find "$Root" "$Root"/{docs,bench,resources,tools} -maxdepth 1 -type f -executable
+}
+
+# Those that refuse by themselves: it takes a build to hear what a program says.
+scripts() { grep -LE '^run_(native|windows)_tool ' $(commands); }
+
+test_every_command_helps() {
+    local command
+    for command in $(commands); do
+        command_line 0 timeout 20 "$command" --help
+        expect_contains "${Output,,}" usage:
+        expect_contains "$Output" "${command##*/}"
+    done
+}
+
+test_every_script_refuses_what_it_does_not_know() {
+    local script
+    for script in $(scripts); do
+        command_line 2 timeout 20 "$script" --bogus
+        expect_contains "${Output,,}" usage:
+    done
+}
+
 test_an_unknown_argument_shows_the_usage() {
     command_line 2 "$Root/demo" --bogus
     expect_contains "$Output" 'unknown argument: --bogus'

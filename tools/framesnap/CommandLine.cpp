@@ -120,28 +120,9 @@ void AddSettings(const std::wstring& path, std::vector<Step>& steps) {
 
 } // namespace
 
-const char* const UsageText =
-    "usage: framesnap [--control PATH] [--design] STEP...     for example:\n"
-    "       framesnap --set BarWidth=60 --set TabCount=3 --press 90,10 --out tabs.png\n"
-    "Puts the control on a form, carries the steps out in their order and prints events as they come.\n"
-    "  --size WxH           sizes the control (480x320)\n"
-    "  --load FILE          opens the form again, with the properties of a saved control\n"
-    "  --save FILE          saves the control's properties\n"
-    "  --set Name=Value     sets a property; constants by name, colours also as #RRGGBB, True and False,\n"
-    "                       Font=NAME,SIZE[,bold][,italic][,underline][,strikethrough], Picture=FILE\n"
-    "  --settings FILE      sets the properties that a skin's SETTINGS.TXT lists, one Name = Value a line\n"
-    "  --do \"Member args\"   calls a method or reads a property and prints what it returns\n"
-    "  --pointer X,Y        moves the pointer\n"
-    "  --press X,Y          moves the pointer and presses the left button; the next step but --out lets it "
-    "go\n"
-    "  --key N              presses a key: 37 is the left arrow, 39 the right one\n"
-    "  --wheel N            turns the wheel by N notches, positive away from the user\n"
-    "  --out FILE.png       writes a picture of what the control's window shows now\n"
-    "  --design             the form is being designed (UserMode False)\n"
-    "  @FILE                takes arguments from a UTF-8 file, one a line\n"
-    "  --control PATH       the control's file; without it the one beside this program or in its build tree\n"
-    "The members of the control stand in docs/reference.md; case does not matter.\n"
-    "Exit code: 0 done, 1 something failed, 2 a command line that asks for what there is not.\n";
+const char* const UsageText = {
+#include "Usage.txt"
+};
 
 std::vector<std::wstring> SplitWords(const std::wstring& text) {
     std::vector<std::wstring> words;

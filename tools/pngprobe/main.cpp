@@ -21,13 +21,9 @@ constexpr int PictureCameOut = 0;
 constexpr int NoPicture = 1;
 constexpr int WrongUsage = 2;
 
-constexpr char Usage[] =
-    "usage: pngprobe FILE\n"
-    "       pngprobe FILE --rgba OUT                     the decoded picture as raw RGBA, top row first\n"
-    "       pngprobe FILE --over RRGGBB [--style N] OUT  mixed with a plain colour, as raw RGB, top row "
-    "first\n"
-    "FILE may stand behind the options as well.\n"
-    "Exit code 0 when a picture came out, 1 when not, 2 for wrong usage.\n";
+constexpr char Usage[] = {
+#include "Usage.txt"
+};
 
 class PlainColour final : public BackgroundSource {
 public:
@@ -66,13 +62,22 @@ std::string Printable(const std::u16string& text) {
     return shown;
 }
 
+const char* InWords(std::int32_t errorNumber) noexcept {
+    switch (errorNumber) {
+    case PngReader::NoPngSignature: return " (no PNG signature)";
+    case PngReader::ChunkBeyondEnd: return " (a chunk reaches beyond the end of the file)";
+    case PngReader::NoImageData: return " (no image data)";
+    default: return "";
+    }
+}
+
 void Print(const PngReader& reader) {
     const PngContents& png = reader.Contents();
     std::printf("size: %d x %d\n", png.Header.Width, png.Header.Height);
     std::printf("depth: %d\n", png.Header.BitDepth);
     std::printf("colour type: %d\n", png.Header.ColourType);
     std::printf("interlace: %d\n", png.Header.Interlace);
-    std::printf("error number: %d\n", reader.ErrorNumber());
+    std::printf("error number: %d%s\n", reader.ErrorNumber(), InWords(reader.ErrorNumber()));
     std::printf("text: %s\n", Printable(png.Text).c_str());
     std::printf("zText: %s\n", Printable(png.CompressedText).c_str());
     std::printf("time: %s\n", Printable(png.ModificationTime).c_str());
@@ -117,7 +122,15 @@ int Probe(const Options& options) {
     return NoPicture;
 }
 
+bool AsksForHelp(const std::vector<std::u16string>& arguments) {
+    return arguments.size() == 1 && (arguments[0] == u"--help" || arguments[0] == u"-h");
+}
+
 int Run(const std::vector<std::u16string>& arguments) try {
+    if (AsksForHelp(arguments)) {
+        std::fputs(Usage, stdout);
+        return PictureCameOut;
+    }
     const auto options = ParseCommandLine(arguments);
     if (options) return Probe(*options);
     std::fputs(Usage, stderr);
