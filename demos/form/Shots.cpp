@@ -36,9 +36,7 @@ public:
             for (const Named& placement : Placements) {
                 for (const Named& border : Borders) {
                     demo_.ShowSide(side.Value);
-                    ShiftStart(60);
-                    Put(demo_.Control(), L"TabBarPos", placement.Value);
-                    ShiftStart(0);
+                    Place(placement.Value);
                     Put(demo_.Control(), L"TabBorder", border.Value != 0);
                     Take(std::wstring(side.Name) + L"-" + placement.Name + L"-" + border.Name);
                 }
@@ -46,8 +44,15 @@ public:
         }
     }
 
-    // A row at its start, with all bars so far from the corner; a custom place keeps that, every other one does not.
-    void ShiftStart(std::int16_t pixels) {
+    // A custom row stays where the layout before it stood: here 60 pixels behind the start.
+    void Place(std::int32_t placement) {
+        Put(demo_.Control(), L"TabBarPos", std::int32_t{0});
+        Shift(60);
+        Put(demo_.Control(), L"TabBarPos", placement);
+        Shift(0);
+    }
+
+    void Shift(std::int16_t pixels) {
         Put(demo_.Control(), L"TabBarPosXJust", pixels);
         Put(demo_.Control(), L"TabBarPosYJust", pixels);
     }

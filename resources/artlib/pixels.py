@@ -34,11 +34,6 @@ class Picture:
         part.rows = [row[left:left + width] for row in self.rows[top:top + height]]
         return part
 
-    def enlarged(self, factor):
-        larger = Picture(self.width * factor, self.height * factor)
-        larger.rows = [[pixel for pixel in row for _ in range(factor)] for row in self.rows for _ in range(factor)]
-        return larger
-
 
 def render_svg(source):
     """The drawing, a file or its text, at its own size, one unit a pixel."""

@@ -22,6 +22,16 @@ same_control() {
     same a.png b.png
 }
 
+# The first bars of a row that stands at its start, and as far behind that as the custom one.
+declare -A Row=([top]=400x22+18+12 [bottom]=400x22+18+586 [left]=22x400+12+18 [right]=22x400+726+18)
+declare -A LaterRow=([top]=400x22+78+12 [bottom]=400x22+78+586 [left]=22x400+12+78 [right]=22x400+726+78)
+
+same_row() {
+    convert "$3" -crop "$1" +repage a.png
+    convert "$4" -crop "$2" +repage b.png
+    shows_something a.png && same a.png b.png
+}
+
 # How many pixels of the strip differ from its own most frequent colour: captions and edges, or nothing.
 detail_of() {
     local all most
@@ -54,8 +64,8 @@ for side in top bottom left right; do
         check "$side-$placement differs from the start" differ "shots/$side-start-shared.png" \
             "shots/$side-$placement-shared.png"
     done
-    check "$side-custom keeps the place of the middle" same_control "shots/$side-middle-edged.png" \
-        "shots/$side-custom-edged.png"
+    check "$side-custom stands 60 pixels behind the start" same_row "${Row[$side]}" "${LaterRow[$side]}" \
+        "shots/$side-start-edged.png" "shots/$side-custom-edged.png"
     check "$side shows icons and close buttons" differ "shots/$side-start-shared.png" "shots/looks-$side.png"
     check "$side shows many tabs" differ "shots/looks-$side.png" "shots/many-$side.png"
 done
