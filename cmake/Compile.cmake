@@ -15,6 +15,11 @@ if(WIN32)
   endif()
 endif()
 
+# The same files wherever the checkout lies.
+if(VANTIK_DEBUG_FILES)
+  add_compile_options(-g -ffile-prefix-map=${PROJECT_SOURCE_DIR}=${PROJECT_NAME})
+endif()
+
 if(VANTIK_SANITIZE)
   # The sanitizers' own code misleads the compiler's flow warnings; every other build has them as errors.
   add_compile_options(-Wno-error)

@@ -14,7 +14,6 @@ namespace vantik {
 
 inline constexpr wchar_t ProgId[] = L"VantikFrameTabProject.VantikFrameTab";
 inline constexpr wchar_t ControlTitle[] = L"Vantik Frame Tab control";
-inline constexpr WORD LibraryMajorVersion = 1, LibraryMinorVersion = 0;
 
 inline constexpr DWORD MiscStatus = OLEMISC_SIMPLEFRAME | OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_INSIDEOUT |
                                     OLEMISC_SETCLIENTSITEFIRST | OLEMISC_RECOMPOSEONRESIZE |

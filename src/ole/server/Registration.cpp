@@ -1,5 +1,6 @@
 #include "ole/server/Registration.h"
 
+#include <ProductVersion.h>
 #include <comcat.h>
 
 #include "base/Text.h"
@@ -40,7 +41,7 @@ std::wstring ModuleFile() {
 
 std::wstring ClassKey() { return L"CLSID\\" + TextOf(CLSID_VantikFrameTab); }
 
-std::wstring LibraryVersion() { return TextOf(LibraryMajorVersion) + L"." + TextOf(LibraryMinorVersion); }
+std::wstring LibraryVersion() { return TextOf(PRODUCT_MAJOR) + L"." + TextOf(PRODUCT_MINOR); }
 
 void RegisterProgId() {
     const RegistryKey progId(HKEY_CLASSES_ROOT, ProgId);
@@ -90,8 +91,8 @@ std::wstring LibraryKey() {
 HRESULT UnregisterLibrary() {
     if (!RegistryKey::Exists(HKEY_CLASSES_ROOT, LibraryKey())) return S_OK;
     if (!OtherBitnessIsRegistered())
-        return UnRegisterTypeLib(LIBID_VantikFrameTabProject, LibraryMajorVersion, LibraryMinorVersion,
-                                 LOCALE_NEUTRAL, sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
+        return UnRegisterTypeLib(LIBID_VantikFrameTabProject, PRODUCT_MAJOR, PRODUCT_MINOR, LOCALE_NEUTRAL,
+                                 sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
     RegistryKey::Delete(HKEY_CLASSES_ROOT, LibraryKey());
     return S_OK;
 }

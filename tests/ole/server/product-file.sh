@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The built product as a file: it imports only what every Windows has, exports what a control has to, and its manifest
-# says what is built. Prints "N passed, N failed" at the end.
+# The built product as a file: it imports only what every Windows has, exports what a control has to, says which version
+# it is, and its manifest says what is built. Prints "N passed, N failed" at the end.
 set -uo pipefail
 
 Product=$BUILD/src/ole/VantikFrameTab.ocx
@@ -62,6 +62,33 @@ check 'the class of the manifest is the library'"'"'s' \
     "$(grep -o 'clsid="{[0-9A-F-]*}"' "$Manifest")" "clsid=\"{$(identifier 7)}\""
 check 'the library of the manifest is the one that is built' \
     "$(grep -o 'tlbid="{[0-9A-F-]*}"' "$Manifest" | sort -u)" "tlbid=\"{$(identifier 1)}\""
+
+# One version, whoever is asked: the project states it.
+version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' "$ROOT/CMakeLists.txt")
+resource=$(x86_64-w64-mingw32-windres -J coff -O rc "$Product" | iconv -c -f ASCII)
+stated() { sed -n "s/^ *VALUE \"$1\", \"\(.*\)\"$/\1/p" <<<"$resource"; }
+check 'version in numbers' "$(sed -n 's/^ *\(FILE\|PRODUCT\)VERSION \(.*\)/\2/p' <<<"$resource" | sort -u)" "${version//./, }, 0"
+check 'version of the file' "$(stated FileVersion)" "$version.0"
+check 'version of the product' "$(stated ProductVersion)" "$version.0"
+check 'name of the product' "$(stated ProductName)" VantikFrameTab
+check 'copyright and licence' "$(stated LegalCopyright)" \
+    "$(sed -n 3p "$ROOT/LICENSE"). $(head -n 1 "$ROOT/LICENSE")."
+library=$(od -An -tu2 -j 24 -N 4 "$BUILD/idl/VantikFrameTab.tlb" | xargs)
+check 'version of the type library' "${library/ /.}" "${version%.*}"
+check 'version of the manifest' "$(grep -o '<assemblyIdentity [^>]*' "$Manifest" | grep -o ' version="[^"]*"')" \
+    " version=\"$version.0\""
+check 'version of the library in the manifest' "$(grep -o '<typelib [^>]*' "$Manifest" | grep -o ' version="[^"]*"')" \
+    " version=\"${version%.*}\""
+check 'the newest version in the list of changes' \
+    "$(sed -n 's/^## \([0-9.]*\).*/\1/p' "$ROOT/CHANGELOG.md" | head -n 1)" "$version"
+
+# The same bytes on every day, on every machine.
+number_at() { od -An -tu4 -j "$1" -N 4 "$Product" | xargs; }
+check 'time in the header' "$(number_at "$(($(number_at 60) + 8))")" 0
+check 'files that name a path of this machine' \
+    "$(grep -alF "$ROOT" "$Product" "$BUILD/idl/include/VantikFrameTabProject.h" "$BUILD/idl/VantikFrameTab.tlb")" ''
+check 'when the library was made' "$(grep -ao 'Created by WIDL.*' "$BUILD/idl/VantikFrameTab.tlb" | grep -o ' at .*')" \
+    ' at Thu Jan  1 00:00:00 1970'
 
 printf '%s passed, %s failed\n' "$Passed" "$Failed"
 [[ $Failed == 0 ]]
