@@ -139,11 +139,6 @@ bool HoldsPixels(const Bitmap& bitmap) noexcept {
     return HoldsRuns(bitmap.Pixels.first(static_cast<std::size_t>(bitmap.ImageSize)), bitmap.Bits);
 }
 
-bool IsWholeBitmap(File file) noexcept {
-    const std::optional<Bitmap> bitmap = ReadBitmap(file);
-    return bitmap && HasKnownFormat(*bitmap) && HoldsPixels(*bitmap);
-}
-
 // The loader knows these by their beginnings alone.
 constexpr std::string_view PlainFormats[] = {"GIF8", "\xFF\xD8", std::string_view("\1\0\0\0", 4)};
 
@@ -165,8 +160,15 @@ bool BeginsWithOneOf(File file, std::span<const std::string_view> formats) noexc
 
 } // namespace
 
+std::optional<BitmapFormat> FormatOfBitmap(std::span<const std::uint8_t> file) noexcept {
+    const std::optional<Bitmap> bitmap = Begins(file, "BM") ? ReadBitmap(file) : std::nullopt;
+    if (!bitmap || !HasKnownFormat(*bitmap) || !HoldsPixels(*bitmap)) return std::nullopt;
+    const auto fitting = [](std::int64_t number) { return static_cast<std::int32_t>(number); };
+    return BitmapFormat{fitting(bitmap->Width), fitting(bitmap->Height), fitting(bitmap->Bits)};
+}
+
 bool IsWholePicture(std::span<const std::uint8_t> file) noexcept {
-    if (Begins(file, "BM")) return IsWholeBitmap(file);
+    if (Begins(file, "BM")) return FormatOfBitmap(file).has_value();
     return BeginsWithOneOf(file, PlainFormats) ||
            (BeginsWithOneOf(file, OtherFormats) && !HasLengthOfHeader(file));
 }

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Checked.h"
 #include "base/Numbers.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
-#include "model/Skin.h"
 
 namespace vantik {
 
@@ -144,6 +144,17 @@ const DefinitionLine* DefinitionText::EntryOf(std::int32_t rect) const noexcept 
     const auto entry = std::find_if(lines_.rbegin(), lines_.rend(),
                                     [&](const DefinitionLine& each) { return each.Rect == rect; });
     return entry == lines_.rend() ? nullptr : &*entry;
+}
+
+std::optional<SkinRect> DefinitionText::RectOf(const DefinitionLine& entry) const try {
+    if (entry.Numbers.size() < 4) return std::nullopt;
+    const auto number = [&](std::size_t which) { return ToInteger32(DecodeAnsi(At(entry.Numbers[which]))); };
+    SkinRect rect = {.Left = number(0), .Top = number(2), .Right = number(1), .Bottom = number(3)};
+    rect.Width = Checked(rect.Right) - rect.Left + 1;
+    rect.Height = Checked(rect.Bottom) - rect.Top + 1;
+    return rect;
+} catch (const RunTimeError&) {
+    return std::nullopt;
 }
 
 void DefinitionText::Replace(Span span, std::string_view by) {

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "model/Skin.h"
+
 namespace vantik {
 
 // Bytes of the text.
@@ -72,6 +74,9 @@ public:
 
     // The entry that is in force for a rectangle, which is the last one; null without one.
     const DefinitionLine* EntryOf(std::int32_t rect) const noexcept;
+
+    // What the four numbers of an entry say; nothing when they are not all there, or too large.
+    std::optional<SkinRect> RectOf(const DefinitionLine& entry) const;
 
     void Replace(Span span, std::string_view by);
 

@@ -59,6 +59,8 @@ std::string MeantKey(std::u16string_view key) {
 
 std::string MeantIn(const DefinitionText& text, const DefinitionLine& line) {
     const std::u16string key = DecodeAnsi(text.At(line.Key));
+    if (text.At({line.Key.Begin, line.Value.End}).find('\t') != std::string_view::npos)
+        return "spaces in place of tabs, which are not taken off";
     if (key.starts_with(u';') || key.starts_with(u'#')) return "a comment, which begins with //";
     return line.Rect ? std::string() : MeantKey(key);
 }

@@ -13,7 +13,7 @@ namespace vantik {
 class Report {
 public:
     struct Words {
-        std::string What, Effect, Meant;
+        std::string What, Effect = {}, Meant = {};
     };
 
     Report(std::string file, const DefinitionText& text) : file_(std::move(file)), text_(text) {}

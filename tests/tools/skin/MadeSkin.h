@@ -1,9 +1,8 @@
 // A skin that a test makes up: no file of it is on a disk.
 #pragma once
 
-#include <map>
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include "base/Text.h"
 #include "tools/skin/SkinSource.h"
@@ -16,6 +15,11 @@ public:
 
     MadeSkin& With(std::u16string name, std::vector<std::uint8_t> bytes) {
         files_.push_back({std::move(name), true, std::move(bytes)});
+        return *this;
+    }
+
+    MadeSkin& WithLocked(std::u16string name) {
+        files_.push_back({std::move(name), false, {}});
         return *this;
     }
 

@@ -1,0 +1,131 @@
+#include "tools/skin/IconFaults.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+#include "base/FilePath.h"
+#include "base/Text.h"
+#include "tools/skin/NamedFile.h"
+#include "tools/skin/PngCheck.h"
+#include "tools/skin/Suggestion.h"
+#include "tools/skin/Words.h"
+
+namespace vantik {
+
+namespace {
+
+struct Role {
+    std::u16string_view Key;
+    const char* EffectOfMissing;
+};
+
+constexpr const char* PreviousAndNext =
+    "The control shows no such button beside the row; whoever scrolls needs the keyboard or the wheel.";
+
+constexpr Role Roles[] = {
+    {u"DELETEBUTTON", "The control shows no close buttons."},
+    {u"LEFTBUTTON", PreviousAndNext},
+    {u"RIGHTBUTTON", PreviousAndNext},
+    {u"MENUBAR", "The control shows the first icon of the list as the menu button."},
+};
+
+constexpr std::int32_t LargestIcon = 20; // pixels of a tab icon that are drawn
+
+bool IsIcon(const DefinitionLine& line) {
+    return line.Kind == LineKind::Entry && line.Section == SectionKind::Icon;
+}
+
+const Role* RoleOf(std::u16string_view key) {
+    const auto role =
+        std::find_if(std::begin(Roles), std::end(Roles), [&](auto& each) { return each.Key == key; });
+    return role == std::end(Roles) ? nullptr : role;
+}
+
+bool IsGiven(const DefinitionText& text, const Role& role) {
+    return std::any_of(text.Lines().begin(), text.Lines().end(), [&](const DefinitionLine& each) {
+        return IsIcon(each) && text.Upper(each.Key) == role.Key;
+    });
+}
+
+// A key that is nearly a role, which is not given otherwise; null for the names of tab icons.
+const Role* RoleMeantBy(const DefinitionText& text, const DefinitionLine& line) {
+    const std::u16string key = text.Upper(line.Key);
+    if (RoleOf(key)) return nullptr;
+    for (const Role& role : Roles)
+        if (!IsGiven(text, role) && !Nearest(key, {&role.Key, 1}).empty()) return &role;
+    return nullptr;
+}
+
+bool IsMeantByAnyLine(const DefinitionText& text, const Role& role) {
+    return std::any_of(text.Lines().begin(), text.Lines().end(), [&](const DefinitionLine& each) {
+        return IsIcon(each) && RoleMeantBy(text, each) == &role;
+    });
+}
+
+void ReportRoleless(const DefinitionText& text, const DefinitionLine& line, const Role& meant,
+                    Report& report) {
+    const bool hasBlank = text.At(line.Key).ends_with(' ');
+    report.Error(line.Key.Begin, {.What = Quote(text.At(line.Key)) + " is the name of a tab icon" +
+                                          (hasBlank ? ", for the blank before the colon belongs to it" : ""),
+                                  .Effect = meant.EffectOfMissing,
+                                  .Meant = ToUtf8(meant.Key)});
+}
+
+void ReportMissingRoles(const DefinitionText& text, Report& report) {
+    const auto section =
+        std::find_if(text.Lines().begin(), text.Lines().end(), [](const DefinitionLine& each) {
+            return each.Kind == LineKind::Section && each.Section == SectionKind::Icon;
+        });
+    if (section == text.Lines().end()) return;
+    for (const Role& role : Roles)
+        if (!IsGiven(text, role) && !IsMeantByAnyLine(text, role))
+            report.Warn(section->Content.Begin,
+                        {.What = "there is no icon " + ToUtf8(role.Key), .Effect = role.EffectOfMissing});
+}
+
+// --- the files
+
+std::string EffectOfNoPicture(bool isRole) {
+    if (!isRole) return "The control leaves the icon's place empty.";
+    return "The control leaves the button's place empty, as large as the picture that it read before.";
+}
+
+void ReportLarge(const DefinitionLine& line, const CheckedPng& png, Report& report) {
+    if (png.Width <= LargestIcon && png.Height <= LargestIcon) return;
+    report.Warn(line.Value.Begin, {.What = "the icon has " + std::to_string(png.Width) + " x " +
+                                           std::to_string(png.Height) + " pixels",
+                                   .Effect = "The control draws the first 20 x 20 pixels of it.",
+                                   .Meant = "an icon of 20 x 20 pixels at most"});
+}
+
+std::string EffectOfTrouble(const CheckedPng& png, bool isRole) {
+    if (!isRole || !png.SizeError) return EffectOfNoPicture(isRole);
+    return RaisedError(*png.SizeError) + " and reads no further; no bitmap is loaded.";
+}
+
+void ReportIcon(const DefinitionText& text, const DefinitionLine& line, const SkinSource& source,
+                Report& report) {
+    const bool isRole = RoleOf(text.Upper(line.Key));
+    if (const Role* const meant = RoleMeantBy(text, line)) ReportRoleless(text, line, *meant, report);
+    const auto file = FindNamedFile(text, line, source, EffectOfNoPicture(isRole), report);
+    if (!file) return;
+    const CheckedPng png = CheckPng(file->Bytes);
+    if (!png.Trouble.empty())
+        report.Error(line.Value.Begin,
+                     {.What = "nothing can be drawn of " + Quote(text.At(line.Value)) + ": " + png.Trouble,
+                      .Effect = EffectOfTrouble(png, isRole)});
+    else if (!isRole)
+        ReportLarge(line, png, report);
+}
+
+} // namespace
+
+void ReportIcons(const DefinitionText& text, const SkinSource& source, Report& report) {
+    ReportMissingRoles(text, report);
+    for (const DefinitionLine& line : text.Lines())
+        if (IsIcon(line)) ReportIcon(text, line, source, report);
+}
+
+} // namespace vantik
