@@ -21,14 +21,14 @@ struct Role {
     const char* EffectOfMissing;
 };
 
-constexpr const char* PreviousAndNext =
-    "The control shows no such button beside the row; whoever scrolls needs the keyboard or the wheel.";
-
 constexpr Role Roles[] = {
-    {u"DELETEBUTTON", "The control shows no close buttons."},
-    {u"LEFTBUTTON", PreviousAndNext},
-    {u"RIGHTBUTTON", PreviousAndNext},
-    {u"MENUBAR", "The control shows the first icon of the list as the menu button."},
+    {u"DELETEBUTTON", "The control keeps the close button of an earlier skin; at first bars have none."},
+    {u"LEFTBUTTON",
+     "The control keeps that of an earlier skin; at first no such button stands beside the row."},
+    {u"RIGHTBUTTON",
+     "The control keeps that of an earlier skin; at first no such button stands beside the row."},
+    {u"MENUBAR",
+     "The control keeps that of an earlier skin; at first the first icon of the list is the menu button."},
 };
 
 constexpr std::int32_t LargestIcon = 20; // pixels of a tab icon that are drawn

@@ -16,13 +16,9 @@ constexpr int NoErrors = 0;
 constexpr int Errors = 1;
 constexpr int WrongUsage = 2;
 
-constexpr char Usage[] =
-    "usage: skincheck [--json] SKIN.INI...\n"
-    "Prints every fault of skins, \"SKIN.INI:LINE:COLUMN: error: what; did you mean ...?\", and below it "
-    "what the\n"
-    "control does. Columns count bytes.\n"
-    "  --json   prints an array of objects instead: severity, file, line, column, what, meant, effect\n"
-    "Exit code: 0 no errors (there may be warnings), 1 errors, 2 wrong usage.\n";
+constexpr char Usage[] = {
+#include "Usage.txt"
+};
 
 std::vector<Fault> Check(const std::filesystem::path& definition) {
     const FolderSource source(definition);
