@@ -1,11 +1,16 @@
-#!/usr/bin/env python3
-"""The reference against the type library's source and the property table, and the hosting guide against the manifest.
-Last line: "N passed, N failed"."""
+#!/usr/bin/env -S python3 -B
+"""The documents: the reference against what it is made of, the hosting guide against the manifest, and links.
+
+usage: tests/docs/check_docs.py         The last line is "N passed, N failed".
+"""
 
 import os
 import pathlib
 import re
+import shutil
+import subprocess
 import sys
+import tempfile
 
 ROOT = pathlib.Path(os.environ.get("ROOT") or pathlib.Path(__file__).resolve().parents[2])
 passed = failed = 0
@@ -24,97 +29,114 @@ def check(what, found, expected):
     print(f"FAILED: {what}\n  found:    {found}\n  expected: {expected}")
 
 
-def section(text, heading):
-    return re.search(rf"^## {heading}$(.*?)(?=^## |\Z)", text, re.M | re.S).group(1)
+# The reference.
 
 
-def rows(text):
-    """The cells of a table's rows, the heading left out."""
-    lines = [line for line in text.splitlines() if line.startswith("|")]
-    return [[cell.strip() for cell in line.strip("|").split("|")] for line in lines[2:]]
+def make_reference(root):
+    """What the check of a checkout says; nothing where the page is up to date."""
+    done = subprocess.run([ROOT / "docs/make-reference", "--check", "--root", root], capture_output=True, text=True)
+    return done.stderr.strip() if done.returncode else ""
 
 
-def quoted(cell):
-    return re.findall(r"`([^`]+)`", cell)
+SOURCES = ("docs/reference.md", "idl", "src/model/Properties.h", "src/model/Properties.cpp")
 
 
-# What the type library declares.
-
-IDL = re.sub(r"//.*", "", read("idl/VantikFrameTab.idl"))
-MEMBER = re.compile(r"\[id\((\w+)\)(.*?)\]\s*(?:HRESULT|void)\s+(\w+)\((.*?)\);", re.S)
-ARGUMENT = re.compile(r"\[([^\]]*)\]\s*([\w*]+)\s+(\w+)")
-
-
-def members(text):
-    return [(m[1], m[2], m[3], ARGUMENT.findall(m[4])) for m in MEMBER.finditer(text)]
+def copy_of_sources(folder):
+    for path in SOURCES:
+        target = folder / path
+        target.parent.mkdir(parents=True, exist_ok=True)
+        (shutil.copytree if (ROOT / path).is_dir() else shutil.copy)(ROOT / path, target)
 
 
-interface, events = re.search(r"interface _VantikFrameTab(.*?)dispinterface __VantikFrameTab(.*?)coclass", IDL, re.S).groups()
+def check_complaint(what, path, old, new, complaint):
+    """What is said of the reference with one thing changed in what it is made of."""
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        copy_of_sources(folder)
+        text = (folder / path).read_text(encoding="utf-8")
+        check(f"{what}: the text to change is there", old in text, True)
+        (folder / path).write_text(text.replace(old, new, 1), encoding="utf-8")
+        check(what, make_reference(folder).removeprefix("make-reference: "), complaint)
 
 
-def signature(name, arguments):
-    shown = [f"[{a}]" if "optional" in flags else a for flags, _, a in arguments if "retval" not in flags]
-    return f"{name}({', '.join(shown)})"
+OUTDATED = "docs/reference.md is not what idl/ says; run docs/make-reference"
 
 
-methods = [signature(name, arguments) for _, flags, name, arguments in members(interface)
-           if "prop" not in flags and name not in ("About", "zSubclass_Proc")]
-types = {name: arguments[0][1] for _, flags, name, arguments in members(interface) if "propput" in flags}
-TYPE_NAMES = {"short": "16-bit", "long": "32-bit", "BSTR": "string", "VARIANT_BOOL": "boolean", "OLE_COLOR": "colour",
-              "IFontDisp*": "font", "IPictureDisp*": "picture"}
-enumerations = {m[1]: re.findall(r"(\w+) = (\d)", m[2]) for m in re.finditer(r"typedef enum (\w+) \{(.*?)\}", IDL)}
+def check_complaints():
+    check_complaint("a member that is described twice", "idl/reference/tabs.md", "## RemoveTab\n", "## InsertTab\n",
+                    "InsertTab is described twice")
+    check_complaint("a member that is not described", "idl/VantikFrameTab.idl", " FrameDist(", " FrameGap(",
+                    "the member FrameGap is described 0 times in idl/reference")
+    check_complaint("an event that there is not", "idl/reference/events.md", "## TabMove\n", "## TabMoves\n",
+                    "the event TabMove is described 0 times in idl/reference")
+    check_complaint("an argument that is not described", "idl/reference/tabs.md", "- argument AfterIndex", "- argument After",
+                    "InsertTab says nothing of: argument AfterIndex")
+    check_complaint("a quantity without unit", "idl/reference/properties.md", "- unit: pixels\n", "",
+                    "BarWidth says nothing of: unit")
+    check_complaint("an example that is missing", "idl/reference/properties.md", "- example: `tabs.TabPos = 0`\n", "",
+                    "TabPos says nothing of: example")
+    check_complaint("an event's handler with other arguments", "idl/reference/events.md", "_TabMove(Index", "_TabMove(Tab",
+                    "TabMove has no example that begins with: "
+                    "Private Sub VantikFrameTab1_TabMove(Index As Integer)")
+    check_complaint("errors of a group that there is not", "idl/reference/tabs.md", "- errors of: A full repaint",
+                    "- errors of: A repaint", "TabCount names errors that are not described: A repaint")
+    check_complaint("an effect beside the table's", "idl/reference/properties.md", "- example: `tabs.TabPos = 0`",
+                    "- effect: none\n- example: `tabs.TabPos = 0`", "TabPos says what nobody asks: effect")
+    check_complaint("another type", "idl/VantikFrameTab.idl", "BarWidth([in] short", "BarWidth([in] long", OUTDATED)
+    check_complaint("another default", "src/model/Properties.h", "BarWidth = 20", "BarWidth = 21", OUTDATED)
+    check_complaint("another effect", "src/model/Properties.cpp", 'u"BarWidth", Integer16, RepaintAll',
+                    'u"BarWidth", Integer16, RedrawBars', OUTDATED)
+    check_complaint("another page", "docs/reference.md", "Shift of icons", "Shifts icons", OUTDATED)
 
-# What the property table sets at first; objects have no field there.
 
-defaults = {name: value for name, value in re.findall(
-    r"^    (?:std::\w+|Boolean) (\w+)(?: = (.+?))?;$", read("src/model/Properties.h"), re.M)}
+# Links within the checkout, to files and to headings.
 
-
-def default_text(name):
-    value = defaults[name]
-    text = re.fullmatch(r'u"(.*)"', value)
-    if text:
-        return '"' + text[1].replace("\\\\", "\\") + '"'
-    return value or '""'
+FENCE = re.compile(r"^```.*?^```$", re.M | re.S)
 
 
-reference = read("docs/reference.md")
+def anchors(path):
+    """As the sites that show Markdown name headings."""
+    for heading in re.findall(r"^#+ (.+)$", FENCE.sub("", read(path)), re.M):
+        yield re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-")
 
-# Methods and the two properties among them, in interface order.
-documented = [text for row in rows(section(reference, "Tabs")) for text in quoted(row[0])]
-check("tab operations", documented, ["TabCount", "ActiveTab"] + methods)
 
-# Properties: all of them, in interface order, with type and default.
-table = [(name, row) for row in rows(section(reference, "Properties")) for name in quoted(row[0])]
-check("properties", [name for name, _ in table], [name for name in types if name not in ("TabCount", "ActiveTab")])
-for name, row in table:
-    declared = types.get(name, "?")
-    check(f"type of {name}", row[1].strip("`"), TYPE_NAMES.get(declared, declared))
-    if declared in ("IFontDisp*", "IPictureDisp*"):
-        continue
-    shown = {"black": "0"}.get(row[2], row[2].strip("`"))
-    check(f"default of {name}", shown, default_text(name))
+def broken(page, target):
+    name, _, anchor = target.partition("#")
+    file = (page.parent / name).resolve() if name else page
+    if not file.exists():
+        return True
+    return bool(anchor) and anchor not in anchors(file.relative_to(ROOT))
 
-# Enumerations: the column is the value.
-for row in rows(section(reference, "Enumerations")):
-    name = quoted(row[0])[0]
-    found = [(constant, str(value)) for value, cell in enumerate(row[1:]) for constant in quoted(cell)]
-    check(f"enumeration {name}", found, enumerations.pop(name, None))
-check("enumerations that are not described", list(enumerations), [])
 
-# Events, by number.
-check("events", [(row[0], quoted(row[1])[0]) for row in rows(section(reference, "Events"))],
-      [(number, signature(name, arguments)) for number, _, name, arguments in members(events)])
-for name in ("About", "zSubclass_Proc"):
-    check(f"{name} is mentioned", f"`{name}`" in reference, True)
+def pages():
+    return sorted([*ROOT.glob("*.md"), *ROOT.glob("docs/*.md"), *ROOT.glob("samples/*/README.md")])
+
+
+def check_links():
+    for page in pages():
+        targets = re.findall(r"\]\(([^)\s]+)\)", FENCE.sub("", page.read_text(encoding="utf-8")))
+        check(f"links of {page.relative_to(ROOT)} that lead nowhere",
+              [target for target in targets if ":" not in target and broken(page, target)], [])
+
 
 # The guide's dependency names the assembly that the build describes, whatever the bitness.
-identity = re.compile(r"<assemblyIdentity([^>]*)/>")
-attributes = lambda text: dict(re.findall(r'(\w+)="([^"]*)"', identity.search(text)[1]))
-version = re.search(r"project\(\s*\w+\s+VERSION ([\d.]+)", read("CMakeLists.txt"))[1]
-manifest = attributes(read("src/ole/server/VantikFrameTab.manifest.in").replace("@PROJECT_VERSION@", version))
-manifest["processorArchitecture"] = "*"
-check("the guide's manifest", attributes(read("docs/hosting.md")), manifest)
 
-print(f"{passed} passed, {failed} failed")
-sys.exit(failed > 0)
+
+def attributes(text):
+    return dict(re.findall(r'(\w+)="([^"]*)"', re.search(r"<assemblyIdentity([^>]*)/>", text)[1]))
+
+
+def check_manifest():
+    version = re.search(r"project\(\s*\w+\s+VERSION ([\d.]+)", read("CMakeLists.txt"))[1]
+    manifest = attributes(read("src/ole/server/VantikFrameTab.manifest.in").replace("@PROJECT_VERSION@", version))
+    manifest["processorArchitecture"] = "*"
+    check("the guide's manifest", attributes(read("docs/hosting.md")), manifest)
+
+
+if __name__ == "__main__":
+    check("the reference", make_reference(ROOT), "")
+    check_complaints()
+    check_links()
+    check_manifest()
+    print(f"{passed} passed, {failed} failed")
+    sys.exit(failed > 0)

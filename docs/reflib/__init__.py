@@ -1,0 +1,1 @@
+"""What docs/make-reference is made of."""
