@@ -34,6 +34,7 @@ public:
     }
 
     HWND Window;
+    bool UnderDesign = false; // the site has IDispatch, and there the ambient UserMode
     RECT Place = {10, 20, 210, 120};
     std::vector<std::string> Calls; // in their order
     std::function<void(const std::string&)> During;
@@ -114,15 +115,16 @@ public:
         return S_OK;
     }
 
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+    STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                         UINT*) noexcept override {
+        if (UnderDesign && id == DISPID_AMBIENT_USERMODE) result->vt = VT_BOOL; // False
         return S_OK;
     }
 
 private:
     bool Offers(REFIID id) const noexcept override {
         if (id == IID_IOleInPlaceSite || id == IID_IOleWindow) return oddities_.InPlace;
-        if (id == IID_IDispatch) return oddities_.SaysNothing;
+        if (id == IID_IDispatch) return oddities_.SaysNothing || UnderDesign;
         if (id == IID_IOleControlSite) return oddities_.ControlSite;
         if (id == __uuidof(ISimpleFrameSite)) return oddities_.PreFilter != E_NOINTERFACE;
         return true;

@@ -90,9 +90,15 @@ void FocusCue::Focused(bool gained) noexcept {
 }
 
 // The system's own procedure knows whether the user sees cues, which no host has to be asked.
-RECT FocusCue::Place() const noexcept {
+bool FocusCue::IsWanted() const noexcept {
     const HWND window = control_.Place.Window();
-    if (!focused_ || !window || (DefWindowProcW(window, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS)) return {};
+    if (!window) return false;
+    if (!control_.Ambient.UserMode()) return control_.Engine.State().HasTab(control_.Engine.ActiveTab());
+    return focused_ && !(DefWindowProcW(window, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS);
+}
+
+RECT FocusCue::Place() const noexcept {
+    if (!IsWanted()) return {};
     try {
         const LayoutRect area = FocusedArea(control_.Engine.State());
         return IsEmpty(area) ? RECT{} : Inside(area);

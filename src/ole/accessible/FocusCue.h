@@ -1,5 +1,6 @@
 // What the user sees of the keyboard focus: a rectangle inside the active bar, inside the row while no active bar shows. It
-// is drawn over what the window shows, and is no part of the control's picture.
+// is drawn over what the window shows, and is no part of the control's picture. While the form is designed it marks the
+// tab that controls are dropped onto, wherever the focus is.
 #pragma once
 
 #include "ole/control/Control.h"
@@ -18,6 +19,7 @@ public:
     void Draw(HDC dc) const;
 
 private:
+    bool IsWanted() const noexcept;
     RECT Place() const noexcept; // empty where it does not show
 
     Control& control_;

@@ -19,10 +19,6 @@ inline constexpr DWORD MiscStatus = OLEMISC_SIMPLEFRAME | OLEMISC_ACTIVATEWHENVI
                                     OLEMISC_SETCLIENTSITEFIRST | OLEMISC_RECOMPOSEONRESIZE |
                                     OLEMISC_CANTLINKINSIDE;
 
-// The verb that shows the property pages, besides OLEIVERB_PROPERTIES.
-inline constexpr LONG VerbProperties = 1;
-inline constexpr wchar_t VerbPropertiesName[] = L"&Properties...";
-
 inline constexpr WORD ToolboxBitmapId = 101;
 
 // The member of the dual interface that shows the property. The tab operations stand between the first two properties

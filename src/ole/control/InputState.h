@@ -21,6 +21,11 @@ inline bool TakesInput(Control& control) {
     return control.Ambient.UserMode() && !control.Ambient.UIDead() && IsWithinReach(control.Place.Window());
 }
 
+// Whether the user of a form under design can mean the window.
+inline bool IsForDesigner(Control& control) {
+    return !control.Ambient.UserMode() && !control.Ambient.UIDead() && IsWithinReach(control.Place.Window());
+}
+
 enum Shift : std::int16_t { ShiftKey = 1, CtrlKey = 2, AltKey = 4 };
 
 inline std::int16_t ShiftState() noexcept {

@@ -20,7 +20,13 @@ STDMETHODIMP OleControlFace::OnMnemonic(LPMSG) noexcept { return S_OK; }
 STDMETHODIMP OleControlFace::OnAmbientPropertyChange(DISPID property) noexcept {
     control_.Ambient.Changed(property);
     if (property == DISPID_AMBIENT_FONT || property == DISPID_UNKNOWN) control_.Document.FollowAmbientFont();
+    if (property == DISPID_AMBIENT_USERMODE || property == DISPID_UNKNOWN) ShowDesignMark();
     return S_OK;
+}
+
+// The tab under design is marked when the window is painted next.
+void OleControlFace::ShowDesignMark() const noexcept {
+    if (const HWND window = control_.Place.Window()) InvalidateRect(window, nullptr, FALSE);
 }
 
 STDMETHODIMP OleControlFace::FreezeEvents(BOOL freeze) noexcept {

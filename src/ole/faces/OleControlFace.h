@@ -17,6 +17,8 @@ public:
     STDMETHODIMP FreezeEvents(BOOL freeze) noexcept override;
 
 private:
+    void ShowDesignMark() const noexcept;
+
     Control& control_;
 };
 

@@ -5,6 +5,7 @@
 #include "ole/com/TaskMemory.h"
 #include "ole/control/Control.h"
 #include "ole/faces/PropertyPages.h"
+#include "ole/faces/Verbs.h"
 #include "ole/window/Activation.h"
 
 namespace vantik {
@@ -14,21 +15,11 @@ namespace {
 struct VerbTraits {
     using Interface = IEnumOLEVERB;
     using Item = OLEVERB;
-    using Kept = OLEVERB;
+    using Kept = Verb;
     static void CopyOut(const Kept& kept, Item& item) {
-        OLEVERB copy = kept;
-        copy.lpszVerbName = TaskCopy(kept.lpszVerbName).release();
-        item = copy;
+        item = {kept.Number, TaskCopy(kept.Name).release(), 0, kept.Attributes};
     }
 };
-
-OLEVERB PropertiesVerb() noexcept {
-    OLEVERB verb = {};
-    verb.lVerb = VerbProperties;
-    verb.lpszVerbName = const_cast<wchar_t*>(VerbPropertiesName); // NOLINT: copied before it is given away
-    verb.grfAttribs = OLEVERBATTRIB_ONCONTAINERMENU;
-    return verb;
-}
 
 } // namespace
 
@@ -82,7 +73,11 @@ HRESULT OleObjectFace::Perform(LONG verb, HWND parent, LPCRECT position) {
     case OLEIVERB_DISCARDUNDOSTATE: return S_OK; // nothing is kept to be undone
     case OLEIVERB_SHOW: return Show();
     case OLEIVERB_INPLACEACTIVATE: return activation_.InPlaceActivate();
-    case OLEIVERB_PRIMARY:
+    case VerbNextTab: return ActivateNextTab(control_), S_OK;
+    case VerbPreviousTab: return ActivatePreviousTab(control_), S_OK;
+    case VerbAddTab: return AddTab(control_), S_OK;
+    case VerbAbout: return control_.Engine.About(), S_OK;
+    case VerbEdit: // the primary one: the user goes on with the control itself
     case OLEIVERB_OPEN:
     case OLEIVERB_UIACTIVATE: return activation_.UIActivate();
     default: break;
@@ -106,7 +101,9 @@ HRESULT OleObjectFace::Hide() {
 }
 
 STDMETHODIMP OleObjectFace::EnumVerbs(IEnumOLEVERB** verbs) noexcept {
-    return GuardAndTell([&] { return Enumerator<VerbTraits>::Create({PropertiesVerb()}, verbs); });
+    return GuardAndTell([&] {
+        return Enumerator<VerbTraits>::Create({Verbs().begin(), Verbs().end()}, verbs);
+    });
 }
 
 STDMETHODIMP OleObjectFace::Update() noexcept { return S_OK; }

@@ -8,6 +8,7 @@
 #include "ole/com/Identifiers.h"
 #include "ole/com/Module.h"
 #include "ole/com/RegistryKey.h"
+#include "ole/faces/Verbs.h"
 
 namespace vantik {
 
@@ -66,7 +67,9 @@ void RegisterClass() {
     control.Add(L"ToolboxBitmap32", ModuleFile() + L", " + TextOf(ToolboxBitmapId));
     control.Add(L"MiscStatus", L"0");
     control.Add(L"MiscStatus\\1", TextOf(MiscStatus)); // 1: the content aspect
-    control.Add(L"Verb\\" + TextOf(VerbProperties), std::wstring(VerbPropertiesName) + L",0,2");
+    for (const Verb& verb : Verbs())                   // 0: no flags of its menu item
+        control.Add(L"Verb\\" + TextOf(verb.Number),
+                    verb.Name + (L",0," + TextOf(static_cast<std::int32_t>(verb.Attributes))));
     for (const CATID& category : Categories) control.Add(L"Implemented Categories\\" + TextOf(category));
 }
 

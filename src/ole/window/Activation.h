@@ -23,6 +23,7 @@ public:
 
     HRESULT InPlaceActivate();
     HRESULT UIActivate(FocusOn wanted = FocusOn::Control);
+    bool IsUIActive() const noexcept { return uiActive_; }
     void UIDeactivate() noexcept;
     void InPlaceDeactivate() noexcept override;
 

@@ -116,7 +116,7 @@ void PointerInput::HoverLost() {
 }
 
 void PointerInput::Down(const Message& message, std::int16_t button) {
-    if (!TakesInput()) return;
+    if (!TakesInput()) return DownUnderDesign(message, button);
     activation_.Pressed();
     if (!TakesInput()) return;
     Capture(message.Window);
@@ -125,6 +125,18 @@ void PointerInput::Down(const Message& message, std::int16_t button) {
     const auto [x, y] = PositionOf(message, control_.Size.Screen());
     Guard([&] { control_.Engine.UserControl_MouseDown(button, ShiftState(), x, y); },
           [] { TellDebugger(u"on a press of the pointer"); });
+}
+
+// Shows a tab to the designer, who drops controls onto it. That is no use of the control: no event is raised, and a
+// designer that keeps the pointer to itself has not made the control UI active.
+void PointerInput::DownUnderDesign(const Message& message, std::int16_t button) {
+    if (button != LeftButton || !activation_.IsUIActive() || !IsForDesigner(control_)) return;
+    Guard(
+        [&] {
+            if (const auto tab = TabAt(control_.Engine.State(), PixelOf(message)))
+                control_.Engine.ActiveTab(*tab);
+        },
+        [] { TellDebugger(u"on a press of the pointer"); });
 }
 
 void PointerInput::Up(const Message& message, std::int16_t button) {

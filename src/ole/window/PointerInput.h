@@ -23,6 +23,7 @@ public:
 
 private:
     void Down(const Message& message, std::int16_t button);
+    void DownUnderDesign(const Message& message, std::int16_t button);
     void Up(const Message& message, std::int16_t button);
     void Move(const Message& message);
     void PassOn(const Message& message);

@@ -30,6 +30,10 @@ void Verb(World& world, Place& place) {
                                      OLEIVERB_UIACTIVATE,
                                      OLEIVERB_DISCARDUNDOSTATE,
                                      2,
+                                     3,
+                                     4,
+                                     5,
+                                     6,
                                      -8,
                                      2147483647};
     const Lent<IOleObject> object(world, place);

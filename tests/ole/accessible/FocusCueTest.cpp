@@ -133,6 +133,26 @@ TEST_CASE("dots inside the active bar show the focus, and go with it") {
     CHECK(test::Difference(control.Shown(), plain) == "same");
 }
 
+TEST_CASE("under design they mark the tab that controls are dropped onto, wherever the focus is") {
+    const CuedControl control;
+    const Pixels plain = control.Shown();
+    control.BeDesigned(true);
+    CHECK(test::Difference(control.Shown(), Dotted(plain, control.InsideOf(0))) == "same");
+    CHECK(test::Difference(Copy(control, Print), plain) == "same");
+    CHECK(test::Difference(Copy(control, DrawView), plain) == "same");
+    control.Focus();
+    CHECK(test::Difference(control.Shown(), Dotted(plain, control.InsideOf(0))) == "same");
+    control.Blur();
+    control.BeDesigned(false);
+    CHECK(test::Difference(control.Shown(), plain) == "same");
+    control.BeDesigned(true);
+    control.Enable(0, false); // leaves none active
+    CHECK(control.Active() == -1);
+    const Pixels without = control.Shown();
+    control.BeDesigned(false);
+    CHECK(test::Difference(control.Shown(), without) == "same");
+}
+
 TEST_CASE("on all four sides they follow the active tab, however it comes to be so") {
     for (const auto side : {WindowLeft, WindowRight, Windowtop, WindowBottom}) {
         CAPTURE(side);

@@ -41,6 +41,12 @@ struct ReadControl : LooseControl {
         return count;
     }
 
+    // What the form says of itself from now on.
+    void BeDesigned(bool designed) const {
+        InWindow->Site().UnderDesign = designed;
+        As<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_USERMODE);
+    }
+
     HWND Window() const { return InWindow->Window(); }
     Node Root() const { return *Node::OfWindow(Window()); }
     // A child of the row, by its place among them.

@@ -99,7 +99,7 @@ TEST_CASE("An enumerator keeps the module, not the control") {
     CHECK(!control.Module().CanUnload());
     OLEVERB verb = {};
     REQUIRE(verbs->Next(1, &verb, nullptr) == S_OK);
-    CHECK(std::wstring_view(verb.lpszVerbName) == L"&Properties...");
+    CHECK(std::wstring_view(verb.lpszVerbName) == L"&Edit");
     CoTaskMemFree(verb.lpszVerbName);
     verbs.Reset();
     CHECK(control.Module().CanUnload());

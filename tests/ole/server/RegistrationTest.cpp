@@ -87,7 +87,12 @@ TEST_CASE("Registration enters all that hosts look for, and unregistration takes
     CHECK(ClassValue(L"\\MiscStatus\\1") ==
           std::to_wstring(OLEMISC_SIMPLEFRAME | OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_INSIDEOUT |
                           OLEMISC_SETCLIENTSITEFIRST | OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE));
+    CHECK(ClassValue(L"\\Verb\\0") == L"&Edit,0,3");
     CHECK(ClassValue(L"\\Verb\\1") == L"&Properties...,0,2");
+    CHECK(ClassValue(L"\\Verb\\2") == L"&Next tab,0,2");
+    CHECK(ClassValue(L"\\Verb\\3") == L"P&revious tab,0,2");
+    CHECK(ClassValue(L"\\Verb\\4") == L"A&dd tab,0,2");
+    CHECK(ClassValue(L"\\Verb\\5") == L"&About...,0,3");
     CHECK(Exists(std::wstring(ClassKey) + L"\\Control"));
     CHECK(
         !Exists(std::wstring(ClassKey) + L"\\Insertable")); // documents without controls are no place for it
