@@ -12,6 +12,8 @@ import subprocess
 import sys
 import tempfile
 
+from listings import listings, picture_values, settings, skin_of
+
 ROOT = pathlib.Path(os.environ.get("ROOT") or pathlib.Path(__file__).resolve().parents[2])
 passed = failed = 0
 
@@ -119,6 +121,19 @@ def check_links():
               [target for target in targets if ":" not in target and broken(page, target)], [])
 
 
+# The first programs.
+
+
+def check_listings():
+    """Each has the values of the picture beside it: those of its skin, or the script's for the built-in one."""
+    found = [values for page in ("README.md", "docs/getting-started.md") for values in listings(read(page))]
+    check("listings that lay bars out", len(found) >= 8, True)
+    for values in found:
+        skin = skin_of(values)
+        expected = settings(read(f"skins/{skin[0]}/{skin[1]}")) if skin else picture_values(read("docs/make-getting-started"))
+        check(f"a listing with {skin or 'the built-in skin'}", {name: values.get(name) for name in expected}, expected)
+
+
 # The guide's dependency names the assembly that the build describes, whatever the bitness.
 
 
@@ -137,6 +152,7 @@ if __name__ == "__main__":
     check("the reference", make_reference(ROOT), "")
     check_complaints()
     check_links()
+    check_listings()
     check_manifest()
     print(f"{passed} passed, {failed} failed")
     sys.exit(failed > 0)
