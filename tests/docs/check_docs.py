@@ -12,7 +12,7 @@ import subprocess
 import sys
 import tempfile
 
-from listings import listings, picture_values, settings, skin_of
+from listings import listings, pages_shown, picture_values, settings, skin_of, words
 
 ROOT = pathlib.Path(os.environ.get("ROOT") or pathlib.Path(__file__).resolve().parents[2])
 passed = failed = 0
@@ -126,12 +126,30 @@ def check_links():
 
 def check_listings():
     """Each has the values of the picture beside it: those of its skin, or the script's for the built-in one."""
-    found = [values for page in ("README.md", "docs/getting-started.md") for values in listings(read(page))]
+    script = read("docs/make-getting-started")
+    found = [listing for page in ("README.md", "docs/getting-started.md") for listing in listings(read(page))]
     check("listings that lay bars out", len(found) >= 8, True)
-    for values in found:
+    for block, values in found:
         skin = skin_of(values)
-        expected = settings(read(f"skins/{skin[0]}/{skin[1]}")) if skin else picture_values(read("docs/make-getting-started"))
+        if "TabCount" in values:
+            check("captions and icons that a listing lacks", pages_shown(script, skin is not None) - words(block), set())
+        expected = settings(read(f"skins/{skin[0]}/{skin[1]}")) if skin else picture_values(script)
         check(f"a listing with {skin or 'the built-in skin'}", {name: values.get(name) for name in expected}, expected)
+
+
+# The control's own messages and verbs.
+
+
+def check_texts():
+    literals = re.findall(r'(?:u"[^"]*"\s*)+;', read("src/skin/SkinLocation.h"))
+    messages = ["".join(re.findall(r'u"([^"]*)"', literal)).encode().decode("unicode_escape") for literal in literals]
+    check("messages", len(messages), 2)
+    troubleshooting = read("docs/troubleshooting.md")
+    check("messages that are not translated", [text for text in messages if f"| {text} |" not in troubleshooting], [])
+    names = re.findall(r'\{Verb\w+, L"([^"]+)"', read("src/ole/faces/Verbs.cpp"))
+    rows = re.findall(r"^\| (\d+).*? \| ([^|]+) \|", read("docs/reference.md").partition("## Verbs")[2], re.M)
+    check("verbs", [name for _, name in rows], [name.replace("&", "") for name in names])
+    check("their numbers", [number for number, _ in rows], [str(number) for number in range(len(names))])
 
 
 # The guide's dependency names the assembly that the build describes, whatever the bitness.
@@ -153,6 +171,7 @@ if __name__ == "__main__":
     check_complaints()
     check_links()
     check_listings()
+    check_texts()
     check_manifest()
     print(f"{passed} passed, {failed} failed")
     sys.exit(failed > 0)

@@ -8,12 +8,26 @@ WORDS = {"VARIANT_TRUE": "True", "VARIANT_FALSE": "False", "true": "True", "fals
 CONSTANTS = {"CaptionPos": ["AlignLeft", "AlignMiddle", "AlignRight"]}
 
 
+def blocks(page, language=r"\w+"):
+    return re.findall(rf"^```{language}\n(.*?)^```$", page, re.M | re.S)
+
+
 def listings(page):
-    """The assignments of each listing that lays bars out."""
-    for block in re.findall(r"^```\w+\n(.*?)^```$", page, re.M | re.S):
+    """Each listing that lays bars out, with what it assigns."""
+    for block in blocks(page):
         values = {name: plain(name, value) for name, value in ASSIGNMENT.findall(block)}
         if "BarWidth" in values:
-            yield values
+            yield block, values
+
+
+def pages_shown(script, with_icons):
+    """The words that a listing has to give the control so that it shows the same tabs."""
+    lists = ("Captions", "Icons") if with_icons else ("Captions",)
+    return {word for name in lists for word in re.search(rf"^{name}=\((.*)\)$", script, re.M)[1].split()}
+
+
+def words(block):
+    return set(re.findall(r"[\"'](\w+)[\"']", block))
 
 
 def plain(name, value):

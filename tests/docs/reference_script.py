@@ -1,6 +1,6 @@
 #!/usr/bin/env -S python3 -B
 """Writes a script that runs every example of the reference, and every statement that is said to raise an error, each on
-a new control with three tabs.
+a new control with three tabs; and the first programs in Basic, as far as VBScript is Basic.
 
 usage: tests/docs/reference_script.py >FILE.vbs
 """
@@ -12,10 +12,12 @@ import sys
 ROOT = pathlib.Path(os.environ.get("ROOT") or pathlib.Path(__file__).resolve().parents[2])
 sys.path.insert(0, str(ROOT / "docs"))
 
+from programs import programs, run_of  # noqa: E402
 from reflib.sources import read_sources  # noqa: E402
 
 HEAD = """Option Explicit
-Dim tabs, passed, failed
+Const AlignLeft = 0, AlignMiddle = 1, WindowLeft = 0
+Dim tabs, VantikFrameTab1, passed, failed
 passed = 0
 failed = 0
 
@@ -54,4 +56,5 @@ def quoted(text):
 
 if __name__ == "__main__":
     body = [f"NewTabs\n{text}\nExpect {quoted(text)}, {number}" for text, number in statements()]
+    body += [line for number, block in enumerate(programs(ROOT)) for line in run_of(number, block)]
     print("\n".join([HEAD, *body, TAIL]).replace("\n", "\r\n"))
