@@ -166,7 +166,10 @@ pictures() {
     snap "${Tabs[@]}" --size 300x120 --out small.png
     check "a later size counts from there on" is_picture small.png 300x120
     snap --design "${Tabs[@]}" --out design.png
-    check "a designed form shows the same" same first.png design.png
+    check "a designed form marks the tab under design" differ first.png design.png
+    convert first.png -draw 'rectangle 6,0 65,21' first-rest.png
+    convert design.png -draw 'rectangle 6,0 65,21' design-rest.png
+    check "and shows the same outside that bar" same first-rest.png design-rest.png
     snap "${Tabs[@]}" --set "Font=DejaVu Sans,14,bold" --out font.png
     check "a font can be set" differ first.png font.png
     convert -size 40x30 gradient:red-blue photo.bmp
