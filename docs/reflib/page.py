@@ -4,7 +4,7 @@ from reflib.handwritten import Fault
 
 HEAD = """# Reference
 
-<!-- Made by docs/make-reference from idl/VantikFrameTab.idl, idl/reference and src/model/Properties.*: change those. -->
+<!-- Made by docs/make-reference from idl/VantikFrameTab.idl, idl/reference and src/model/Properties.*: change these. -->
 
 """
 
@@ -185,13 +185,13 @@ class Page:
     def enumerations(self):
         entries = self.sources["enumerations"][1]
         return self.section("Enumerations", "enumerations", "",
-                            [self.enumeration(name, constants, entries[name])
-                             for name, constants in self.types.enumerations.items()])
+                            [self.enumeration(each, entries[each.name]) for each in self.types.enumerations.values()])
 
     @staticmethod
-    def enumeration(name, constants, entry):
-        table = ["| Value | Constant |", "|---|---|", *(f"| {value} | `{constant}` |" for constant, value in constants)]
-        return paragraphs(f"### {name}", entry.text, "\n".join(table))
+    def enumeration(enumeration, entry):
+        rows = [f"| {value} | `{constant}` |" for constant, value in enumeration.constants]
+        return paragraphs(f"### {enumeration.name}", entry.text, facts([("Help text", enumeration.help)]),
+                          "\n".join(["| Value | Constant |", "|---|---|", *rows]))
 
     def errors(self):
         text, groups = self.sources["errors"]

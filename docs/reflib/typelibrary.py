@@ -81,11 +81,18 @@ class Member:
         return f"Private Sub VantikFrameTab1_{self.name}({arguments})"
 
 
+@dataclasses.dataclass(frozen=True)
+class Enumeration:
+    name: str
+    help: str
+    constants: tuple  # of (name, value)
+
+
 @dataclasses.dataclass
 class Library:
     members: dict
     events: dict
-    enumerations: dict  # lists of (constant, value)
+    enumerations: dict
 
 
 def basic_type(name):
@@ -96,9 +103,13 @@ def read_library(text):
     text = re.sub(r"//.*", "", text)
     interface, events = re.search(
         r"interface _VantikFrameTab(.*?)dispinterface __VantikFrameTab(.*?)coclass", text, re.S).groups()
-    enumerations = {name: re.findall(r"(\w+) = (\d+)", constants)
-                    for name, constants in re.findall(r"typedef enum (\w+) \{(.*?)\}", text)}
-    return Library(members_of(interface), members_of(events), enumerations)
+    return Library(members_of(interface), members_of(events), enumerations_of(text))
+
+
+def enumerations_of(text):
+    found = re.findall(r'helpstring\("([^"]*)"\)\]\s*typedef enum (\w+) \{(.*?)\}', text)
+    return {name: Enumeration(name, help_text, tuple(re.findall(r"(\w+) = (\d+)", constants)))
+            for help_text, name, constants in found}
 
 
 def members_of(text):

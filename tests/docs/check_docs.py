@@ -71,14 +71,14 @@ def check_complaints():
                     "the member FrameGap is described 0 times in idl/reference")
     check_complaint("an event that there is not", "idl/reference/events.md", "## TabMove\n", "## TabMoves\n",
                     "the event TabMove is described 0 times in idl/reference")
-    check_complaint("an argument that is not described", "idl/reference/tabs.md", "- argument AfterIndex", "- argument After",
-                    "InsertTab says nothing of: argument AfterIndex")
+    check_complaint("an argument that is not described", "idl/reference/tabs.md",
+                    "- argument AfterIndex", "- argument After", "InsertTab says nothing of: argument AfterIndex")
     check_complaint("a quantity without unit", "idl/reference/properties.md", "- unit: pixels\n", "",
                     "BarWidth says nothing of: unit")
     check_complaint("an example that is missing", "idl/reference/properties.md", "- example: `tabs.TabPos = 0`\n", "",
                     "TabPos says nothing of: example")
-    check_complaint("an event's handler with other arguments", "idl/reference/events.md", "_TabMove(Index", "_TabMove(Tab",
-                    "TabMove has no example that begins with: "
+    check_complaint("an event's handler with other arguments", "idl/reference/events.md",
+                    "_TabMove(Index", "_TabMove(Tab", "TabMove has no example that begins with: "
                     "Private Sub VantikFrameTab1_TabMove(Index As Integer)")
     check_complaint("errors of a group that there is not", "idl/reference/tabs.md", "- errors of: A full repaint",
                     "- errors of: A repaint", "TabCount names errors that are not described: A repaint")
@@ -132,7 +132,8 @@ def check_listings():
     for block, values in found:
         skin = skin_of(values)
         if "TabCount" in values:
-            check("captions and icons that a listing lacks", pages_shown(script, skin is not None) - words(block), set())
+            lacking = pages_shown(script, skin is not None) - words(block)
+            check("captions and icons that a listing lacks", lacking, set())
         expected = settings(read(f"skins/{skin[0]}/{skin[1]}")) if skin else picture_values(script)
         check(f"a listing with {skin or 'the built-in skin'}", {name: values.get(name) for name in expected}, expected)
 

@@ -46,7 +46,8 @@ def skin_of(values):
     """The shipped skin's folder and the file of its settings; nothing for the built-in one."""
     if "SkinPath" not in values:
         return None
-    return values["SkinPath"].rsplit("\\", 1)[-1], values["SkinFile"].replace("SKIN", "SETTINGS").replace(".INI", ".TXT")
+    variant = values["SkinFile"].removeprefix("SKIN").removesuffix(".INI")
+    return values["SkinPath"].rsplit("\\", 1)[-1], f"SETTINGS{variant}.TXT"
 
 
 def settings(text):

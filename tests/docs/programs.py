@@ -27,4 +27,5 @@ def run_of(number, block):
     yield f'{as_script(number, block)}Set VantikFrameTab1 = CreateObject("VantikFrameTabProject.VantikFrameTab")'
     yield f"Form_Load{number}\nExpect \"program {number}\", 0"
     if "Settings" in block:
-        yield f'If VantikFrameTab1.GetTabCaption(3) <> "Settings" Then Err.Raise 5\nExpect "what program {number} shows", 0'
+        yield f'If VantikFrameTab1.GetTabCaption(3) <> "Settings" Then Err.Raise 5'
+        yield f'Expect "what program {number} shows", 0'
