@@ -180,7 +180,8 @@ class Page:
         rows = self.argument_rows(member, entry) + [("Help text", help_text(member, entry))]
         self.nothing_is_left(entry)
         first, *rest = entry.text.split("\n\n")
-        return paragraphs(f"### {member.name}", code("text", [member.first.text]), first, facts(rows), *rest)
+        lines = [member.event, self.declared(member.first)]
+        return paragraphs(f"### {member.name}", code("text", lines), first, facts(rows), *rest)
 
     def enumerations(self):
         entries = self.sources["enumerations"][1]

@@ -75,10 +75,13 @@ class Member:
         return f"Sub {self.name}({arguments})"
 
     @property
+    def event(self):
+        return f"Event {self.name}({', '.join(argument.basic for argument in self.arguments)})"
+
+    @property
     def handler(self):
         """The first line of an event's handler."""
-        arguments = ", ".join(f"{a.name} As {basic_type(a.value_type)}" for a in self.arguments)
-        return f"Private Sub VantikFrameTab1_{self.name}({arguments})"
+        return f"Private Sub VantikFrameTab1_{self.event.removeprefix('Event ').replace('ByRef ', '')}"
 
 
 @dataclasses.dataclass(frozen=True)

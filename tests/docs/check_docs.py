@@ -67,8 +67,10 @@ OUTDATED = "docs/reference.md is not what idl/ says; run docs/make-reference"
 def check_complaints():
     check_complaint("a member that is described twice", "idl/reference/tabs.md", "## RemoveTab\n", "## InsertTab\n",
                     "InsertTab is described twice")
-    check_complaint("a member that is not described", "idl/VantikFrameTab.idl", " FrameDist(", " FrameGap(",
-                    "the member FrameGap is described 0 times in idl/reference")
+    check_complaint("a property that the table does not know", "idl/VantikFrameTab.idl", " FrameDist(", " FrameGap(",
+                    "the property table has no FrameGap")
+    check_complaint("a method that is not described", "idl/VantikFrameTab.idl", " RemoveTab(", " DropTab(",
+                    "the member DropTab is described 0 times in idl/reference")
     check_complaint("an event that there is not", "idl/reference/events.md", "## TabMove\n", "## TabMoves\n",
                     "the event TabMove is described 0 times in idl/reference")
     check_complaint("an argument that is not described", "idl/reference/tabs.md",
@@ -86,6 +88,9 @@ def check_complaints():
                     "- effect: none\n- example: `tabs.TabPos = 0`", "TabPos says what nobody asks: effect")
     check_complaint("another type", "idl/VantikFrameTab.idl", "BarWidth([in] short", "BarWidth([in] long", OUTDATED)
     check_complaint("another default", "src/model/Properties.h", "BarWidth = 20", "BarWidth = 21", OUTDATED)
+    check_complaint("an effect without words", "src/model/Properties.cpp", 'u"BarWidth", Integer16, RepaintAll',
+                    'u"BarWidth", Integer16, RepaintRow',
+                    "BarWidth has an effect that the reference has no words for: RepaintRow")
     check_complaint("another effect", "src/model/Properties.cpp", 'u"BarWidth", Integer16, RepaintAll',
                     'u"BarWidth", Integer16, RedrawBars', OUTDATED)
     check_complaint("another page", "docs/reference.md", "Shift of icons", "Shifts icons", OUTDATED)
