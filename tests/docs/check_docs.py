@@ -12,9 +12,14 @@ import subprocess
 import sys
 import tempfile
 
-from listings import listings, pages_shown, picture_values, settings, skin_of, words
+import csharp
+from listings import blocks, listings, pages_shown, picture_values, settings, skin_of, words
 
 ROOT = pathlib.Path(os.environ.get("ROOT") or pathlib.Path(__file__).resolve().parents[2])
+sys.path.insert(0, str(ROOT / "docs"))
+
+from reflib.typelibrary import read_library  # noqa: E402
+
 passed = failed = 0
 
 
@@ -143,6 +148,12 @@ def check_listings():
         check(f"a listing with {skin or 'the built-in skin'}", {name: values.get(name) for name in expected}, expected)
 
 
+def check_compiled_listings():
+    types = read_library(read("idl/VantikFrameTab.idl"))
+    for listing in blocks(read("docs/getting-started.md"), "cs"):
+        check("what the compiler says of the listing in C#", csharp.complaints(listing, types), "")
+
+
 # The control's own messages and verbs.
 
 
@@ -177,6 +188,7 @@ if __name__ == "__main__":
     check_complaints()
     check_links()
     check_listings()
+    check_compiled_listings()
     check_texts()
     check_manifest()
     print(f"{passed} passed, {failed} failed")
