@@ -11,8 +11,8 @@
 #include "OptionPanel.h"
 #include "Pages.h"
 #include "Skins.h"
-#include "Widgets.h"
 #include "host/HostForm.h"
+#include "host/Widgets.h"
 
 namespace vantik {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "Widgets.h"
+#include "host/Widgets.h"
 
 namespace vantik {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "Widgets.h"
+#include "host/Widgets.h"
 
 namespace vantik {
 

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "Widgets.h"
 #include "host/HostForm.h"
+#include "host/Widgets.h"
 
 namespace vantik {
 

@@ -8,6 +8,7 @@ namespace {
 
 constexpr wchar_t ClassName[] = L"VantikHostForm";
 constexpr DWORD Style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+constexpr DWORD PieceStyle = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
 
 HINSTANCE Instance() noexcept { return GetModuleHandleW(nullptr); }
 
@@ -34,12 +35,12 @@ SIZE OuterSize(SIZE client) noexcept {
 
 } // namespace
 
-FormWindow::FormWindow(const std::wstring& title, SIZE clientSize, MessageHandler handler)
+FormWindow::FormWindow(const std::wstring& title, SIZE clientSize, MessageHandler handler, HWND parent)
     : handler_(std::move(handler)) {
     RegisterFormClass(&FormWindow::Procedure);
-    const SIZE outer = OuterSize(clientSize);
-    CreateWindowExW(0, ClassName, title.c_str(), Style, 0, 0, outer.cx, outer.cy, nullptr, nullptr,
-                    Instance(), this);
+    const SIZE outer = parent ? clientSize : OuterSize(clientSize);
+    CreateWindowExW(parent ? WS_EX_CONTROLPARENT : 0, ClassName, title.c_str(), parent ? PieceStyle : Style,
+                    0, 0, outer.cx, outer.cy, parent, nullptr, Instance(), this);
     if (!window_)
         throw HostError("cannot create a window: is there a display, or Wine's null graphics driver?");
 }
@@ -58,6 +59,11 @@ SIZE FormWindow::ClientSize() const noexcept {
 void FormWindow::ResizeClient(SIZE size) {
     const SIZE outer = OuterSize(size);
     SetWindowPos(window_, nullptr, 0, 0, outer.cx, outer.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::MoveTo(const RECT& place) {
+    SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormWindow::Show(int command) {

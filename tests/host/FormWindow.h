@@ -1,4 +1,4 @@
-// The form's top-level window.
+// The form's window: a top-level one, or a piece of another.
 #pragma once
 
 #include <functional>
@@ -16,7 +16,7 @@ using MessageHandler = std::function<std::optional<LRESULT>(UINT message, WPARAM
 class FormWindow {
 public:
     // The handler sees every message first; what it answers is final.
-    FormWindow(const std::wstring& title, SIZE clientSize, MessageHandler handler);
+    FormWindow(const std::wstring& title, SIZE clientSize, MessageHandler handler, HWND parent = nullptr);
     ~FormWindow();
     FormWindow(const FormWindow&) = delete;
     FormWindow& operator=(const FormWindow&) = delete;
@@ -24,6 +24,7 @@ public:
     HWND Handle() const noexcept { return window_; } // null once it was destroyed
     SIZE ClientSize() const noexcept;
     void ResizeClient(SIZE size);
+    void MoveTo(const RECT& place); // in the parent's window
     void Show(int command = SW_SHOWNORMAL);
 
 private:

@@ -20,7 +20,7 @@ HostForm::HostForm(ControlModule& module, FormLayout layout, HostSwitches switch
       layout_(std::move(layout)),
       switches_(switches),
       handlers_(std::move(handlers)),
-      window_(layout_.Title, layout_.ClientSize, handlers_.Message),
+      window_(layout_.Title, layout_.ClientSize, handlers_.Message, layout_.Parent),
       place_(ToPlacement(layout_.ControlPlace)),
       container_(MakeCom<vantik::FormContainer>(static_cast<SiteOwner&>(*this), switches_.EnumerateObjects)),
       frame_(MakeCom<vantik::FormFrame>(window_.Handle())),

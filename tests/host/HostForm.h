@@ -28,6 +28,7 @@ struct FormLayout {
     SIZE ClientSize = {480, 320};
     RECT ControlPlace = {0, 0, 480, 320}; // pixels
     std::wstring ControlName = L"VantikFrameTab1";
+    HWND Parent = nullptr; // of a form that is a piece of another window
 };
 
 // What the form's own code does. All of it may call back into the form, and may close it.

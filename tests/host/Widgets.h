@@ -1,4 +1,4 @@
-// The ordinary windows that the form is made of.
+// The ordinary windows that a program of the container is made of.
 #pragma once
 
 #include <string>
@@ -7,10 +7,13 @@
 
 namespace vantik {
 
-// The font of all of the form's windows.
+int ScreenResolution(); // dots per inch
+
+// The font of all windows of a program.
 class FormFont {
 public:
-    FormFont();
+    FormFont(); // for the screen's resolution
+    explicit FormFont(int dotsPerInch);
     ~FormFont() { DeleteObject(font_); }
     FormFont(const FormFont&) = delete;
     FormFont& operator=(const FormFont&) = delete;

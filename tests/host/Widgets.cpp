@@ -1,4 +1,6 @@
-#include "Widgets.h"
+#include "host/Widgets.h"
+
+#include "gfx/Handles.h"
 
 namespace vantik {
 
@@ -19,20 +21,22 @@ bool HasFamily(HDC dc, const wchar_t* name) {
 }
 
 // The first that the machine has; the last one every machine maps to something.
-const wchar_t* BestFamily(HDC dc) {
+const wchar_t* BestFamily() {
+    const ScreenDC screen = GetScreenDC();
     for (const wchar_t* name : {L"Segoe UI", L"Liberation Sans", L"DejaVu Sans"}) {
-        if (HasFamily(dc, name)) return name;
+        if (HasFamily(screen.Get(), name)) return name;
     }
     return L"Tahoma";
 }
 
 } // namespace
 
-FormFont::FormFont() {
-    const HDC screen = GetDC(nullptr);
-    name_ = BestFamily(screen);
-    const int height = MulDiv(static_cast<int>(Points), GetDeviceCaps(screen, LOGPIXELSY), 72);
-    ReleaseDC(nullptr, screen);
+int ScreenResolution() { return GetDeviceCaps(GetScreenDC().Get(), LOGPIXELSY); }
+
+FormFont::FormFont() : FormFont(ScreenResolution()) {}
+
+FormFont::FormFont(int dotsPerInch) : name_(BestFamily()) {
+    const int height = MulDiv(static_cast<int>(Points), dotsPerInch, 72);
     font_ = CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                         CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_DONTCARE, name_.c_str());
 }
