@@ -6,24 +6,8 @@ set -uo pipefail
 
 # shellcheck source=tests/scripts/check.sh
 source "$ROOT/tests/scripts/check.sh"
-
-open_screen() {
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>display >xvfb.log 2>&1 &
-    Screen=$!
-    trap 'kill "$Screen"' EXIT
-    wait_until test -s display
-    DISPLAY=:$(<display)
-    export DISPLAY
-}
-
-wait_until() {
-    local i
-    for ((i = 0; i < 100; ++i)); do
-        ! "$@" || return 0
-        sleep 0.2
-    done
-    return 1
-}
+# shellcheck source=tests/scripts/screen.sh
+source "$ROOT/tests/scripts/screen.sh"
 
 form() { xdotool search --onlyvisible --name '^VantikFrameTab$' 2>/dev/null | tail -1; }
 is_open() { [[ -n $(form) ]]; }
@@ -36,8 +20,6 @@ explain() { cat tree; }
 look() { wine "$BUILD/tools/acctree/acctree.exe" VantikFrameTab >tree 2>&1; }
 shows() { look && grep -Eq -- "$1" tree; }
 lacks() { look && ! grep -Eq -- "$1" tree; }
-picture() { import -window root "$1.png"; }
-press() { xdotool key --delay 60 "$@"; }
 
 # after WHAT PATTERN KEY...: in the end the tree has a line like that.
 after() {
@@ -52,7 +34,7 @@ differ() { [[ $(compare -metric AE "$1" "$2" null: 2>&1) -gt "$3" ]]; }
 # The name of the page that shows, and where the focus is.
 focused() { printf 'page tab "%s" .*\[selected, focused' "$1"; }
 
-open_screen
+open_screen 1024x768
 check "the form opens" open_demo
 check "the keyboard is on the first tab" wait_until shows "$(focused Person)"
 picture 1-opened
