@@ -9,7 +9,8 @@ VARIANT ChildId(LONG child) noexcept { return Variant(std::int32_t{child}).Get()
 std::optional<Node> Node::OfWindow(HWND window, LONG object) {
     ComPtr<IAccessible> found;
     const auto id = static_cast<DWORD>(object);
-    if (FAILED(AccessibleObjectFromWindow(window, id, IID_IAccessible, found.PutVoid())) || !found)
+    // Not IID_IAccessible: the import library of oleacc has a function of that name, which may be linked in its place.
+    if (FAILED(AccessibleObjectFromWindow(window, id, __uuidof(IAccessible), found.PutVoid())) || !found)
         return std::nullopt;
     return Node(std::move(found));
 }

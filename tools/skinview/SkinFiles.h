@@ -1,0 +1,27 @@
+// The files of a skin on disk.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "host/SkinSettings.h"
+#include "tools/skin/DefinitionText.h"
+
+namespace vantik {
+
+// HostError when it cannot be read, or is far too large for a definition.
+std::string ReadDefinition(const std::filesystem::path& path);
+
+// Whole or not at all: what was there stays until the new file is complete. HostError when it cannot be written.
+void WriteFileSafely(const std::filesystem::path& path, const std::string& bytes);
+
+// The definition, what it names and the settings: all that a skin's look depends on.
+std::vector<std::filesystem::path> FilesOfSkin(const std::filesystem::path& path,
+                                               const DefinitionText& definition);
+
+// The property values that lie beside the definition; for bars that stand, those for the sides where there are any.
+// Empty without the file. HostError for one that cannot be read.
+std::vector<SkinSetting> SettingsBeside(const std::filesystem::path& definition, bool lying);
+
+} // namespace vantik
