@@ -1,5 +1,6 @@
 #!/usr/bin/env -S python3 -B
-"""The documents: the reference against what it is made of, the hosting guide against the manifest, and links.
+"""The documents: the reference against what it is made of, versions that users copy against the project's, and
+links.
 
 usage: tests/docs/check_docs.py         The last line is "N passed, N failed".
 """
@@ -176,11 +177,16 @@ def attributes(text):
     return dict(re.findall(r'(\w+)="([^"]*)"', re.search(r"<assemblyIdentity([^>]*)/>", text)[1]))
 
 
-def check_manifest():
+def check_versions():
     version = re.search(r"project\(\s*\w+\s+VERSION ([\d.]+)", read("CMakeLists.txt"))[1]
     manifest = attributes(read("src/ole/server/VantikFrameTab.manifest.in").replace("@PROJECT_VERSION@", version))
     manifest["processorArchitecture"] = "*"
     check("the guide's manifest", attributes(read("docs/hosting.md")), manifest)
+    for path in sorted((ROOT / "samples").glob("*/*.manifest")):
+        check(f"the manifest of {path.parent.name}", attributes(path.read_text(encoding="utf-8")), manifest)
+    for path in ("README.md", "docs/deployment.md"):
+        packages = set(re.findall(r"VantikFrameTab[-.](\d+\.\d+\.\d+)", read(path)))
+        check(f"the packages' version in {path}", packages, {version})
 
 
 if __name__ == "__main__":
@@ -190,6 +196,6 @@ if __name__ == "__main__":
     check_listings()
     check_compiled_listings()
     check_texts()
-    check_manifest()
+    check_versions()
     print(f"{passed} passed, {failed} failed")
     sys.exit(failed > 0)

@@ -69,3 +69,14 @@ test_the_commands_work_through_a_link() {
     ln -s "$Root/demo" link
     command_line 0 ./link --help
 }
+
+test_package_takes_no_option_without_its_value() {
+    command_line 2 "$Root/package" --out
+    expect_contains "$Output" '--out needs a folder'
+}
+
+test_packages_are_compared_only_when_all_is_committed() {
+    stand_in bin/git 'echo " M README.md"'
+    PATH=$PWD/bin:$PATH command_line 1 "$Root/package" --check
+    expect_contains "$Output" 'remedy: commit the changes'
+}

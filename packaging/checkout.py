@@ -1,0 +1,35 @@
+"""What the packages need to know of the checkout that they are made from."""
+
+import os
+import pathlib
+import re
+import subprocess
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+
+
+def read(path):
+    return (ROOT / path).read_bytes()
+
+
+def text(path):
+    return (ROOT / path).read_text(encoding="utf-8")
+
+
+def version():
+    return re.search(r"^project\(\w+ VERSION ([\d.]+) ", text("CMakeLists.txt"), re.M)[1]
+
+
+def git(*arguments):
+    return subprocess.run(["git", "-C", ROOT, *arguments], check=True, capture_output=True, text=True).stdout
+
+
+def tracked(folder):
+    """The files below a folder that belong to the project, in order: not what an editor left there."""
+    return sorted(name for name in git("ls-files", "-z", "--", folder).split("\0") if name)
+
+
+def epoch():
+    """When what is packed was last changed, unless somebody who packs it knows better."""
+    given = os.environ.get("SOURCE_DATE_EPOCH")
+    return int(given or git("log", "-1", "--format=%ct"))
