@@ -99,8 +99,8 @@ void Inflater::ReadBlockHeader() {
 
 void Inflater::CopyStoredBlock() {
     const ByteView rest = bits_.RestFromByte();
-    const unsigned length = rest[0] | rest[1] << 8u;
-    const unsigned complement = rest[2] | rest[3] << 8u;
+    const auto number = [&](std::size_t at) { return rest[at] | static_cast<unsigned>(rest[at + 1]) << 8; };
+    const unsigned length = number(0), complement = number(2);
     if (length != (~complement & 0xFFFF)) result_ = inflate_result::StoredMismatch;
     if (4 + length > rest.size() || position_ + length > limit_ + 1)
         throw BrokenStream{inflate_result::Broken};

@@ -47,8 +47,7 @@ Checked Middle(Checked extent, Checked length, std::int32_t shift) {
 class Layout {
 public:
     Layout(const GeometryInput& in, const LayoutCache& previous)
-        : in_(in),
-          p_(in.Properties),
+        : p_(in.Properties),
           r_(in.SkinRects),
           width_(in.ControlWidthPx),
           height_(in.ControlHeightPx),
@@ -150,7 +149,6 @@ private:
     Checked Band() const { return r_[TabRect].Height; }
     Checked PageBottom() const { return Checked(layout_.FrameRect.Bottom) - r_[FBottomLine].Height; }
 
-    const GeometryInput& in_;
     const PropertyValues& p_;
     const SkinRects& r_;
     Checked width_, height_;

@@ -16,7 +16,8 @@ std::size_t __stack_chk_guard = 0;
 namespace {
 
 // Before any other code of the module. The lowest byte ends texts, so that an overlong one cannot carry the value.
-[[gnu::constructor(101), gnu::no_stack_protector]] void ChooseGuard() {
+// Clang knows the second attribute in this spelling only.
+__attribute__((constructor(101), no_stack_protector)) void ChooseGuard() {
     LARGE_INTEGER moment = {};
     QueryPerformanceCounter(&moment);
     std::size_t chosen =

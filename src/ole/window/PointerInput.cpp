@@ -122,8 +122,8 @@ void PointerInput::Down(const Message& message, std::int16_t button) {
     Capture(message.Window);
     pressed_ = true;
     lost_ = false;
-    const auto [x, y] = PositionOf(message, control_.Size.Screen());
-    Guard([&] { control_.Engine.UserControl_MouseDown(button, ShiftState(), x, y); },
+    const Point at = PositionOf(message, control_.Size.Screen());
+    Guard([&] { control_.Engine.UserControl_MouseDown(button, ShiftState(), at.X, at.Y); },
           [] { TellDebugger(u"on a press of the pointer"); });
 }
 
@@ -141,8 +141,8 @@ void PointerInput::DownUnderDesign(const Message& message, std::int16_t button) 
 
 void PointerInput::Up(const Message& message, std::int16_t button) {
     if (!TakesInput()) return;
-    const auto [x, y] = PositionOf(message, control_.Size.Screen());
-    Guard([&] { control_.Engine.UserControl_MouseUp(button, ShiftState(), x, y); },
+    const Point at = PositionOf(message, control_.Size.Screen());
+    Guard([&] { control_.Engine.UserControl_MouseUp(button, ShiftState(), at.X, at.Y); },
           [] { TellDebugger(u"on a release of the pointer"); });
     pressed_ = false;
     const bool hovers = control_.Engine.State().HoverTab != -1;

@@ -1,0 +1,71 @@
+#!/usr/bin/env python3
+"""The control's source under Clang, for the same targets and with the same warnings: a file with any has failed.
+Last line: "N passed, N failed"."""
+
+import concurrent.futures
+import json
+import os
+import pathlib
+import re
+import shlex
+import subprocess
+import sys
+
+SOURCE = pathlib.Path(os.environ["ROOT"]) / "src"
+BUILD = pathlib.Path(os.environ["BUILD"])
+OUTPUTS = ("-o", "-MT", "-MF")  # each has a name behind it
+
+
+def gcc_of(command):
+    return next(word for word in command if re.search(r"mingw32-g\+\+", word))
+
+
+def target_of(gcc):
+    return pathlib.Path(gcc).name.split("-")[0] + "-w64-windows-gnu"
+
+
+def standard_headers(gcc):
+    """The folders of GCC's C++ library and of the platform; the compiler's own headers are Clang's."""
+    told = subprocess.run([gcc, "-E", "-v", "-x", "c++", os.devnull], capture_output=True, text=True, check=True).stderr
+    folders = re.search(r"#include <\.\.\.> search starts here:\n(.*?)\nEnd of search list", told, re.S)[1].split()
+    return [folder for folder in folders if not re.search(r"/gcc/[^/]+/[^/]+/include(-fixed)?$", folder)]
+
+
+def arguments_for_clang(command):
+    """What GCC gets, but for what says where its output goes."""
+    words = iter(command[command.index(gcc_of(command)) + 1:])
+    kept = []
+    for word in words:
+        if word in OUTPUTS:
+            next(words)
+        elif word != "-MD":
+            kept.append(word)
+    return kept
+
+
+def check(entry, headers):
+    """What Clang says of one file; nothing when it is content."""
+    command = shlex.split(entry["command"])
+    options = ["-fsyntax-only", "-fno-color-diagnostics", "-nostdinc++", f"--target={target_of(gcc_of(command))}"]
+    options += [word for folder in headers for word in ("-isystem", folder)]
+    done = subprocess.run(["clang++", *options, *arguments_for_clang(command)], cwd=entry["directory"],
+                          capture_output=True, text=True)
+    return done.stderr or (f"clang++ ended with {done.returncode}" if done.returncode else "")
+
+
+def main():
+    entries = [entry for entry in json.loads((BUILD / "compile_commands.json").read_text())
+               if pathlib.Path(entry["file"]).is_relative_to(SOURCE) and entry["file"].endswith(".cpp")]
+    headers = standard_headers(gcc_of(shlex.split(entries[0]["command"])))
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        said = list(pool.map(lambda entry: check(entry, headers), entries))
+    for entry, text in zip(entries, said):
+        if text:
+            print(f"FAILED: {pathlib.Path(entry['file']).relative_to(SOURCE)}\n{text}")
+    failed = sum(map(bool, said))
+    print(f"{len(said) - failed} passed, {failed} failed")
+    return 0 if said and not failed else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
