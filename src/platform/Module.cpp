@@ -22,4 +22,10 @@ std::span<const BYTE> ResourceBytes(const wchar_t* name, const wchar_t* type) no
     return {bytes, SizeofResource(module, found)};
 }
 
+std::u16string ResourceText(UINT number) {
+    wchar_t text[256] = {};
+    const int length = LoadStringW(ThisModule(), number, text, static_cast<int>(std::size(text)));
+    return FromWide({text, static_cast<std::size_t>(length)});
+}
+
 } // namespace vantik

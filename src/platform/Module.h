@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 
 #include "platform/mDeclares.h"
 
@@ -14,5 +15,8 @@ void KeepThisModuleLoaded() noexcept;
 
 // The bytes of a resource of this module, for the life of the module; empty when there is none of that name.
 std::span<const BYTE> ResourceBytes(const wchar_t* name, const wchar_t* type) noexcept;
+
+// A text of this module in the user's language; empty when there is none of that number.
+std::u16string ResourceText(UINT number);
 
 } // namespace vantik

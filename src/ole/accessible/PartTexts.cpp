@@ -9,15 +9,9 @@ namespace vantik {
 
 namespace {
 
-std::u16string Text(UINT number) {
-    wchar_t text[64] = {};
-    const int length = LoadStringW(ThisModule(), number, text, static_cast<int>(std::size(text)));
-    return FromWide({text, static_cast<std::size_t>(length)});
-}
-
 // The text with what stands for its %1 and %2.
 std::u16string Text(UINT number, std::u16string_view first, std::u16string_view second = {}) {
-    const std::u16string pattern = Text(number);
+    const std::u16string pattern = ResourceText(number);
     std::u16string text;
     for (std::size_t i = 0; i < pattern.size(); ++i) {
         const std::u16string_view mark = std::u16string_view(pattern).substr(i, 2);
@@ -66,7 +60,7 @@ std::u16string ExtenderName(const Control& control) {
 std::u16string ControlName(const Control& control) {
     std::u16string name = control.Ambient.DisplayName();
     if (name.empty()) name = ExtenderName(control);
-    return name.empty() ? Text(TEXT_TABS) : OnOneLine(std::move(name));
+    return name.empty() ? ResourceText(TEXT_TABS) : OnOneLine(std::move(name));
 }
 
 } // namespace
@@ -81,9 +75,9 @@ std::u16string NameOf(const Control& control, const Part& part) {
     case PartKind::Row: return ControlName(control);
     case PartKind::Tab: return TabName(state, part.Tab);
     case PartKind::CloseButton: return Text(TEXT_CLOSE, TabName(state, part.Tab));
-    case PartKind::PreviousButton: return Text(TEXT_PREVIOUS);
-    case PartKind::NextButton: return Text(TEXT_NEXT);
-    case PartKind::MenuButton: return Text(TEXT_MENU);
+    case PartKind::PreviousButton: return ResourceText(TEXT_PREVIOUS);
+    case PartKind::NextButton: return ResourceText(TEXT_NEXT);
+    case PartKind::MenuButton: return ResourceText(TEXT_MENU);
     case PartKind::Page: break;
     }
     return TabName(state, state.Properties.ActiveTab);
@@ -99,8 +93,8 @@ std::u16string DefaultActionOf(const Part& part) {
     switch (part.Kind) {
     case PartKind::Row:
     case PartKind::Page: return {};
-    case PartKind::Tab: return Text(TEXT_SWITCH);
-    default: return Text(TEXT_PRESS);
+    case PartKind::Tab: return ResourceText(TEXT_SWITCH);
+    default: return ResourceText(TEXT_PRESS);
     }
 }
 

@@ -19,6 +19,12 @@ inline constexpr DWORD MiscStatus = OLEMISC_SIMPLEFRAME | OLEMISC_ACTIVATEWHENVI
                                     OLEMISC_SETCLIENTSITEFIRST | OLEMISC_RECOMPOSEONRESIZE |
                                     OLEMISC_CANTLINKINSIDE;
 
+// The property pages, which are classes by themselves.
+inline constexpr CLSID CLSID_GeneralPage = {
+    0x2A268946, 0x78E0, 0x4DFB, {0xBF, 0x3D, 0xC9, 0xDB, 0x8C, 0x26, 0xF5, 0x5B}};
+inline constexpr CLSID CLSID_SkinPage = {
+    0x8B514BAB, 0x4522, 0x4613, {0x9D, 0xD6, 0x5C, 0x73, 0x61, 0x47, 0xA3, 0x3D}};
+
 inline constexpr WORD ToolboxBitmapId = 101;
 
 // The member of the dual interface that shows the property. The tab operations stand between the first two properties

@@ -32,8 +32,10 @@ Property Known(DISPID id) {
     return *property;
 }
 
-CLSID PageOf(PropertyType type) noexcept {
-    switch (type) {
+// Numbers, flags and choices are edited in the browser itself: with a page it would offer that instead.
+CLSID PageOf(Property property) noexcept {
+    if (property == Property::SkinFile || property == Property::SkinPath) return CLSID_SkinPage;
+    switch (InfoOf(property).Type) {
     case PropertyType::Colour: return CLSID_CColorPropPage;
     case PropertyType::Font: return CLSID_CFontPropPage;
     case PropertyType::Picture: return CLSID_CPicturePropPage;
@@ -114,7 +116,7 @@ STDMETHODIMP PropertyBrowsingFace::GetDisplayString(DISPID property, BSTR* text)
 STDMETHODIMP PropertyBrowsingFace::MapPropertyToPage(DISPID property, CLSID* page) noexcept {
     return Guard([&]() -> HRESULT {
         Required(page) = CLSID_NULL;
-        *page = PageOf(InfoOf(Known(property)).Type);
+        *page = PageOf(Known(property));
         return *page == CLSID_NULL ? PERPROP_E_NOPAGEAVAILABLE : S_OK;
     });
 }

@@ -1,4 +1,4 @@
-// The property pages of the control: the platform's own for colours, fonts and pictures.
+// The property pages of the control: its own, and the platform's for colours, fonts and pictures.
 #pragma once
 
 #include "ole/com/Face.h"

@@ -1,5 +1,7 @@
 #include "ole/server/ControlObject.h"
 
+#include "ole/pages/ScratchControl.h"
+
 namespace vantik {
 
 namespace {
@@ -20,6 +22,12 @@ Offer Show(FaceType& face) noexcept {
 HRESULT ControlObject::Create(IUnknown* outer, REFIID iid, void** object, const Resolution& screen) {
     const auto made = ComPtr<ControlObject>::Adopt(new ControlObject(outer, screen));
     return made->QueryInterface(iid, object);
+}
+
+ComPtr<IUnknown> NewControl() {
+    ComPtr<IUnknown> control;
+    Check(ControlObject::Create(nullptr, IID_IUnknown, control.PutVoid()));
+    return control;
 }
 
 ControlObject::ControlObject(IUnknown* outer, const Resolution& screen)

@@ -3,7 +3,7 @@
 #include "ole/com/ErrorInfo.h"
 #include "ole/com/Identifiers.h"
 #include "ole/com/Module.h"
-#include "ole/server/ClassFactory.h"
+#include "ole/server/ClassObjects.h"
 #include "ole/server/Registration.h"
 #include "ole/window/RowStop.h"
 #include "ole/window/WindowClass.h"

@@ -9,6 +9,7 @@
 #include "ole/com/Module.h"
 #include "ole/com/RegistryKey.h"
 #include "ole/faces/Verbs.h"
+#include "ole/pages/Pages.h"
 
 namespace vantik {
 
@@ -40,7 +41,9 @@ std::wstring ModuleFile() {
     return AsWide(path);
 }
 
-std::wstring ClassKey() { return L"CLSID\\" + TextOf(CLSID_VantikFrameTab); }
+std::wstring KeyOf(REFCLSID classId) { return L"CLSID\\" + TextOf(classId); }
+
+std::wstring ClassKey() { return KeyOf(CLSID_VantikFrameTab); }
 
 std::wstring LibraryVersion() { return TextOf(PRODUCT_MAJOR) + L"." + TextOf(PRODUCT_MINOR); }
 
@@ -50,10 +53,13 @@ void RegisterProgId() {
     progId.Add(L"CLSID", TextOf(CLSID_VantikFrameTab));
 }
 
-void RegisterServer(const RegistryKey& control) {
-    const RegistryKey server(HKEY_CLASSES_ROOT, ClassKey() + L"\\InprocServer32");
+void RegisterServer(REFCLSID classId) {
+    const RegistryKey server(HKEY_CLASSES_ROOT, KeyOf(classId) + L"\\InprocServer32");
     server.Set(ModuleFile());
     server.Set(L"ThreadingModel", L"Apartment");
+}
+
+void RegisterNames(const RegistryKey& control) {
     control.Add(L"ProgID", ProgId);
     control.Add(L"TypeLib", TextOf(LIBID_VantikFrameTabProject));
     control.Add(L"Version", LibraryVersion());
@@ -62,7 +68,8 @@ void RegisterServer(const RegistryKey& control) {
 void RegisterClass() {
     const RegistryKey control(HKEY_CLASSES_ROOT, ClassKey());
     control.Set(ControlTitle);
-    RegisterServer(control);
+    RegisterServer(CLSID_VantikFrameTab);
+    RegisterNames(control);
     control.Add(L"Control");
     control.Add(L"ToolboxBitmap32", ModuleFile() + L", " + TextOf(ToolboxBitmapId));
     control.Add(L"MiscStatus", L"0");
@@ -71,6 +78,13 @@ void RegisterClass() {
         control.Add(L"Verb\\" + TextOf(verb.Number),
                     verb.Name + (L",0," + TextOf(static_cast<std::int32_t>(verb.Attributes))));
     for (const CATID& category : Categories) control.Add(L"Implemented Categories\\" + TextOf(category));
+}
+
+void RegisterPages() {
+    for (const PageClass& page : PageClasses()) {
+        RegistryKey(HKEY_CLASSES_ROOT, KeyOf(page.Id)).Set(page.Title);
+        RegisterServer(page.Id);
+    }
 }
 
 void RegisterLibrary() {
@@ -105,11 +119,13 @@ HRESULT UnregisterLibrary() {
 HRESULT RegisterControl() {
     RegisterProgId();
     RegisterClass();
+    RegisterPages();
     RegisterLibrary();
     return S_OK;
 }
 
 HRESULT UnregisterControl() {
+    for (const PageClass& page : PageClasses()) RegistryKey::Delete(HKEY_CLASSES_ROOT, KeyOf(page.Id));
     RegistryKey::Delete(HKEY_CLASSES_ROOT, ClassKey());
     if (!OtherBitnessIsRegistered()) RegistryKey::Delete(HKEY_CLASSES_ROOT, ProgId);
     return UnregisterLibrary();

@@ -1,7 +1,7 @@
 // What a property browser learns about single properties.
 #include <doctest/doctest.h>
 
-#include "ole/LooseControl.h"
+#include "ole/pages/PageUnderTest.h"
 
 namespace vantik {
 
@@ -47,13 +47,17 @@ std::wstring ChoicesOf(BrowsedControl& control, const wchar_t* property) {
 
 } // namespace
 
-TEST_CASE("Colours, the font and the picture have their stock pages, other properties have none") {
+TEST_CASE(
+    "Colours, the font and the picture have their stock pages, the skin has a page, other properties have "
+    "none") {
     BrowsedControl control;
     CHECK(control.Page(L"CaptionColor0") == CLSID_CColorPropPage);
     CHECK(control.Page(L"CaptionColor1") == CLSID_CColorPropPage);
     CHECK(control.Page(L"Font") == CLSID_CFontPropPage);
     CHECK(control.Page(L"Picture") == CLSID_CPicturePropPage);
-    CHECK(control.Page(L"BarWidth") == CLSID_NULL);
+    CHECK(control.Page(L"SkinFile") == SkinPageId);
+    CHECK(control.Page(L"SkinPath") == SkinPageId);
+    CHECK(control.Page(L"BarWidth") == CLSID_NULL); // browsers edit it by themselves
     CHECK(control.Page(L"TabPos") == CLSID_NULL);
 }
 

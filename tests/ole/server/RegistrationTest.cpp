@@ -14,6 +14,8 @@ namespace {
 
 constexpr wchar_t ProgId[] = L"VantikFrameTabProject.VantikFrameTab";
 constexpr wchar_t ClassKey[] = L"CLSID\\{D114C80B-464C-4291-9BC1-FB1295823C1E}";
+constexpr const wchar_t* PageKeys[] = {L"CLSID\\{2A268946-78E0-4DFB-BF3D-C9DB8C26F55B}",
+                                       L"CLSID\\{8B514BAB-4522-4613-9DD6-5C736147A33D}"};
 constexpr wchar_t LibraryKey[] = L"TypeLib\\{9E5F043C-D27A-428A-9C0F-FA9A67ADF68E}\\1.0\\0";
 
 std::wstring ValueOf(const std::wstring& key, const wchar_t* name = nullptr) {
@@ -68,6 +70,24 @@ void CheckCategories() {
     CHECK(!isOf(CATID_SafeForInitializing));
 }
 
+// The first two of the control's pages are its own: they come from the module by their classes, as frames make them.
+void CheckPages(IDispatch* control) {
+    const auto specify = QueryFor<ISpecifyPropertyPages>(control);
+    CAUUID pages = {};
+    REQUIRE(specify->GetPages(&pages) == S_OK);
+    REQUIRE(pages.cElems == 5);
+    for (ULONG i = 0; i < 2; ++i) {
+        ComPtr<IPropertyPage2> page;
+        CHECK(CoCreateInstance(pages.pElems[i], nullptr, CLSCTX_INPROC_SERVER, IID_IPropertyPage2,
+                               page.PutVoid()) == S_OK);
+    }
+    CHECK(pages.pElems[2] == CLSID_CColorPropPage);
+    CHECK(pages.pElems[3] == CLSID_CFontPropPage);
+    CHECK(pages.pElems[4] == CLSID_CPicturePropPage);
+    CoTaskMemFree(pages.pElems);
+    CHECK(specify->GetPages(nullptr) == E_POINTER);
+}
+
 std::wstring ClassValue(const wchar_t* below) { return ValueOf(std::wstring(ClassKey) + below); }
 
 } // namespace
@@ -93,6 +113,10 @@ TEST_CASE("Registration enters all that hosts look for, and unregistration takes
     CHECK(ClassValue(L"\\Verb\\3") == L"P&revious tab,0,2");
     CHECK(ClassValue(L"\\Verb\\4") == L"A&dd tab,0,2");
     CHECK(ClassValue(L"\\Verb\\5") == L"&About...,0,3");
+    for (const wchar_t* key : PageKeys) {
+        CHECK(ValueOf(std::wstring(key) + L"\\InprocServer32") == file);
+        CHECK(ValueOf(std::wstring(key) + L"\\InprocServer32", L"ThreadingModel") == L"Apartment");
+    }
     CHECK(Exists(std::wstring(ClassKey) + L"\\Control"));
     CHECK(
         !Exists(std::wstring(ClassKey) + L"\\Insertable")); // documents without controls are no place for it
@@ -109,11 +133,13 @@ TEST_CASE("Registration enters all that hosts look for, and unregistration takes
         REQUIRE(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, created.PutVoid()) ==
                 S_OK);
         CHECK(Get(*created.Get(), L"TabCount").Number() == 0);
+        CheckPages(created.Get());
     }
     CoFreeUnusedLibrariesEx(0, 0);
 
     REQUIRE(server.Call("DllUnregisterServer") == S_OK);
     CHECK(!Exists(ClassKey));
+    for (const wchar_t* key : PageKeys) CHECK(!Exists(key));
     CHECK(!Exists(ProgId));
     CHECK(!Exists(std::wstring(LibraryKey) + LibraryPlatform));
     CHECK(server.Call("DllUnregisterServer") == S_OK); // there is nothing to be taken away any more
@@ -179,6 +205,7 @@ TEST_CASE("With the manifest beside the module a program uses the control withou
         ComPtr<IDispatch> created;
         CHECK(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, created.PutVoid()) == S_OK);
         if (created) CHECK(Get(*created.Get(), L"DefaultCaption").Text() == L"Tab");
+        if (created) CheckPages(created.Get());
     }
     DeactivateActCtx(0, cookie);
     ReleaseActCtx(context);

@@ -29,7 +29,7 @@ foreign=$(grep -vxF "$(tr ' ' '\n' <<<"$SystemLibraries")" <<<"$imports" | in_on
 check 'libraries that not every system has' "$foreign" ''
 check 'there are imports at all' "$(grep -cx kernel32 <<<"$imports")" 1
 check 'exports' "$(sed -n 's/.*\] \(Dll[A-Za-z]*\)$/\1/p' <<<"$headers" | in_one_line)" "$Exports"
-check 'at most 704 KiB' "$(($(stat -c %s "$Product") <= 704 * 1024))" 1
+check 'at most 768 KiB' "$(($(stat -c %s "$Product") <= 768 * 1024))" 1
 check 'no debugging information' "$(x86_64-w64-mingw32-objdump -h "$Product" | grep -c debug)" 0
 
 # What of the compiler's run-time library keeps something that would stay when the module goes, or turns to other modules:
@@ -58,8 +58,9 @@ check 'architecture of the manifest' "$(grep -o 'processorArchitecture="[a-z0-9]
     "processorArchitecture=\"$architecture\""
 # The identifiers of the library's source, by their places in it.
 identifier() { grep -o 'uuid([0-9A-F-]*)' "$ROOT/idl/VantikFrameTab.idl" | sed -n "$1s/uuid(\(.*\))/\1/p"; }
-check 'the class of the manifest is the library'"'"'s' \
-    "$(grep -o 'clsid="{[0-9A-F-]*}"' "$Manifest")" "clsid=\"{$(identifier 7)}\""
+check 'the first class of the manifest is the library'"'"'s' \
+    "$(grep -o 'clsid="{[0-9A-F-]*}"' "$Manifest" | head -n 1)" "clsid=\"{$(identifier 7)}\""
+check 'the others are the property pages' "$(grep -c 'description="Vantik Frame Tab: page ' "$Manifest")" 2
 check 'the library of the manifest is the one that is built' \
     "$(grep -o 'tlbid="{[0-9A-F-]*}"' "$Manifest" | sort -u)" "tlbid=\"{$(identifier 1)}\""
 

@@ -410,12 +410,12 @@ TEST_CASE("A host that activates quickly gets its sinks connected in the one cal
     control.As<IOleObject>()->SetClientSite(nullptr);
 }
 
-TEST_CASE("The stock property pages are offered") {
+TEST_CASE("The control's own property pages are offered before the stock ones") {
     LooseControl control;
     CAUUID pages = {};
     REQUIRE(control.As<ISpecifyPropertyPages>()->GetPages(&pages) == S_OK);
-    CHECK(pages.cElems == 3);
-    CHECK(pages.pElems[1] == CLSID_CFontPropPage);
+    CHECK(pages.cElems == 5);
+    CHECK(pages.pElems[3] == CLSID_CFontPropPage);
     CoTaskMemFree(pages.pElems);
     CHECK(control.As<ISpecifyPropertyPages>()->GetPages(nullptr) == E_POINTER);
 }

@@ -1,11 +1,9 @@
-#include "ole/server/ClassFactory.h"
+#include "ole/com/ClassFactory.h"
 
 #include <atomic>
 
 #include "ole/com/ErrorInfo.h"
-#include "ole/com/Identifiers.h"
 #include "ole/com/Module.h"
-#include "ole/server/ControlObject.h"
 
 namespace vantik {
 
@@ -13,6 +11,8 @@ namespace {
 
 class ClassFactory final : public IClassFactory {
 public:
+    explicit ClassFactory(Maker maker) noexcept : maker_(maker) {}
+
     STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
         if (!object) return E_POINTER;
         const bool known = iid == IID_IUnknown || iid == IID_IClassFactory;
@@ -32,7 +32,7 @@ public:
         *object = nullptr;
         // An outer object has to keep the inner one by its own, non-delegating IUnknown.
         if (outer && iid != IID_IUnknown) return CLASS_E_NOAGGREGATION;
-        return Guarded([&] { return ControlObject::Create(outer, iid, object); });
+        return Guarded([&] { return maker_(outer, iid, object); });
     }
     STDMETHODIMP LockServer(BOOL lock) noexcept override {
         if (lock)
@@ -47,16 +47,14 @@ private:
 
     ModuleReference module_;
     std::atomic<ULONG> references_ = 1;
+    Maker maker_;
 };
 
 } // namespace
 
-HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) {
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    if (classId != CLSID_VantikFrameTab) return CLASS_E_CLASSNOTAVAILABLE;
-    const auto factory = ComPtr<IClassFactory>::Adopt(new ClassFactory);
-    return factory->QueryInterface(iid, object);
+HRESULT MakeClassFactory(Maker maker, REFIID iid, void** factory) {
+    const auto made = ComPtr<IClassFactory>::Adopt(new ClassFactory(maker));
+    return made->QueryInterface(iid, factory);
 }
 
 } // namespace vantik

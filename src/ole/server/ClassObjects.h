@@ -1,4 +1,4 @@
-// Makes controls.
+// The classes of the module: the control and its property pages.
 #pragma once
 
 #include "platform/mDeclares.h"
