@@ -3,6 +3,7 @@
 #include <wincodec.h>
 
 #include "host/HostError.h"
+#include "host/PixelCanvas.h"
 #include "platform/ComPtr.h"
 
 namespace vantik {
@@ -20,37 +21,6 @@ public:
 private:
     HWND window_;
     HDC dc_;
-};
-
-// A bitmap whose pixels can be read, selected into a device context of its own.
-class PixelCanvas {
-public:
-    PixelCanvas(int width, int height) : dc_(CreateCompatibleDC(nullptr)) {
-        BITMAPINFO info = {};
-        info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits_, nullptr, 0);
-        old_ = SelectObject(dc_, bitmap_);
-    }
-    ~PixelCanvas() {
-        SelectObject(dc_, old_);
-        DeleteObject(bitmap_);
-        DeleteDC(dc_);
-    }
-    PixelCanvas(const PixelCanvas&) = delete;
-    PixelCanvas& operator=(const PixelCanvas&) = delete;
-
-    HDC Get() const noexcept { return dc_; }
-    const std::uint32_t* Pixels() const {
-        if (!bits_) throw HostError("no memory for a picture");
-        GdiFlush();
-        return static_cast<const std::uint32_t*>(bits_);
-    }
-
-private:
-    HDC dc_;
-    void* bits_ = nullptr;
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ old_ = nullptr;
 };
 
 constexpr const char* Writing = "Writing a picture";
@@ -82,16 +52,11 @@ Snapshot TakeSnapshot(HWND window) {
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     RECT client = {};
     if (!GetClientRect(window, &client)) throw HostError("there is no window to take a picture of");
-    Snapshot snapshot = {client.right, client.bottom, {}};
-    const std::size_t count =
-        static_cast<std::size_t>(snapshot.Width) * static_cast<std::size_t>(snapshot.Height);
-    if (count == 0) return snapshot;
+    if (client.right < 1 || client.bottom < 1) return {client.right, client.bottom, {}};
     const WindowDC source(window);
-    const PixelCanvas canvas(snapshot.Width, snapshot.Height);
-    BitBlt(canvas.Get(), 0, 0, snapshot.Width, snapshot.Height, source.Get(), 0, 0, SRCCOPY);
-    snapshot.Pixels.assign(canvas.Pixels(), canvas.Pixels() + count);
-    for (std::uint32_t& pixel : snapshot.Pixels) pixel &= 0xFFFFFF;
-    return snapshot;
+    PixelCanvas canvas(client.right, client.bottom);
+    BitBlt(canvas.DC(), 0, 0, client.right, client.bottom, source.Get(), 0, 0, SRCCOPY);
+    return canvas.Take();
 }
 
 void SavePng(const Snapshot& snapshot, const std::wstring& path) {

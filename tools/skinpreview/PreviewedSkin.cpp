@@ -1,0 +1,106 @@
+#include "tools/skinpreview/PreviewedSkin.h"
+
+#include <shlwapi.h>
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "host/HostError.h"
+#include "host/PixelCanvas.h"
+#include "platform/ComPtr.h"
+#include "tools/skin/DefinitionText.h"
+#include "tools/skin/FolderSource.h"
+
+namespace vantik {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::wstring Wide(std::u16string_view text) { return {text.begin(), text.end()}; }
+
+// By the loader that the control uses, so that whatever it shows can be shown here.
+ComPtr<IPicture> LoadPicture(const SkinFile& file) {
+    const auto size = static_cast<UINT>(file.Bytes.size());
+    ComPtr<IStream> stream;
+    *stream.Put() = SHCreateMemStream(file.Bytes.data(), size);
+    ComPtr<IPicture> picture;
+    Check(OleLoadPicture(stream.Get(), static_cast<LONG>(size), FALSE, __uuidof(IPicture), picture.PutVoid()),
+          "Loading the skin's bitmap");
+    return picture;
+}
+
+Snapshot ReadPicture(const SkinFile& file) {
+    const ComPtr<IPicture> picture = LoadPicture(file);
+    OLE_HANDLE handle = 0;
+    Check(picture->get_Handle(&handle), "Reading the skin's bitmap");
+    const auto bitmap = reinterpret_cast<HBITMAP>(static_cast<std::uintptr_t>(handle));
+    BITMAP extent = {};
+    if (!GetObjectW(bitmap, sizeof extent, &extent)) throw HostError("the skin's picture is no bitmap");
+    PixelCanvas canvas(extent.bmWidth, extent.bmHeight);
+    BITMAPINFO info = {};
+    info.bmiHeader = {
+        sizeof(BITMAPINFOHEADER), extent.bmWidth, -extent.bmHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    GetDIBits(canvas.DC(), bitmap, 0, static_cast<UINT>(extent.bmHeight), canvas.Pixels(), &info,
+              DIB_RGB_COLORS);
+    return canvas.Take();
+}
+
+bool HasRole(const std::u16string& key) {
+    return key == u"DELETEBUTTON" || key == u"LEFTBUTTON" || key == u"RIGHTBUTTON" || key == u"MENUBAR";
+}
+
+} // namespace
+
+PreviewedSkin::PreviewedSkin(const fs::path& definition) : definition_(fs::absolute(definition)) {
+    if (!FolderSource(definition_).IsThere()) throw HostError("cannot read " + ToUtf8(definition_.wstring()));
+    CopyFolder();
+    ReadDefinition();
+}
+
+std::wstring PreviewedSkin::Title() const {
+    return definition_.parent_path().filename().wstring() + L"  " + definition_.filename().wstring();
+}
+
+std::wstring PreviewedSkin::BitmapName() const { return bitmapName_; }
+
+std::wstring PreviewedSkin::SkinFile(Side side) const {
+    const fs::path sides = SidesOf(definition_.filename());
+    return (!Lies(side) && fs::exists(copy_.PathOf(sides.wstring())) ? sides : definition_.filename())
+        .wstring();
+}
+
+fs::path PreviewedSkin::Settings(Side side) const {
+    const fs::path lying = L"SETTINGS.TXT";
+    for (const fs::path& file : {Lies(side) ? lying : SidesOf(lying), lying})
+        if (fs::exists(copy_.PathOf(file.wstring()))) return copy_.PathOf(file.wstring());
+    return {};
+}
+
+fs::path PreviewedSkin::SidesOf(const fs::path& file) const {
+    return file.stem().wstring() + L"-SIDES" + file.extension().wstring();
+}
+
+void PreviewedSkin::CopyFolder() const {
+    for (const fs::directory_entry& each : fs::directory_iterator(definition_.parent_path()))
+        if (each.is_regular_file())
+            fs::copy_file(each.path(), copy_.PathOf(each.path().filename().wstring()));
+}
+
+void PreviewedSkin::ReadDefinition() {
+    const FolderSource source(definition_);
+    const DefinitionText text(source.Definition());
+    std::u16string bitmap;
+    for (const DefinitionLine& line : text.Lines()) {
+        if (line.Rect) rects_[static_cast<std::size_t>(*line.Rect)] = text.RectOf(line);
+        if (line.IsFile) bitmap = DecodeAnsi(text.At(line.Value));
+        const bool isIcon = line.Kind == LineKind::Entry && line.Section == SectionKind::Icon;
+        if (isIcon && !HasRole(text.Upper(line.Key))) tabIcons_.push_back(Wide(text.Upper(line.Key)));
+    }
+    const std::vector<vantik::SkinFile> files = source.Find(bitmap);
+    if (bitmap.empty() || files.empty()) throw HostError("the definition names no bitmap that is there");
+    bitmapName_ = Wide(bitmap);
+    bitmap_ = ReadPicture(files.front());
+}
+
+} // namespace vantik
