@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/FilePath.h"
 #include "base/Text.h"
@@ -43,25 +44,23 @@ const Role* RoleOf(std::u16string_view key) {
     return role == std::end(Roles) ? nullptr : role;
 }
 
-bool IsGiven(const DefinitionText& text, const Role& role) {
-    return std::any_of(text.Lines().begin(), text.Lines().end(), [&](const DefinitionLine& each) {
-        return IsIcon(each) && text.Upper(each.Key) == role.Key;
-    });
+using MissingRoles = std::vector<const Role*>;
+
+MissingRoles RolesNotGiven(const DefinitionText& text) {
+    MissingRoles missing;
+    for (const Role& role : Roles) missing.push_back(&role);
+    for (const DefinitionLine& line : text.Lines())
+        if (IsIcon(line)) std::erase(missing, RoleOf(text.Upper(line.Key)));
+    return missing;
 }
 
 // A key that is nearly a role, which is not given otherwise; null for the names of tab icons.
-const Role* RoleMeantBy(const DefinitionText& text, const DefinitionLine& line) {
-    const std::u16string key = text.Upper(line.Key);
+const Role* RoleMeantBy(const std::u16string& key, const MissingRoles& missing) {
     if (RoleOf(key)) return nullptr;
-    for (const Role& role : Roles)
-        if (!IsGiven(text, role) && !Nearest(key, {&role.Key, 1}).empty()) return &role;
-    return nullptr;
-}
-
-bool IsMeantByAnyLine(const DefinitionText& text, const Role& role) {
-    return std::any_of(text.Lines().begin(), text.Lines().end(), [&](const DefinitionLine& each) {
-        return IsIcon(each) && RoleMeantBy(text, each) == &role;
+    const auto meant = std::find_if(missing.begin(), missing.end(), [&](const Role* each) {
+        return !Nearest(key, {&each->Key, 1}).empty();
     });
+    return meant == missing.end() ? nullptr : *meant;
 }
 
 void ReportRoleless(const DefinitionText& text, const DefinitionLine& line, const Role& meant,
@@ -73,16 +72,27 @@ void ReportRoleless(const DefinitionText& text, const DefinitionLine& line, cons
                                   .Meant = ToUtf8(meant.Key)});
 }
 
-void ReportMissingRoles(const DefinitionText& text, Report& report) {
+void ReportMissingRoles(const DefinitionText& text, const MissingRoles& missing, Report& report) {
     const auto section =
         std::find_if(text.Lines().begin(), text.Lines().end(), [](const DefinitionLine& each) {
             return each.Kind == LineKind::Section && each.Section == SectionKind::Icon;
         });
     if (section == text.Lines().end()) return;
-    for (const Role& role : Roles)
-        if (!IsGiven(text, role) && !IsMeantByAnyLine(text, role))
-            report.Warn(section->Content.Begin,
-                        {.What = "there is no icon " + ToUtf8(role.Key), .Effect = role.EffectOfMissing});
+    for (const Role* role : missing)
+        report.Warn(section->Content.Begin,
+                    {.What = "there is no icon " + ToUtf8(role->Key), .Effect = role->EffectOfMissing});
+}
+
+// Those that a key was meant for are told of there.
+void ReportRoles(const DefinitionText& text, Report& report) {
+    const MissingRoles missing = RolesNotGiven(text);
+    MissingRoles nowhere = missing;
+    for (const DefinitionLine& line : text.Lines()) {
+        const Role* const meant = IsIcon(line) ? RoleMeantBy(text.Upper(line.Key), missing) : nullptr;
+        if (meant) ReportRoleless(text, line, *meant, report);
+        std::erase(nowhere, meant);
+    }
+    ReportMissingRoles(text, nowhere, report);
 }
 
 // --- the files
@@ -108,7 +118,6 @@ std::string EffectOfTrouble(const CheckedPng& png, bool isRole) {
 void ReportIcon(const DefinitionText& text, const DefinitionLine& line, const SkinSource& source,
                 Report& report) {
     const bool isRole = RoleOf(text.Upper(line.Key));
-    if (const Role* const meant = RoleMeantBy(text, line)) ReportRoleless(text, line, *meant, report);
     const auto file = FindNamedFile(text, line, source, EffectOfNoPicture(isRole), report);
     if (!file) return;
     const CheckedPng png = CheckPng(file->Bytes);
@@ -123,7 +132,7 @@ void ReportIcon(const DefinitionText& text, const DefinitionLine& line, const Sk
 } // namespace
 
 void ReportIcons(const DefinitionText& text, const SkinSource& source, Report& report) {
-    ReportMissingRoles(text, report);
+    ReportRoles(text, report);
     for (const DefinitionLine& line : text.Lines())
         if (IsIcon(line)) ReportIcon(text, line, source, report);
 }

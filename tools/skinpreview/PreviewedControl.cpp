@@ -81,7 +81,7 @@ void PreviewedControl::SetUsualValues(const PreviewedSkin& skin) {
 
 void PreviewedControl::SetFont(const PreviewedSkin& skin) {
     SavedFont font;
-    font.Name = L"Liberation Sans";
+    font.Name = L"Segoe UI";
     font.Size = 9 * ScaleOf(skin);
     PutReference(Control(), L"Font", MakeAgain(font).Get());
 }

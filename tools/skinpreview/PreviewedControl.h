@@ -21,10 +21,6 @@ public:
     Snapshot GreyedButtons();
     Snapshot ReleasedButtons();
     Snapshot PressedButtons();
-
-    // Where the bars of the looks stand, in their order, along the row as the control tells it.
-    std::vector<RECT> BarPlaces();
-
 private:
     IDispatch& Control() { return form_.Control(); }
     int Number(const wchar_t* property);
@@ -40,6 +36,7 @@ private:
 
     std::vector<Node> Parts(LONG role);
     RECT PlaceOf(const Node& node);
+    std::vector<RECT> BarPlaces();
     std::vector<RECT> ButtonPlaces();
     Snapshot CutButtons(const Snapshot& picture);
 
