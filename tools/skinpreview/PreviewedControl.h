@@ -21,6 +21,7 @@ public:
     Snapshot GreyedButtons();
     Snapshot ReleasedButtons();
     Snapshot PressedButtons();
+
 private:
     IDispatch& Control() { return form_.Control(); }
     int Number(const wchar_t* property);
