@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr DISPID FirstEvent = 1, TabDownEvent = 5, LastEvent = 6;
+constexpr DISPID FirstEvent = 1, DownBarDownEvent = 1, TabDownEvent = 5, TabCloseEvent = 6, LastEvent = 6;
 
 Com<IUnknown> Create() {
     IUnknown* object = nullptr;
@@ -101,10 +101,20 @@ STDMETHODIMP TabSite::GetTypeInfoCount(UINT* count) noexcept {
 }
 
 // Arguments come last first, each by reference.
+void TabSite::Hear(DISPID event, const DISPPARAMS& arguments) {
+    if (event == DownBarDownEvent && MenuDown) MenuDown();
+    if (event == TabDownEvent && TabDown) TabDown(*arguments.rgvarg[1].piVal, *arguments.rgvarg[0].piVal);
+    if (event == TabCloseEvent && TabClose) TabClose(*arguments.rgvarg[0].piVal);
+}
+
+// No exception leaves by the control, whatever compiler that was made with.
 STDMETHODIMP TabSite::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
                              UINT*) noexcept {
     if (event < FirstEvent || event > LastEvent) return DISP_E_MEMBERNOTFOUND; // it has no ambient properties
-    if (event == TabDownEvent && TabDown && arguments->cArgs == 2)
-        TabDown(*arguments->rgvarg[1].piVal, *arguments->rgvarg[0].piVal);
-    return S_OK;
+    try {
+        Hear(event, *arguments);
+        return S_OK;
+    } catch (const ComError& error) {
+        return error.Result;
+    }
 }

@@ -1,35 +1,12 @@
 // All that the control needs of a host that is a plain window: a site, a place in the window, and somebody who hears its events.
 #pragma once
 
-#include <windows.h>
+#include "Com.h"
 
-#include <VantikFrameTabProject.h>
 #include <ocidl.h>
 #include <oleidl.h>
 
 #include <functional>
-#include <memory>
-
-struct Releaser {
-    void operator()(IUnknown* object) const noexcept { object->Release(); }
-};
-template <class Interface>
-using Com = std::unique_ptr<Interface, Releaser>;
-
-template <class Interface>
-Com<Interface> Query(IUnknown& object) {
-    Interface* found = nullptr;
-    object.QueryInterface(__uuidof(Interface), reinterpret_cast<void**>(&found));
-    return Com<Interface>(found);
-}
-
-// Throws the error that a call returned.
-struct ComError {
-    HRESULT Result;
-};
-inline void Check(HRESULT result) {
-    if (FAILED(result)) throw ComError{result};
-}
 
 // Lives longer than the control, so nobody has to count who uses it.
 class TabSite final : public IOleClientSite,
@@ -47,8 +24,10 @@ public:
     HWND Window() const noexcept; // of the control; the windows on its pages are children of it
     void Move(const RECT& place);
 
-    // Index and Button of the event. What is left in the index counts.
+    // The events that the form hears. What is left in an index counts; -1 keeps a tab from being closed.
     std::function<void(short& index, short button)> TabDown;
+    std::function<void(short& index)> TabClose;
+    std::function<void()> MenuDown;
 
     // For the message loop: whether the control, or what is active on it, has used the key.
     bool UsesKey(MSG& message) const noexcept;
@@ -104,6 +83,8 @@ public:
                         UINT*) noexcept override;
 
 private:
+    void Hear(DISPID event, const DISPPARAMS& arguments);
+
     HWND form_;
     RECT place_;
     Com<IOleObject> object_;

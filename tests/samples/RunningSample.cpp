@@ -9,24 +9,68 @@ namespace vantik {
 
 namespace {
 
-constexpr DWORD Patience = 30'000; // milliseconds
+constexpr DWORD Patience = 12'000; // milliseconds
 
-// Of the process: a form of one that was ended may still be there for a moment.
+// A shown window of the process that is wanted: one that was ended may still have its own there for a moment.
 struct Wanted {
     DWORD Process;
-    const std::wstring& Title;
+    std::function<bool(HWND)> IsIt;
     HWND Found = nullptr;
 };
 
-BOOL CALLBACK FindForm(HWND window, LPARAM parameter) {
+BOOL CALLBACK FindWanted(HWND window, LPARAM parameter) {
     auto& wanted = *reinterpret_cast<Wanted*>(parameter);
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    wchar_t title[128] = {};
-    GetWindowTextW(window, title, 128);
-    if (process != wanted.Process || title != wanted.Title || !IsWindowVisible(window)) return TRUE;
+    if (process != wanted.Process || !IsWindowVisible(window) || !wanted.IsIt(window)) return TRUE;
     wanted.Found = window;
     return FALSE;
+}
+
+HWND Find(HANDLE process, std::function<bool(HWND)> isIt) {
+    Wanted wanted = {GetProcessId(process), std::move(isIt)};
+    EnumWindows(FindWanted, reinterpret_cast<LPARAM>(&wanted));
+    return wanted.Found;
+}
+
+std::wstring TitleOf(HWND window) {
+    wchar_t title[128] = {};
+    GetWindowTextW(window, title, 128);
+    return title;
+}
+
+std::wstring ClassOf(HWND window) {
+    wchar_t name[128] = {};
+    GetClassNameW(window, name, 128);
+    return name;
+}
+
+HWND DescendantOfClass(HWND window, const wchar_t* name) {
+    if (const HWND child = FindWindowExW(window, nullptr, name, nullptr)) return child;
+    for (HWND child = nullptr; (child = FindWindowExW(window, child, nullptr, nullptr)) != nullptr;)
+        if (const HWND found = DescendantOfClass(child, name)) return found;
+    return nullptr;
+}
+
+std::optional<Node> FindShown(const Node& node, const std::wstring& name) {
+    const RECT place = node.Place();
+    if (node.Name() == name && place.right > place.left && node.Role() != ROLE_SYSTEM_PROPERTYPAGE)
+        return node;
+    for (const Node& child : node.Children())
+        if (const auto found = FindShown(child, name)) return found;
+    return std::nullopt;
+}
+
+LPARAM MiddleOf(const Node& node, HWND window) {
+    const RECT place = node.Place();
+    POINT middle = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    ScreenToClient(window, &middle);
+    return MAKELPARAM(middle.x, middle.y);
+}
+
+void PostKey(HWND window, WORD key) {
+    PostMessageW(window, WM_KEYDOWN, key, 1);
+    PostMessageW(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
 }
 
 } // namespace
@@ -34,9 +78,7 @@ BOOL CALLBACK FindForm(HWND window, LPARAM parameter) {
 RunningSample::RunningSample(const std::wstring& program, const std::wstring& title)
     : process_(StartProgram(L"\"" + ProgramFolder() + L"\\..\\..\\samples\\" + program + L"\"")) {
     const bool came = Becomes([&] {
-        Wanted wanted = {GetProcessId(process_), title};
-        EnumWindows(FindForm, reinterpret_cast<LPARAM>(&wanted));
-        form_ = wanted.Found;
+        form_ = Find(process_, [&](HWND window) { return TitleOf(window) == title; });
         return form_ != nullptr;
     });
     if (!came) throw HostError("the sample shows no form");
@@ -47,7 +89,7 @@ RunningSample::~RunningSample() {
     CloseHandle(process_);
 }
 
-HWND RunningSample::Tabs() const { return FindWindowExW(form_, nullptr, L"VantikFrameTab", nullptr); }
+HWND RunningSample::Tabs() const { return DescendantOfClass(form_, L"VantikFrameTab"); }
 
 std::string RunningSample::Tree() const {
     TreeOptions options;
@@ -56,9 +98,40 @@ std::string RunningSample::Tree() const {
     return root ? TreeText(*root, options) : std::string();
 }
 
-void RunningSample::Press(WORD key) const {
-    PostMessageW(Tabs(), WM_KEYDOWN, key, 1);
-    PostMessageW(Tabs(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+bool RunningSample::Shows(const std::string& text) const {
+    return Becomes([&] { return Tree().find(text) != std::string::npos; });
+}
+
+void RunningSample::Press(WORD key) const { PostKey(Tabs(), key); }
+
+void RunningSample::Click(const std::wstring& name) const {
+    const auto row = Node::OfWindow(Tabs());
+    const auto meant = row ? FindShown(*row, name) : std::nullopt;
+    if (!meant) throw HostError("nothing shown is called " + ToUtf8(name));
+    const LPARAM place = MiddleOf(*meant, Tabs());
+    PostMessageW(Tabs(), WM_MOUSEMOVE, 0, place);
+    PostMessageW(Tabs(), WM_LBUTTONDOWN, MK_LBUTTON, place);
+    PostMessageW(Tabs(), WM_LBUTTONUP, 0, place);
+}
+
+HWND RunningSample::FindWindowOfClass(const wchar_t* name) const {
+    HWND found = nullptr;
+    Becomes([&] {
+        found = Find(process_, [&](HWND window) { return ClassOf(window) == name; });
+        return found != nullptr;
+    });
+    return found;
+}
+
+void RunningSample::ChooseFromMenu(int steps) const {
+    const HWND menu = FindWindowOfClass(L"#32768");
+    for (int step = 0; step < steps; ++step) PostKey(menu, VK_DOWN);
+    PostKey(menu, VK_RETURN);
+}
+
+bool RunningSample::Answer(WORD button) const {
+    const HWND box = FindWindowOfClass(L"#32770");
+    return box && PostMessageW(box, WM_COMMAND, button, 0) && Becomes([&] { return !IsWindow(box); });
 }
 
 bool RunningSample::Becomes(const std::function<bool()>& holds) {

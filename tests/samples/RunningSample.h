@@ -20,7 +20,15 @@ public:
     HWND Tabs() const; // the control's window, which stands on it
 
     std::string Tree() const;
-    void Press(WORD key) const; // while the control has the focus
+    bool Shows(const std::string& text) const; // in the end: half a minute is waited for it
+    void Press(WORD key) const;                // while the control has the focus
+
+    // With the pointer on the tab or button that readers know by the name. HostError where none is shown.
+    void Click(const std::wstring& name) const;
+    // In the menu that the sample shows: the entry so many steps down.
+    void ChooseFromMenu(int steps) const;
+    // In the message box that the sample shows. False when there is none in half a minute.
+    bool Answer(WORD button) const;
 
     // False when it did not become so within half a minute.
     static bool Becomes(const std::function<bool()>& holds);
@@ -29,6 +37,8 @@ public:
     DWORD Close() const;
 
 private:
+    HWND FindWindowOfClass(const wchar_t* name) const;
+
     HANDLE process_ = nullptr;
     HWND form_ = nullptr;
 };
