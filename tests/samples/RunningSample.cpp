@@ -95,14 +95,23 @@ std::string RunningSample::Tree() const {
     TreeOptions options;
     ClientToScreen(Tabs(), &options.Origin);
     const auto root = Node::OfWindow(Tabs());
-    return root ? TreeText(*root, options) : std::string();
+    std::string text = root ? TreeText(*root, options) : std::string();
+    for (HWND label = nullptr; (label = FindWindowExW(form_, label, L"STATIC", nullptr)) != nullptr;)
+        text += LineOf(*Node::OfWindow(label), options.Origin) + "\n";
+    return text;
 }
 
 bool RunningSample::Shows(const std::string& text) const {
     return Becomes([&] { return Tree().find(text) != std::string::npos; });
 }
 
-void RunningSample::Press(WORD key) const { PostKey(Tabs(), key); }
+// To the window that has the focus, as a keyboard does.
+void RunningSample::Press(WORD key) const {
+    GUITHREADINFO thread = {};
+    thread.cbSize = sizeof thread;
+    GetGUIThreadInfo(GetWindowThreadProcessId(form_, nullptr), &thread);
+    PostKey(thread.hwndFocus ? thread.hwndFocus : form_, key);
+}
 
 void RunningSample::Click(const std::wstring& name) const {
     const auto row = Node::OfWindow(Tabs());
@@ -142,6 +151,10 @@ bool RunningSample::Becomes(const std::function<bool()>& holds) {
 
 DWORD RunningSample::Close() const {
     PostMessageW(form_, WM_CLOSE, 0, 0);
+    return ExitCode();
+}
+
+DWORD RunningSample::ExitCode() const {
     WaitForSingleObject(process_, Patience);
     DWORD code = 0;
     GetExitCodeProcess(process_, &code);

@@ -19,9 +19,9 @@ public:
     HWND Form() const noexcept { return form_; }
     HWND Tabs() const; // the control's window, which stands on it
 
-    std::string Tree() const;
+    std::string Tree() const;                  // of the control, and then the form's own labels
     bool Shows(const std::string& text) const; // in the end: half a minute is waited for it
-    void Press(WORD key) const;                // while the control has the focus
+    void Press(WORD key) const;                // where the focus is
 
     // With the pointer on the tab or button that readers know by the name. HostError where none is shown.
     void Click(const std::wstring& name) const;
@@ -33,7 +33,8 @@ public:
     // False when it did not become so within half a minute.
     static bool Becomes(const std::function<bool()>& holds);
 
-    // As its user closes it: the exit code, or STILL_ACTIVE.
+    // Of one that ends by itself, or as its user closes it; STILL_ACTIVE where it does not.
+    DWORD ExitCode() const;
     DWORD Close() const;
 
 private:

@@ -1,0 +1,42 @@
+// What owns an interface or a text of COM, and what becomes of its errors.
+#pragma once
+
+#include <windows.h>
+
+#include <VantikFrameTabProject.h>
+
+#include <memory>
+#include <string>
+
+struct Releaser {
+    void operator()(IUnknown* object) const noexcept { object->Release(); }
+};
+template <class Interface>
+using Com = std::unique_ptr<Interface, Releaser>;
+
+template <class Interface>
+Com<Interface> Query(IUnknown& object) {
+    Interface* found = nullptr;
+    object.QueryInterface(__uuidof(Interface), reinterpret_cast<void**>(&found));
+    return Com<Interface>(found);
+}
+
+// Throws the error that a call returned.
+struct ComError {
+    HRESULT Result;
+};
+inline void Check(HRESULT result) {
+    if (FAILED(result)) throw ComError{result};
+}
+
+struct Text {
+    Text() = default;
+    explicit Text(const std::wstring& text) : Value(SysAllocString(text.c_str())) {}
+    ~Text() { SysFreeString(Value); }
+    Text(const Text&) = delete;
+    Text& operator=(const Text&) = delete;
+
+    std::wstring String() const { return {Value ? Value : L"", SysStringLen(Value)}; }
+
+    BSTR Value = nullptr;
+};
