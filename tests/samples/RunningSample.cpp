@@ -45,10 +45,10 @@ std::wstring ClassOf(HWND window) {
     return name;
 }
 
-HWND DescendantOfClass(HWND window, const wchar_t* name) {
-    if (const HWND child = FindWindowExW(window, nullptr, name, nullptr)) return child;
+HWND FindBelow(HWND window, const wchar_t* className, const wchar_t* text) {
+    if (const HWND child = FindWindowExW(window, nullptr, className, text)) return child;
     for (HWND child = nullptr; (child = FindWindowExW(window, child, nullptr, nullptr)) != nullptr;)
-        if (const HWND found = DescendantOfClass(child, name)) return found;
+        if (const HWND found = FindBelow(child, className, text)) return found;
     return nullptr;
 }
 
@@ -89,7 +89,7 @@ RunningSample::~RunningSample() {
     CloseHandle(process_);
 }
 
-HWND RunningSample::Tabs() const { return DescendantOfClass(form_, L"VantikFrameTab"); }
+HWND RunningSample::Tabs() const { return FindBelow(form_, L"VantikFrameTab", nullptr); }
 
 std::string RunningSample::Tree() const {
     TreeOptions options;
@@ -99,6 +99,13 @@ std::string RunningSample::Tree() const {
     for (HWND label = nullptr; (label = FindWindowExW(form_, label, L"STATIC", nullptr)) != nullptr;)
         text += LineOf(*Node::OfWindow(label), options.Origin) + "\n";
     return text;
+}
+
+HGDIOBJ RunningSample::BrushBehind(const wchar_t* label) const {
+    const HWND window = FindBelow(Tabs(), L"Static", label);
+    const LRESULT brush =
+        SendMessageW(GetParent(window), WM_CTLCOLORSTATIC, 0, reinterpret_cast<LPARAM>(window));
+    return reinterpret_cast<HGDIOBJ>(brush);
 }
 
 bool RunningSample::Shows(const std::string& text) const {

@@ -20,6 +20,8 @@ public:
     HWND Tabs() const; // the control's window, which stands on it
 
     std::string Tree() const;                  // of the control, and then the form's own labels
+    // What the label with the text is painted on, by the answer to its question.
+    HGDIOBJ BrushBehind(const wchar_t* label) const;
     bool Shows(const std::string& text) const; // in the end: half a minute is waited for it
     void Press(WORD key) const;                // where the focus is
 

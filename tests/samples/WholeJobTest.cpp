@@ -74,6 +74,8 @@ TEST_CASE_TEMPLATE(
     CHECK(test.Sample.Shows("130x32 -> Switch")); // as wide and high as the skin's values and pieces say
     CHECK(test.Sample.Shows(Form::Mail));
     CHECK(test.Lacks("Notes:"));
+    CHECK(test.Sample.BrushBehind(L"&Name:") ==
+          GetStockObject(DC_BRUSH)); // the page's colour, not the system's
     CHECK(FaultsOf(*Node::OfWindow(test.Sample.Tabs())).empty());
 
     test.Sample.Press(VK_RIGHT);
