@@ -37,10 +37,10 @@ Form::Form() {
 
 void Form::Open() {
     const Object& control = tabs_->Control();
+    UseSkin(control, L"light");        // before there are tabs to show in another one
     control.Put(L"TabOffSet", 40000L); // twips; wider than the control will ever be
     control.Put(L"FrameDist", 6L);     // pixels
     control.Put(L"TabCount", PageCount);
-    UseSkin(control, L"light");
     AddPages();
     AddStatus();
     events_->TabDown = [this](short& tab, short) { OnTabDown(tab); };

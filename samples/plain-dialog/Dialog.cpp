@@ -42,9 +42,9 @@ Dialog::Dialog() {
 }
 
 void Dialog::Open() {
+    UseSkin(*control_, L"light");          // before there are tabs to show in another one
     Check(control_->put_TabOffSet(40000)); // twips; wider than the control will ever be
     Check(control_->put_TabCount(PageCount));
-    UseSkin(*control_, L"light");
     AddPages();
     events_->TabDown = [this](short& tab, short) { OnTabDown(tab); };
     events_->TabClose = [this](short& tab) { OnTabClose(tab); };

@@ -44,10 +44,10 @@ Form::Form() {
 }
 
 void Form::Open() {
+    UseSkin(site_->Tab(), L"light");          // before there are tabs to show in another one
     Check(site_->Tab().put_TabOffSet(40000)); // twips; wider than the control will ever be
     Check(site_->Tab().put_FrameDist(6));     // pixels
     Check(site_->Tab().put_TabCount(PageCount));
-    UseSkin(site_->Tab(), L"light");
     AddPages();
     AddStatus();
     site_->TabDown = [this](short& tab, short) { OnTabDown(tab); };

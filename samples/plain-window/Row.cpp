@@ -6,7 +6,7 @@ constexpr int Previous = 0, Next = 1, Menu = 2;
 
 Com<IAccessible> RowOf(HWND control) {
     void* row = nullptr;
-    Check(AccessibleObjectFromWindow(control, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, &row));
+    Check(AccessibleObjectFromWindow(control, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &row));
     return Com<IAccessible>(static_cast<IAccessible*>(row));
 }
 

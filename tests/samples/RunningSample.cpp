@@ -45,10 +45,10 @@ std::wstring ClassOf(HWND window) {
     return name;
 }
 
-HWND FindBelow(HWND window, const wchar_t* className, const wchar_t* text) {
-    if (const HWND child = FindWindowExW(window, nullptr, className, text)) return child;
+HWND FindBelow(HWND window, const wchar_t* className) {
+    if (const HWND child = FindWindowExW(window, nullptr, className, nullptr)) return child;
     for (HWND child = nullptr; (child = FindWindowExW(window, child, nullptr, nullptr)) != nullptr;)
-        if (const HWND found = FindBelow(child, className, text)) return found;
+        if (const HWND found = FindBelow(child, className)) return found;
     return nullptr;
 }
 
@@ -76,7 +76,9 @@ void PostKey(HWND window, WORD key) {
 } // namespace
 
 RunningSample::RunningSample(const std::wstring& program, const std::wstring& title)
-    : process_(StartProgram(L"\"" + ProgramFolder() + L"\\..\\..\\samples\\" + program + L"\"")) {
+    : program_(ProgramFolder() + L"\\..\\..\\samples\\" + program) {
+    std::filesystem::remove_all(program_.parent_path() / L"Temp");
+    process_ = StartProgram(L"\"" + program_.wstring() + L"\"");
     const bool came = Becomes([&] {
         form_ = Find(process_, [&](HWND window) { return TitleOf(window) == title; });
         return form_ != nullptr;
@@ -89,7 +91,7 @@ RunningSample::~RunningSample() {
     CloseHandle(process_);
 }
 
-HWND RunningSample::Tabs() const { return FindBelow(form_, L"VantikFrameTab", nullptr); }
+HWND RunningSample::Tabs() const { return FindBelow(form_, L"VantikFrameTab"); }
 
 std::string RunningSample::Tree() const {
     TreeOptions options;
@@ -101,11 +103,8 @@ std::string RunningSample::Tree() const {
     return text;
 }
 
-HGDIOBJ RunningSample::BrushBehind(const wchar_t* label) const {
-    const HWND window = FindBelow(Tabs(), L"Static", label);
-    const LRESULT brush =
-        SendMessageW(GetParent(window), WM_CTLCOLORSTATIC, 0, reinterpret_cast<LPARAM>(window));
-    return reinterpret_cast<HGDIOBJ>(brush);
+bool RunningSample::HasBesideIt(const wchar_t* name) const {
+    return std::filesystem::exists(program_.parent_path() / name);
 }
 
 bool RunningSample::Shows(const std::string& text) const {

@@ -1,6 +1,7 @@
 // A sample in a process of its own, with the form that it shows: looked at as a screen reader does, and driven by messages.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -10,7 +11,7 @@ namespace vantik {
 
 class RunningSample {
 public:
-    // Waits for the form. Throws HostError when it does not come.
+    // Begins without what an earlier run wrote beside the program, and waits for the form. Throws HostError when it does not come.
     RunningSample(const std::wstring& program, const std::wstring& title);
     ~RunningSample(); // by force, if it is still there
     RunningSample(const RunningSample&) = delete;
@@ -19,11 +20,10 @@ public:
     HWND Form() const noexcept { return form_; }
     HWND Tabs() const; // the control's window, which stands on it
 
-    std::string Tree() const;                  // of the control, and then the form's own labels
-    // What the label with the text is painted on, by the answer to its question.
-    HGDIOBJ BrushBehind(const wchar_t* label) const;
-    bool Shows(const std::string& text) const; // in the end: half a minute is waited for it
-    void Press(WORD key) const;                // where the focus is
+    std::string Tree() const;                    // of the control, and then the form's own labels
+    bool HasBesideIt(const wchar_t* name) const; // a file or folder beside the program
+    bool Shows(const std::string& text) const;   // in the end: half a minute is waited for it
+    void Press(WORD key) const;                  // where the focus is
 
     // With the pointer on the tab or button that readers know by the name. HostError where none is shown.
     void Click(const std::wstring& name) const;
@@ -42,6 +42,7 @@ public:
 private:
     HWND FindWindowOfClass(const wchar_t* name) const;
 
+    std::filesystem::path program_;
     HANDLE process_ = nullptr;
     HWND form_ = nullptr;
 };

@@ -74,8 +74,6 @@ TEST_CASE_TEMPLATE(
     CHECK(test.Sample.Shows("130x32 -> Switch")); // as wide and high as the skin's values and pieces say
     CHECK(test.Sample.Shows(Form::Mail));
     CHECK(test.Lacks("Notes:"));
-    CHECK(test.Sample.BrushBehind(L"&Name:") ==
-          GetStockObject(DC_BRUSH)); // the page's colour, not the system's
     CHECK(FaultsOf(*Node::OfWindow(test.Sample.Tabs())).empty());
 
     test.Sample.Press(VK_RIGHT);
@@ -83,6 +81,7 @@ TEST_CASE_TEMPLATE(
     CHECK(test.Sample.Shows(Form::Notes));
     CHECK(test.Sample.Shows("\"Notes is open\""));
     CHECK(test.Lacks("Mail:"));
+    CHECK_FALSE(test.Sample.HasBesideIt(L"Temp")); // the built-in skin, written out for want of another
 }
 
 TEST_CASE_TEMPLATE("a sample refuses its locked page to keys and presses, and keeps it from being closed",
