@@ -7,7 +7,7 @@ Packages=(
     cmake ninja-build g++ clang libclang-rt-14-dev clang-format clang-tidy python3
     doctest-dev libbenchmark-dev libpng-dev libspng-dev liblodepng-dev libstb-dev zlib1g-dev
     mono-mcs libmono-system-windows-forms4.0-cil libmono-microsoft-csharp4.0-cil
-    git nsis cmark-gfm unzip mono-xbuild
+    git nsis cmark-gfm unzip mono-xbuild fp-compiler fpc-source
     imagemagick librsvg2-bin fonts-liberation fonts-dejavu fonts-wqy-zenhei
 )
 

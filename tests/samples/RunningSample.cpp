@@ -103,6 +103,11 @@ std::string RunningSample::Tree() const {
     return text;
 }
 
+bool RunningSample::HasInView(const std::wstring& name) const {
+    const auto row = Node::OfWindow(Tabs());
+    return row && FindShown(*row, name).has_value();
+}
+
 bool RunningSample::HasBesideIt(const wchar_t* name) const {
     return std::filesystem::exists(program_.parent_path() / name);
 }

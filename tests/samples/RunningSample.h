@@ -20,10 +20,11 @@ public:
     HWND Form() const noexcept { return form_; }
     HWND Tabs() const; // the control's window, which stands on it
 
-    std::string Tree() const;                    // of the control, and then the form's own labels
-    bool HasBesideIt(const wchar_t* name) const; // a file or folder beside the program
-    bool Shows(const std::string& text) const;   // in the end: half a minute is waited for it
-    void Press(WORD key) const;                  // where the focus is
+    std::string Tree() const;                       // of the control, and then the form's own labels
+    bool HasInView(const std::wstring& name) const; // a tab or button of the row
+    bool HasBesideIt(const wchar_t* name) const;    // a file or folder beside the program
+    bool Shows(const std::string& text) const;      // in the end: half a minute is waited for it
+    void Press(WORD key) const;                     // where the focus is
 
     // With the pointer on the tab or button that readers know by the name. HostError where none is shown.
     void Click(const std::wstring& name) const;
