@@ -66,19 +66,23 @@ begin
   Result := DISP_E_UNKNOWNNAME;
 end;
 
-// Arguments come last first, each by reference.
+// Arguments come last first, each by reference. No exception leaves by the control.
 function TTabEvents.Invoke(Event: LongInt; const Id: TGUID; Locale: LongInt; Flags: Word; var Params;
   Answer, Error, Wrong: Pointer): HResult; stdcall;
 var
   Arguments: PVariantArgList;
 begin
   Arguments := TDispParams(Params).rgvarg;
-  case Event of
-    DownBarDownEvent: MenuDown();
-    TabDownEvent: TabDown(Arguments^[1].piVal^);
-    TabCloseEvent: TabClose(Arguments^[0].piVal^);
-  end;
   Result := S_OK;
+  try
+    case Event of
+      DownBarDownEvent: MenuDown();
+      TabDownEvent: TabDown(Arguments^[1].piVal^);
+      TabCloseEvent: TabClose(Arguments^[0].piVal^);
+    end;
+  except
+    Result := E_FAIL;
+  end;
 end;
 
 end.
