@@ -46,13 +46,15 @@ def sources():
 
 
 def programs(builds):
-    """The samples that were built, each with the control beside it."""
+    """The samples that were built, each with the control and its skin beside it."""
     for processor, build in builds.items():
         for program in sorted((build / "samples").glob("*/*.exe")):
             folder = f"samples/{program.parent.name}/{processor}"
             yield f"{folder}/{program.name}", program.read_bytes()
             for name, data in control(build).items():
                 yield f"{folder}/{name}", data
+            for target, name in moved("skins/light", f"{folder}/Skins/light"):
+                yield target, checkout.read(name)
 
 
 def texts(version):

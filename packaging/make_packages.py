@@ -14,7 +14,7 @@ from archive import write_zip
 
 
 def installed(files, trees):
-    """What the setup program installs. The samples' programs write their skin beside themselves, which they may not there."""
+    """What the setup program installs: the samples as text, their programs are in the zip."""
     programs = dict(contents.programs(trees))
     return {name: data for name, data in files.items() if name not in programs}
 

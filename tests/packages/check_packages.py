@@ -76,7 +76,8 @@ zipped = {name.removeprefix(f"{TITLE}/"): data for name, data in files_of(f"pack
 check("all in one folder", sorted(path.name for path in unpacked.iterdir()), sorted({name.split("/")[0] for name in zipped}))
 
 same_in_both_builds(zipped, lambda processor: processor)
-same_in_both_builds(zipped, lambda processor: f"samples/plain-window/{processor}")
+for sample in ("atl-window", "plain-dialog", "plain-window"):
+    same_in_both_builds(zipped, lambda processor: f"samples/{sample}/{processor}")
 for processor, build in BUILDS.items():
     check(f"type library for {processor}", zipped[f"{processor}/VantikFrameTab.tlb"],
           (build / "idl/VantikFrameTab.tlb").read_bytes())

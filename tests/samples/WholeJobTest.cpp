@@ -24,7 +24,7 @@ struct AtlWindow : PlainWindow {
 };
 
 struct FreePascal : PlainWindow {
-    static constexpr const wchar_t* Program = L"free-pascal\\free-pascal.exe";
+    static constexpr const wchar_t* Program = L"..\\tests\\samples\\free-pascal\\free-pascal.exe";
     static constexpr const wchar_t* Title = L"Free Pascal";
     static constexpr bool IsRowFollowing = false;
 };

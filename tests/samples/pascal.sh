@@ -7,7 +7,7 @@ set -uo pipefail
 source "$ROOT/tests/scripts/check.sh"
 
 Source=$(echo /usr/share/fpcsrc/*)
-Target=$BUILD/samples/free-pascal
+Target=$BUILD/tests/samples/free-pascal
 
 explain() { tail -n 20 said; }
 
