@@ -34,6 +34,7 @@ make_skins() {
 
 ended() { [[ $Status == "$1" && -z $Errors ]]; }
 has_line() { [[ $'\n'$Output$'\n' == *$'\n'"$1"$'\n'* ]]; }
+has_output() { [[ -n $1 && $Output == "$1" ]]; }
 counts() { [[ ${Output##*$'\n'} == "$1" ]]; }
 refused() { [[ $Status == 2 && -z $Output && $Errors == "usage: skincheck "* ]]; }
 
@@ -93,6 +94,15 @@ json() {
     check "quotation marks and control characters in JSON" same_in_json odd.ini
 }
 
+# The commands that docs/skins.md shows, and what it says that they print.
+documented() {
+    sed -n '/^## Checking one/,/^## Ch/s/^    //p' "$ROOT/docs/skins.md" >documented.txt
+    ln -sfn "$ROOT/skins" skins
+    eval "$(sed -n 's/^\$ //p' documented.txt | grep -v skincheck)"
+    skincheck mine/SKIN.INI
+    check "the example of the documents" has_output "$(grep -v '^\$' documented.txt)"
+}
+
 refusals() {
     skincheck --help
     check "help is no failure" ended 0
@@ -111,5 +121,6 @@ make_skins
 shipped_skins
 faults
 json
+documented
 refusals
 sum_up

@@ -106,7 +106,7 @@ void ReportWideFill(const GivenRect& given, Report& report) {
 
 // --- beside each other
 
-std::string Pixels(std::int32_t count) { return std::to_string(count) + " pixels"; }
+std::string Pixels(std::int32_t count) { return std::to_string(count) + (count == 1 ? " pixel" : " pixels"); }
 
 void ReportTallerThanRow(const GivenRect& given, const GivenRect& row, Report& report) {
     if (!row.Line || row.Rect.Height <= 0 || given.Rect.Height <= row.Rect.Height) return;

@@ -87,7 +87,7 @@ const Planted Definitions[] = {
     {9, "5: 0,1,9,0", 9, 10, E, "rectangle 5 (LeftPic0) has its bottom edge above its top one"},
     {5, "1: 9,0,9,0", 5, 10, E, "rectangle 1 (BRect) has its bottom edge above its top one"},
     {26, "22: 8,9,25,25", 26, 7, W,
-     "rectangle 22 (FRightLine) is 2 pixels wide and rectangle 20 (FBottomLine) 1 pixels"},
+     "rectangle 22 (FRightLine) is 2 pixels wide and rectangle 20 (FBottomLine) 1 pixel"},
     {11, "7: 20,21,0,10", 11, 12, W,
      "rectangle 7 (LeftPic2) is 11 pixels high and the row (BRect) 10 pixels"},
     {11, "7: 20,21,0,8", 9, 10, W,
