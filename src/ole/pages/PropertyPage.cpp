@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Text.h"
 #include "ole/com/ErrorInfo.h"
 #include "ole/com/Identifiers.h"
 #include "ole/com/TaskMemory.h"
@@ -25,6 +26,14 @@ bool IsEdit(FieldKind kind, WORD what) noexcept {
     case FieldKind::Choice: return what == CBN_SELCHANGE;
     default: return what == BN_CLICKED;
     }
+}
+
+// Whether the letter is underlined in a text of the dialog.
+bool HasMnemonic(HWND dialog, WPARAM letter) {
+    const std::u16string mark = {u'&', static_cast<char16_t>(letter)};
+    for (HWND item = GetWindow(dialog, GW_CHILD); item; item = GetWindow(item, GW_HWNDNEXT))
+        if (UpperCase(WindowText(item)).find(UpperCase(mark)) != std::u16string::npos) return true;
+    return false;
 }
 
 bool IsKey(UINT message) noexcept { return message >= WM_KEYFIRST && message <= WM_KEYLAST; }
@@ -168,9 +177,10 @@ STDMETHODIMP PropertyPage::TranslateAccelerator(MSG* message) noexcept {
     });
 }
 
-bool PropertyPage::LeavesPage(MSG& message) const noexcept {
-    if (message.message != WM_KEYDOWN) return false;
+bool PropertyPage::LeavesPage(MSG& message) const {
     const HWND dialog = dialog_.Handle(), focus = message.hwnd;
+    if (message.message == WM_SYSCHAR) return !HasMnemonic(dialog, message.wParam);
+    if (message.message != WM_KEYDOWN) return false;
     if (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) // an open list wants them itself
         return !(SendMessageW(focus, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message)) &
                  DLGC_WANTMESSAGE);

@@ -83,7 +83,7 @@ private:
     void ShowStatus();
     void FocusWanted() noexcept;
     void ApplyWanted();
-    bool LeavesPage(MSG& message) const noexcept;
+    bool LeavesPage(MSG& message) const;
 
     template <class Body>
     HRESULT Guard(Body body) noexcept;

@@ -311,10 +311,11 @@ TEST_CASE("A page leads to the field of a property") {
 TEST_CASE("Tab stays on the page up to its end; the keys of the frame's buttons are the frame's") {
     LooseControl control;
     const PageUnderTest test(GeneralPageId);
-    const auto press = [&](WPARAM key) {
-        MSG message = {GetFocus(), WM_KEYDOWN, key, 0, 0, {}};
+    const auto send = [&](UINT kind, WPARAM key) {
+        MSG message = {GetFocus(), kind, key, 1 << 29, 0, {}};
         return test.Page->TranslateAccelerator(&message);
     };
+    const auto press = [&](WPARAM key) { return send(WM_KEYDOWN, key); };
     SetFocus(test.Item(GENERAL_WIDTH));
     CHECK(press(VK_TAB) == S_OK);
     CHECK(GetFocus() == test.Item(GENERAL_GAP));
@@ -325,6 +326,10 @@ TEST_CASE("Tab stays on the page up to its end; the keys of the frame's buttons 
     SetFocus(test.Item(GENERAL_CLOSE));
     CHECK(press(VK_TAB) == S_FALSE);
     CHECK(test.Site->KeysOffered == 3);
+    CHECK(send(WM_SYSCHAR, 'g') == S_OK);
+    CHECK(GetFocus() == test.Item(GENERAL_GAP));
+    CHECK(send(WM_SYSCHAR, 'a') == S_FALSE); // of a button beside the page
+    CHECK(test.Site->KeysOffered == 4);
     SetFocus(test.Frame); // not on the page
     CHECK(press(VK_TAB) == S_FALSE);
     CHECK(test.Page->TranslateAccelerator(nullptr) == E_POINTER);
