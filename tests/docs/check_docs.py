@@ -189,6 +189,15 @@ def check_versions():
         check(f"the packages' version in {path}", packages, {version})
 
 
+def check_smallest_definition():
+    """The one in the guide is the one that a new skin begins with."""
+    code = re.search(r"Definition =(.*?);", read("tools/skinview/model/NewSkin.cpp"), re.S).group(1)
+    lines = re.findall(r'"(.*)\\r\\n"', code)
+    listing = "".join(f"    {line}\n" if line else "\n" for line in lines)
+    check("the smallest definition has lines", len(lines) >= 30, True)
+    check("the smallest definition in the guide", listing in read("docs/skins.md"), True)
+
+
 if __name__ == "__main__":
     check("the reference", make_reference(ROOT), "")
     check_complaints()
@@ -196,6 +205,7 @@ if __name__ == "__main__":
     check_listings()
     check_compiled_listings()
     check_texts()
+    check_smallest_definition()
     check_versions()
     print(f"{passed} passed, {failed} failed")
     sys.exit(failed > 0)

@@ -19,7 +19,7 @@ public:
         Layout layout = {};
         const int status = height_ - Scaled(StatusHeight) - Scaled(Gap) / 2;
         layout.Status = {Scaled(Gap), status, std::max(width_ - 2 * Scaled(Gap), 0), Scaled(StatusHeight)};
-        const int faults = std::clamp(height_ / 6, Scaled(70), Scaled(150));
+        const int faults = std::clamp(height_ / 8, Scaled(80), Scaled(140));
         const int split = status - Scaled(Gap) / 2 - faults;
         Split({Scaled(Gap), split, width_ - 2 * Scaled(Gap), faults}, layout.FaultsHead, layout.Faults);
         const int left = (width_ - 3 * Scaled(Gap)) / 2;

@@ -103,7 +103,7 @@ void MainWindow::Arrange() {
     pieces_->SetColumns({scaled(28), scaled(130), scaled(170), scaled(210), scaled(250), scaled(300)});
     MoveWidget(faultsHead_, layout.FaultsHead);
     MoveWidget(faults_->Window(), layout.Faults);
-    faults_->SetColumns({scaled(64), scaled(150)});
+    faults_->SetColumns({scaled(64), scaled(190)});
     MoveWidget(status_, layout.Status);
     Previews::Places places = {};
     for (std::size_t i = 0; i < places.size(); ++i) {

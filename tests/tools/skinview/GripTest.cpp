@@ -96,4 +96,6 @@ TEST_CASE(
     CHECK(Dragged(outside, Grip::Whole(0), 0, 1, Bitmap) == EdgeNumbers{60, 69, 11, 20});
     CHECK(Dragged(outside, Grip::Whole(0), -30, 0, Bitmap) == EdgeNumbers{30, 39, 10, 19});
     CHECK(Dragged(outside, By(0, {TopEdge}), 0, 1, Bitmap) == EdgeNumbers{60, 69, 11, 19});
+    CHECK(Dragged(outside, By(0, {RightEdge, TopEdge}), 0, 1, Bitmap) == EdgeNumbers{60, 69, 11, 19});
+    CHECK(Dragged({-5, 4, 10, 19}, Grip::Whole(0), 0, 1, Bitmap) == EdgeNumbers{-5, 4, 11, 20});
 }

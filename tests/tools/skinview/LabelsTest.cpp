@@ -23,12 +23,22 @@ TEST_CASE("A rectangle with room has its whole name inside") {
     CHECK(labels[0].Place == PixelBox{30, 19, 70, 31});
 }
 
-TEST_CASE("A small one has its number inside, a narrow one above") {
-    const auto labels = PlaceLabels({{{0, 0, 20, 50}, Full, Short}, {{100, 20, 104, 60}, Full, Short}});
-    CHECK(labels[0].Kind == Label::Kind::Short);
-    CHECK(labels[0].Place == PixelBox{5, 19, 15, 31});
+TEST_CASE("A small one has its name above, for it has room there") {
+    const auto labels = PlaceLabels({{{100, 20, 104, 60}, Full, Short}});
+    CHECK(labels[0].Kind == Label::Kind::Full);
+    CHECK(labels[0].Place == PixelBox{82, 7, 122, 19});
+}
+
+TEST_CASE("Where neighbours stand close each has its number, and who can be named without harm is named") {
+    const auto labels = PlaceLabels({{{100, 20, 104, 60}, Full, Short},
+                                     {{112, 20, 116, 60}, Full, Short},
+                                     {{124, 20, 128, 60}, Full, Short}});
+    CHECK(labels[0].Kind == Label::Kind::Full); // below, where nobody is
+    CHECK(labels[0].Place == PixelBox{82, 61, 122, 73});
     CHECK(labels[1].Kind == Label::Kind::Short);
-    CHECK(labels[1].Place == PixelBox{97, 7, 107, 19});
+    CHECK(labels[1].Place == PixelBox{109, 7, 119, 19});
+    CHECK(labels[2].Kind == Label::Kind::Short);
+    CHECK(labels[2].Place == PixelBox{121, 7, 131, 19});
 }
 
 TEST_CASE("Names do not hide each other; the smaller rectangle chooses first") {

@@ -7,60 +7,17 @@ set -uo pipefail
 source "$ROOT/tests/scripts/check.sh"
 # shellcheck source=tests/scripts/screen.sh
 source "$ROOT/tests/scripts/screen.sh"
+# shellcheck source=tests/tools/skinview/driving.sh
+source "$ROOT/tests/tools/skinview/driving.sh"
 
 Light='#E0007A'
-# Positions of the previews among the texts of the window.
-Sides=(top bottom left right)
 
-program() { wine "$BUILD/tools/skinview/skinview.exe" "$@" >>skinview.log 2>&1; }
-windows_path() { printf 'Z:%s' "${PWD//\//\\}\\${1//\//\\}"; }
-
-# --- what the window shows
-
-look() { wine "$BUILD/tests/tools/skinview/window_texts.exe" "skinview" 2>&1 | tr -d '\r' >texts; }
 explain() { cat texts; }
-shows() { look && grep -Eq -- "$1" texts; }
-lacks() { look && ! grep -Eq -- "$1" texts; }
-window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1; }
-is_there() { [[ -n $(window "$1") ]]; }
-is_gone() { ! is_there "$1"; }
-focus() { xdotool windowfocus --sync "$(window "$1")"; }
 
 # after WHAT PATTERN COMMAND...: in the end the window shows a line like that.
 after() {
     "${@:3}"
     check "$1" wait_until shows "$2"
-}
-
-# read_places — Pane (left, top), Zoom, and Preview[side] as a geometry.
-declare -A Preview
-read_places() {
-    local side
-    look
-    IFS=' ,x' read -r _ _ PaneLeft PaneTop _ < <(grep '^SkinviewBitmap' texts)
-    Zoom=$(sed -n 's/.*enlarged \([0-9]*\) times/\1/p' texts)
-    local -a forms
-    mapfile -t forms < <(sed -nE 's/^VantikHostForm [0-9]+ ([0-9]+),([0-9]+) ([0-9]+x[0-9]+) .*/\3+\1+\2/p' texts)
-    for side in 0 1 2 3; do Preview[${Sides[side]}]=${forms[side]}; done
-}
-
-# --- the pointer on the enlarged bitmap, at pixels; tenths tell how far into one
-
-screen_x() { echo $((PaneLeft + 24 + $1 * Zoom / 10)); }
-screen_y() { echo $((PaneTop + 24 + $1 * Zoom / 10)); }
-point_at() { xdotool mousemove "$(screen_x "$1")" "$(screen_y "$2")"; }
-point_elsewhere() { xdotool mousemove $((PaneLeft + 3)) $((PaneTop - 12)); }
-
-# drag X Y X2 Y2
-drag() {
-    local i
-    point_at "$1" "$2"
-    xdotool mousedown 1
-    for i in 1 2 3 4; do
-        point_at $(($1 + ($3 - $1) * i / 4)) $(($2 + ($4 - $2) * i / 4))
-        sleep 0.1
-    done
-    xdotool mouseup 1
 }
 
 # --- the pixels of the controls
@@ -101,7 +58,7 @@ restore
 
 opening() {
     mkdir "$BUILD/tools/skinview/skin-4294967294" # of a process that is no more
-    program "$(windows_path skin/SKIN.INI)" &
+    skinview "$(here skin/SKIN.INI)" &
     check "it opens" wait_until is_there 'SKIN.INI - skinview'
     focus 'SKIN.INI - skinview'
     check "all rectangles are listed" wait_until shows '^- 22.FRightLine'
@@ -232,7 +189,7 @@ leaving() {
 
 beginning() {
     mkdir new
-    program --new "$(windows_path new/SKIN.INI)" &
+    skinview --new "$(here new/SKIN.INI)" &
     check "a new skin opens" wait_until is_there 'SKIN.INI - skinview'
     focus 'SKIN.INI - skinview'
     check "without faults" wait_until shows 'Faults: none'
@@ -243,7 +200,7 @@ beginning() {
     picture 5-new
     press alt+F4
     wait_until is_gone skinview
-    program --new "$(windows_path new/SKIN.INI)" &
+    skinview --new "$(here new/SKIN.INI)" &
     check "a second one in the same place is refused" wait_until is_there '^skinview$'
     look
     check "because files are there" grep -q 'is there already' texts

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <utility>
 
 namespace vantik {
 
@@ -40,19 +41,40 @@ std::vector<PixelBox> Candidates(const PixelBox& box, ViewSize size) {
 
 class Placing {
 public:
-    bool Try(const PixelBox& box, ViewSize size, Label& label, enum Label::Kind kind) {
-        for (const PixelBox& place : Candidates(box, size)) {
-            if (std::ranges::any_of(taken_, [&](const PixelBox& other) { return Meet(place, other); }))
-                continue;
-            taken_.push_back(place);
-            label = {kind, place};
-            return true;
-        }
-        return false;
+    explicit Placing(const std::vector<LabelWish>& wishes) : wishes_(wishes), labels_(wishes.size()) {}
+
+    void Place(std::size_t i) {
+        if (Fits(wishes_[i].Rectangle, wishes_[i].Full) && Try(i, Label::Kind::Full)) return;
+        Try(i, Label::Kind::Short);
     }
 
+    // A number becomes a name where that leaves all others as they are.
+    void Complete(std::size_t i) {
+        if (labels_[i].Kind != Label::Kind::Short) return;
+        const Label number = std::exchange(labels_[i], {});
+        if (!Try(i, Label::Kind::Full)) labels_[i] = number;
+    }
+
+    std::vector<Label> Take() { return std::move(labels_); }
+
 private:
-    std::vector<PixelBox> taken_;
+    bool IsFree(const PixelBox& place) const noexcept {
+        return std::ranges::none_of(labels_, [&](const Label& other) {
+            return other.Kind != Label::Kind::None && Meet(place, other.Place);
+        });
+    }
+
+    bool Try(std::size_t i, enum Label::Kind kind) {
+        const LabelWish& wish = wishes_[i];
+        const auto places = Candidates(wish.Rectangle, kind == Label::Kind::Full ? wish.Full : wish.Short);
+        const auto found = std::ranges::find_if(places, [&](const PixelBox& place) { return IsFree(place); });
+        if (found == places.end()) return false;
+        labels_[i] = {kind, *found};
+        return true;
+    }
+
+    const std::vector<LabelWish>& wishes_;
+    std::vector<Label> labels_;
 };
 
 } // namespace
@@ -64,16 +86,10 @@ std::vector<Label> PlaceLabels(const std::vector<LabelWish>& wishes) {
         return std::int64_t{wishes[i].Rectangle.Width()} * wishes[i].Rectangle.Height();
     };
     std::ranges::stable_sort(order, {}, area);
-    std::vector<Label> labels(wishes.size());
-    Placing placing;
-    for (const std::size_t i : order) {
-        const LabelWish& wish = wishes[i];
-        if (Fits(wish.Rectangle, wish.Full) &&
-            placing.Try(wish.Rectangle, wish.Full, labels[i], Label::Kind::Full))
-            continue;
-        placing.Try(wish.Rectangle, wish.Short, labels[i], Label::Kind::Short);
-    }
-    return labels;
+    Placing placing(wishes);
+    for (const std::size_t i : order) placing.Place(i);
+    for (const std::size_t i : order) placing.Complete(i);
+    return placing.Take();
 }
 
 } // namespace vantik

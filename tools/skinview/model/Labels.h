@@ -21,7 +21,8 @@ struct Label {
     PixelBox Place;
 };
 
-// One for each wish. The smaller a rectangle, the sooner it is served: a large one has room elsewhere.
+// One for each wish. The smaller a rectangle, the sooner it is served: a large one has room elsewhere. Whole names stand
+// inside, and outside where there is room when all have at least their numbers.
 std::vector<Label> PlaceLabels(const std::vector<LabelWish>& wishes);
 
 } // namespace vantik

@@ -32,14 +32,14 @@ constexpr const char* Definition =
     "\r\n"
     "//the page's frame\r\n"
     "14: 4,9,36,41 //RLeftTopPic\r\n"
-    "15: 22,27,36,41 //RRightTopPic\r\n"
+    "15: 86,91,36,41 //RRightTopPic\r\n"
     "16: 4,9,54,59 //RLeftBottom\r\n"
-    "17: 22,27,54,59 //RRightBottom\r\n"
-    "18: 16,16,48,48 //FBackPic\r\n"
-    "19: 16,16,36,36 //FTopLine\r\n"
-    "20: 16,16,59,59 //FBottomLine\r\n"
+    "17: 86,91,54,59 //RRightBottom\r\n"
+    "18: 48,48,48,48 //FBackPic\r\n"
+    "19: 48,48,36,36 //FTopLine\r\n"
+    "20: 48,48,59,59 //FBottomLine\r\n"
     "21: 4,4,48,48 //FLeftLine\r\n"
-    "22: 27,27,48,48 //FRightLine\r\n"
+    "22: 91,91,48,48 //FRightLine\r\n"
     "\r\n"
     "[Icon]\r\n"
     "DeleteButton: close.png\r\n"
@@ -88,7 +88,7 @@ PixelImage NewBitmap() {
     PixelImage image(100, 64, Around);
     for (std::size_t look = 0; look < BarColours.size(); ++look)
         DrawBar(image, FirstLeft + static_cast<std::int32_t>(look) * Step, BarColours[look], look == 2);
-    Frame(image, {FirstLeft, FrameTop, FirstLeft + BarWidth, FrameTop + 24}, Page);
+    Frame(image, {FirstLeft, FrameTop, FirstLeft + 2 * Step + BarWidth, FrameTop + 24}, Page);
     return image;
 }
 

@@ -1,0 +1,48 @@
+# shellcheck shell=bash disable=SC2154,SC2034
+# Drives skinview with pointer and keys: what its window shows, where its bitmap lies on the screen. BUILD is the build tree.
+
+# Positions of the previews among the texts of the window.
+Sides=(top bottom left right)
+
+skinview() { wine "$BUILD/tools/skinview/skinview.exe" "$@" >>skinview.log 2>&1; }
+here() { printf 'Z:%s' "${PWD//\//\\}\\${1//\//\\}"; }
+
+# --- what the window shows
+
+look() { wine "$BUILD/tests/tools/skinview/window_texts.exe" "skinview" 2>&1 | tr -d '\r' >texts; }
+shows() { look && grep -Eq -- "$1" texts; }
+window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1; }
+is_there() { [[ -n $(window "$1") ]]; }
+is_gone() { ! is_there "$1"; }
+focus() { xdotool windowfocus --sync "$(window "$1")"; }
+
+# read_places — Pane (left, top), Zoom, and Preview[side] as a geometry.
+declare -A Preview
+read_places() {
+    local side
+    look
+    IFS=' ,x' read -r _ _ PaneLeft PaneTop _ < <(grep '^SkinviewBitmap' texts)
+    Zoom=$(sed -n 's/.*enlarged \([0-9]*\) times/\1/p' texts)
+    local -a forms
+    mapfile -t forms < <(sed -nE 's/^VantikHostForm [0-9]+ ([0-9]+),([0-9]+) ([0-9]+x[0-9]+) .*/\3+\1+\2/p' texts)
+    for side in 0 1 2 3; do Preview[${Sides[side]}]=${forms[side]}; done
+}
+
+# --- the pointer on the enlarged bitmap, at pixels; tenths tell how far into one
+
+screen_x() { echo $((PaneLeft + 24 + $1 * Zoom / 10)); }
+screen_y() { echo $((PaneTop + 24 + $1 * Zoom / 10)); }
+point_at() { xdotool mousemove "$(screen_x "$1")" "$(screen_y "$2")"; }
+point_elsewhere() { xdotool mousemove $((PaneLeft + 3)) $((PaneTop - 12)); }
+
+# drag X Y X2 Y2
+drag() {
+    local i
+    point_at "$1" "$2"
+    xdotool mousedown 1
+    for i in 1 2 3 4; do
+        point_at $(($1 + ($3 - $1) * i / 4)) $(($2 + ($4 - $2) * i / 4))
+        sleep 0.1
+    done
+    xdotool mouseup 1
+}
