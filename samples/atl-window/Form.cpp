@@ -35,9 +35,10 @@ Form::Form() {
     Open();
 }
 
+// The skin comes first: tabs that show before it would be shown in another one.
 void Form::Open() {
     const Object& control = tabs_->Control();
-    UseSkin(control, L"light");        // before there are tabs to show in another one
+    UseSkin(control, L"light");
     control.Put(L"TabOffSet", 40000L); // twips; wider than the control will ever be
     control.Put(L"FrameDist", 6L);     // pixels
     control.Put(L"TabCount", PageCount);
@@ -47,7 +48,8 @@ void Form::Open() {
     events_->TabClose = [this](short& tab) { OnTabClose(tab); };
     events_->MenuDown = [this] { OnMenu(); };
     ShowWindow(window_, SW_SHOW);
-    Select(tabs_->Find(ReadLastTab()));
+    tabs_->Activate(tabs_->Find(ReadLastTab()));
+    ShowActive();
 }
 
 // A window belongs to the tab that is active when it is made.
@@ -103,6 +105,7 @@ void Form::Arrange() {
 void Form::Select(long tab) const {
     tabs_->Activate(tab);
     ShowActive();
+    Tell(tabs_->Caption(tabs_->Active()) + L" is open");
 }
 
 void Form::ShowActive() const { Row(host_->ControlWindow(), tabs_->Count()).BringIntoView(tabs_->Active()); }

@@ -30,6 +30,7 @@ type
     procedure Arrange;
     procedure Tell(const Text: WideString);
     function Find(const Caption: WideString): LongInt;
+    procedure Select(Tab: LongInt);
     procedure OnTabDown(var Index: SmallInt);
     procedure OnTabClose(var Index: SmallInt);
     procedure OnMenu;
@@ -165,6 +166,13 @@ begin
   Result := 0;
 end;
 
+// As the user does, but from the form: no event comes for this.
+procedure TForm.Select(Tab: LongInt);
+begin
+  Tabs.ActiveTab := Tab;
+  Tell(WideString(Tabs.GetTabCaption(LongInt(Tabs.ActiveTab))) + ' is open');
+end;
+
 procedure TForm.OnTabDown(var Index: SmallInt);
 begin
   if Tabs.GetTabEnable(LongInt(Index)) then
@@ -195,7 +203,7 @@ begin
   Tabs.RemoveTab(Closed);
   Arrange; // a fixed window stands where those of the first tab do, and goes with it
   if (Active > Closed) or (Active = LongInt(Tabs.TabCount)) then Dec(Active);
-  Tabs.ActiveTab := Active;
+  Select(Active);
 end;
 
 procedure TForm.OnMenu;
@@ -217,7 +225,7 @@ begin
   GetCursorPos(Corner);
   Chosen := LongInt(TrackPopupMenu(Menu, TPM_RETURNCMD, Corner.X, Corner.Y, 0, Window, nil));
   DestroyMenu(Menu);
-  if Chosen > 0 then Tabs.ActiveTab := Chosen - 1;
+  if Chosen > 0 then Select(Chosen - 1);
 end;
 
 procedure TForm.OnClose;

@@ -41,8 +41,9 @@ Dialog::Dialog() {
     Open();
 }
 
+// The skin comes first: tabs that show before it would be shown in another one.
 void Dialog::Open() {
-    UseSkin(*control_, L"light");          // before there are tabs to show in another one
+    UseSkin(*control_, L"light");
     Check(control_->put_TabOffSet(40000)); // twips; wider than the control will ever be
     Check(control_->put_TabCount(PageCount));
     AddPages();
@@ -50,7 +51,8 @@ void Dialog::Open() {
     events_->TabClose = [this](short& tab) { OnTabClose(tab); };
     events_->MenuDown = [this] { OnMenu(); };
     ShowWindow(window_, SW_SHOW);
-    Select(tabs_->Find(ReadLastTab()));
+    tabs_->Activate(tabs_->Find(ReadLastTab()));
+    ShowActive();
 }
 
 // A page belongs to the tab that is active when it is made.
@@ -77,11 +79,14 @@ void Dialog::AddPages() {
     tabs_->Disable(LockedPage);
 }
 
-// As the user does, but from the dialog: no event comes for this, and the row has to follow.
+// As the user does, but from the dialog: no event comes for this.
 void Dialog::Select(short tab) const {
     tabs_->Activate(tab);
-    Row(page_, tabs_->Count()).BringIntoView(tabs_->Active());
+    ShowActive();
+    Tell(tabs_->Caption(tabs_->Active()) + L" is open");
 }
+
+void Dialog::ShowActive() const { Row(page_, tabs_->Count()).BringIntoView(tabs_->Active()); }
 
 void Dialog::Tell(const std::wstring& text) const { SetDlgItemTextW(window_, IDC_STATUS, text.c_str()); }
 

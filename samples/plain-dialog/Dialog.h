@@ -19,6 +19,7 @@ private:
     void AddPages();
     void Open();
     void Select(short tab) const;
+    void ShowActive() const;
 
     void OnTabDown(short& tab) const;
     void OnTabClose(short& tab) const;

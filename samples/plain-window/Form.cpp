@@ -43,8 +43,9 @@ Form::Form() {
     Open();
 }
 
+// The skin comes first: tabs that show before it would be shown in another one.
 void Form::Open() {
-    UseSkin(site_->Tab(), L"light");          // before there are tabs to show in another one
+    UseSkin(site_->Tab(), L"light");
     Check(site_->Tab().put_TabOffSet(40000)); // twips; wider than the control will ever be
     Check(site_->Tab().put_FrameDist(6));     // pixels
     Check(site_->Tab().put_TabCount(PageCount));
@@ -54,7 +55,8 @@ void Form::Open() {
     site_->TabClose = [this](short& tab) { OnTabClose(tab); };
     site_->MenuDown = [this] { OnMenu(); };
     ShowWindow(window_, SW_SHOW);
-    Select(tabs_->Find(ReadLastTab()));
+    tabs_->Activate(tabs_->Find(ReadLastTab()));
+    ShowActive();
 }
 
 // A window belongs to the tab that is active when it is made.
@@ -111,6 +113,7 @@ void Form::Arrange() {
 void Form::Select(short tab) const {
     tabs_->Activate(tab);
     ShowActive();
+    Tell(tabs_->Caption(tabs_->Active()) + L" is open");
 }
 
 void Form::ShowActive() const { Row(site_->Window(), tabs_->Count()).BringIntoView(tabs_->Active()); }

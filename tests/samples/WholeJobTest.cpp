@@ -140,6 +140,7 @@ TEST_CASE_TEMPLATE(
         CHECK(RunningSample::Becomes(
             [&] { return test.Sample.HasInView(L"Sheet 30") == Form::IsRowFollowing; }));
         CHECK(test.Sample.Shows("\"This is Sheet 30.\""));
+        CHECK(test.Sample.Shows("\"Sheet 30 is open\""));
         test.Sample.Click(L"Tab menu");
         test.Sample.ChooseFromMenu(1);
         CHECK(test.Sample.Shows(Form::Mail)); // however far away it was
