@@ -30,6 +30,10 @@ std::optional<std::filesystem::path> Ask(Dialog dialog, HWND owner, const wchar_
     return path.data();
 }
 
+bool IsAgreed(HWND owner, const std::wstring& question) {
+    return MessageBoxW(owner, question.c_str(), Title, MB_YESNO | MB_ICONWARNING) == IDYES;
+}
+
 } // namespace
 
 std::optional<std::filesystem::path> AskForDefinition(HWND owner) {
@@ -51,10 +55,14 @@ Answer AskToSave(HWND owner, const std::wstring& name) {
 }
 
 bool AskToTakeFromDisk(HWND owner, const std::wstring& name) {
-    const std::wstring text = name +
-                              L" was changed by another program, and you have changes that are not saved.\n\n"
-                              L"Read it again? Undo brings your changes back.";
-    return MessageBoxW(owner, text.c_str(), Title, MB_YESNO | MB_ICONWARNING) == IDYES;
+    return IsAgreed(owner,
+                    name +
+                        L" was changed by another program, and you have changes that are not saved.\n\n"
+                        L"Read it again? Undo brings your changes back.");
+}
+
+bool AskToOverwrite(HWND owner, const std::wstring& name) {
+    return IsAgreed(owner, name + L" was changed by another program. Overwrite what that wrote?");
 }
 
 void ShowMessage(HWND owner, const std::wstring& text, UINT icon) {

@@ -16,6 +16,7 @@ std::optional<std::filesystem::path> AskForNewDefinition(HWND owner);
 enum class Answer { Yes, No, Cancel };
 Answer AskToSave(HWND owner, const std::wstring& name);
 bool AskToTakeFromDisk(HWND owner, const std::wstring& name);
+bool AskToOverwrite(HWND owner, const std::wstring& name);
 
 void ShowMessage(HWND owner, const std::wstring& text, UINT icon);
 

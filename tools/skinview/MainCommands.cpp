@@ -84,9 +84,11 @@ void MainWindow::AskAndCreate() {
     if (const auto path = Ask([&] { return AskForNewDefinition(window_->Handle()); })) Create(*path);
 }
 
-// False when it failed.
+// False when it failed, or when the user keeps what another program wrote meanwhile.
 bool MainWindow::Save() {
     if (!session_.IsOpen()) return true;
+    if (session_.ForeignText() && !Ask([&] { return AskToOverwrite(window_->Handle(), session_.Name()); }))
+        return false;
     try {
         session_.Save();
     } catch (const std::exception& error) {

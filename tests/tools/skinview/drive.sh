@@ -171,6 +171,13 @@ leaving() {
     wait_until is_gone '^skinview$'
     check "the user's own stay" shows $'10\tRightPic2\t66\t75'
     focus 'SKIN.INI - skinview'
+    press ctrl+s
+    check "saving them over the other's asks as well" wait_until is_there '^skinview$'
+    focus '^skinview$'
+    press n
+    wait_until is_gone '^skinview$'
+    check "and keeps those if told so" grep -q '^2: 12,12,1,31' skin/SKIN.INI
+    focus 'SKIN.INI - skinview'
     xdotool key --delay 60 alt+f x
     check "closing asks, too" wait_until is_there '^skinview$'
     focus '^skinview$'
