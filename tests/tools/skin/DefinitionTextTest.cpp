@@ -73,6 +73,17 @@ TEST_CASE("A number is changed where it stands and all else stays") {
     CHECK(text.Bytes() == expected);
 }
 
+TEST_CASE("Between two commas, and behind the last, stands a number that is empty") {
+    const DefinitionText text("Start\n[Tab]\n3: 1,, 2 ,");
+    const std::vector<Span>& numbers = Line(text, 3).Numbers;
+    REQUIRE(numbers.size() == 4);
+    CHECK(text.At(numbers[1]).empty());
+    CHECK(text.ColumnAt(numbers[1].Begin) == 6);
+    CHECK(text.At(numbers[2]) == "2");
+    CHECK(numbers[3] == Span{text.Bytes().size(), text.Bytes().size()});
+    CHECK_FALSE(text.RectOf(Line(text, 3)));
+}
+
 TEST_CASE("The entry of a rectangle is the last one before the end") {
     const DefinitionText text("Start\n[Tab]\n3: 1,2,3,4\n3: 5,6,7,8\nEnd\n3: 9,9,9,9");
     CHECK(text.EntryOf(3)->Number == 4);

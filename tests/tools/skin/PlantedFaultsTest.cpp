@@ -5,6 +5,7 @@
 
 #include "tests/tools/skin/SkinWithoutFaults.h"
 #include "tools/skin/CheckSkin.h"
+#include "tools/skin/RectNames.h"
 
 using namespace vantik;
 
@@ -28,7 +29,7 @@ const Planted Definitions[] = {
     {1, "Strat", 1, 1, E, "\"Strat\" starts no definition", "Start"},
     {1, "//\n  \tStart", 2, 3, E, "starts no definition", "Start"},
     {1, "End\nStart", 1, 1, E, "ends before a line that begins with Start"},
-    {1, "\n 2: 1,2,3,4\nStart", 2, 2, W, "\"2: 1,2,3,4\" stands before Start"},
+    {1, "\n 0: 1,2,3,4\nStart", 2, 2, W, "\"0: 1,2,3,4\" stands before Start"},
     {32, "Endless: home.png", 32, 1, E, "begins with End and ends the definition"},
     {33, "end of it\n\n  [Icon]", 35, 3, W, "stands behind End"},
     // encoding
@@ -70,12 +71,14 @@ const Planted Definitions[] = {
     {9, "5: 0,\t1,0,9", 9, 6, E, "is not a number", "spaces in place of tabs, which are not taken off"},
     {9, "5: 0,1,0 // 9", 9, 9, E, "\"0,1,0\" is too short"},
     {9, "5:", 9, 3, E, "is too short"},
+    {9, "5: 0,1,0,", 9, 10, E, "\"\" is not a number"},
     {9, "5: 0,1,0,99999999999", 9, 10, E, "is no number from"},
     {9, "5: -2147483648,1,0,9", 9, 4, E, "is too large a rectangle"},
     {9, "5: 0,1,0,9,7", 9, 12, W, "more than the four numbers"},
     {9, "5: 0,1.4,0,9", 9, 6, W, "\"1.4\" is no plain number", "1"},
     // rectangles
     {9, "", 2, 1, W, "not given: rectangle 5 (LeftPic0)"},
+    {4, "", 2, 1, W, "not given: rectangle 0 (TabRect)"},
     {9, "5: 0,60,0,9", 9, 6, E, "rectangle 5 (LeftPic0) lies outside the bitmap, which is 60 pixels wide"},
     {9, "5: -1,1,0,9", 9, 4, E, "lies outside the bitmap, which is 60 pixels wide"},
     {18, "14: 0,3,27,30", 18, 12, E, "lies outside the bitmap, which is 30 pixels high"},
@@ -142,6 +145,7 @@ std::vector<Fault> FaultsOf(const Planted& planted) {
     skin.With(u"cut.png", Beginning(icon, icon.size() - 4)).With(u"caf\u00E9.png", icon);
     skin.With(u"torn.png", PngBytes().Header({.Width = 9, .Height = 9}).StoredImage({0, 1}).End());
     skin.With(u"wide.png", PngOfSize(32768, 1)).With(u"large.png", PngOfSize(21, 16));
+    skin.With(u"just.png", PngOfSize(20, 20));
     skin.With(u"Twice.png", icon).With(u"twice.png", icon).WithLocked(u"locked.png");
     return CheckSkin(skin);
 }
@@ -163,6 +167,37 @@ std::string ListOf(const std::vector<Fault>& faults) {
 TEST_CASE("A skin without faults has none") {
     const std::string found = ListOf(CheckSkin(SkinWithFiles(Joined(LinesWithoutFaults()))));
     CHECK(found == "");
+}
+
+TEST_CASE("Nothing is said of what is unusual but right") {
+    const char* const texts[] = {"notes\n12\nFile\nAuthor: me\n// 5: 1\nStart", "  start of it",
+                                 "START // here"};
+    for (const char* text : texts) {
+        const std::string found = ListOf(FaultsOf({1, text, 0, 0, E, ""}));
+        CAPTURE(text);
+        CHECK(found == "");
+    }
+    CHECK(FaultsOf({5, "1: 9,0,0,9 // its right before its left", 0, 0, E, ""}).empty());
+    CHECK(FaultsOf({5, " 1 : &h0, 9,+0,9//BRect", 0, 0, E, ""}).size() == 1); // the number in hexadecimal
+    CHECK(FaultsOf({32, "Home: just.png // 20 x 20", 0, 0, E, ""}).empty());
+    CHECK(FaultsOf({33, "", 0, 0, E, ""}).empty());
+    CHECK(FaultsOf({33, "End\n// 5: 1\nwords", 0, 0, E, ""}).empty());
+}
+
+TEST_CASE("A missing section is told of at the start") {
+    std::vector<std::string> lines = LinesWithoutFaults();
+    lines.resize(26);
+    lines[0] = "  Start";
+    const auto faults = CheckSkin(SkinWithFiles(Joined(lines)));
+    REQUIRE(faults.size() == 1);
+    CHECK(Format(faults[0]).starts_with("SKIN.INI:1:3: warning: there is no section [Icon]\n"));
+}
+
+TEST_CASE("Rectangles have the names that the documents give them") {
+    CHECK(RectName(0) == "TabRect");
+    CHECK(RectName(13) == "Line2");
+    CHECK(RectName(22) == "FRightLine");
+    for (const int nameless : {-1, 23, 25, 26}) CHECK(RectName(nameless).empty());
 }
 
 TEST_CASE("Each planted fault is found at its line and column, and nothing else is") {
@@ -188,6 +223,8 @@ TEST_CASE("An error says what the control raises and what stays") {
     CHECK(effect(9, "5: 0,x,0,1").starts_with("The control raises error 13 (Type mismatch);"));
     CHECK(effect(3, "File: skim.bmp").starts_with("The control raises error 53 (File not found);"));
     CHECK(effect(3, "File: cut.bmp").starts_with("The control raises error 481 (Invalid picture);"));
+    CHECK(effect(3, "File: four.bmp").starts_with("The control does not use the fourth byte"));
+    CHECK(effect(3, "File: deep.bmp").starts_with("The control draws it in the colours that it has"));
     CHECK(effect(28, "DeleteButton: wide.png").starts_with("The control raises error 6 (Overflow)"));
     CHECK(effect(32, "Home: wide.png") == "The control leaves the icon's place empty.");
     CHECK(
