@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "ole/com/Module.h"
 #include "ole/pages/PageNumbers.h"
 #include "platform/ComPtr.h"
 #include "platform/DebugLine.h"
@@ -13,6 +14,21 @@ namespace vantik {
 namespace {
 
 constexpr UINT RefreshDue = WM_APP; // those below are the dialog's own
+
+// The module stays as long as there is a window that leads into it.
+void Count(HWND window) noexcept {
+    LockModule();
+    SetWindowLongPtrW(window, GWLP_USERDATA, TRUE);
+}
+
+void Uncount(HWND window) noexcept {
+    if (SetWindowLongPtrW(window, GWLP_USERDATA, FALSE)) UnlockModule();
+}
+
+// Only its own thread can destroy a window. On others it is left to itself, and closes when its thread comes by.
+void DestroyOrClose(HWND window) noexcept {
+    if (!DestroyWindow(window)) PostMessageW(window, WM_CLOSE, 0, 0);
+}
 
 } // namespace
 
@@ -27,7 +43,7 @@ void PageDialog::Destroy() noexcept {
     const HWND window = std::exchange(window_, nullptr);
     if (!window) return;
     SetWindowLongPtrW(window, DWLP_USER, 0);
-    DestroyWindow(window);
+    DestroyOrClose(window);
 }
 
 void PageDialog::RefreshSoon() noexcept {
@@ -41,14 +57,17 @@ SIZE PageDialog::SizeOf(WORD dialog) noexcept {
     if (!window) return {};
     RECT area = {};
     GetWindowRect(window, &area);
-    DestroyWindow(window);
+    DestroyOrClose(window);
     return {area.right - area.left, area.bottom - area.top};
 }
 
 INT_PTR CALLBACK PageDialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    if (message == WM_INITDIALOG) SetWindowLongPtrW(window, DWLP_USER, lParam);
+    if (message == WM_INITDIALOG) Count(window), SetWindowLongPtrW(window, DWLP_USER, lParam);
     auto* dialog = reinterpret_cast<PageDialog*>(GetWindowLongPtrW(window, DWLP_USER));
-    return dialog && dialog->Handles(window, message, wParam, lParam);
+    const bool isHandled = dialog && dialog->Handles(window, message, wParam, lParam);
+    if (!dialog && message == WM_CLOSE) DestroyWindow(window);
+    if (message == WM_NCDESTROY) Uncount(window);
+    return isHandled;
 }
 
 bool PageDialog::Handles(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
