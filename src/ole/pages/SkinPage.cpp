@@ -1,5 +1,7 @@
 #include "ole/pages/SkinPage.h"
 
+#include <algorithm>
+
 #include "base/ErrorText.h"
 #include "base/Text.h"
 #include "ole/pages/PageNumbers.h"
@@ -16,7 +18,17 @@ constexpr Field Fields[] = {
     {SKIN_FILE, Property::SkinFile, FieldKind::Text},
 };
 
-constexpr std::u16string_view SettingsFile = u"SETTINGS.TXT";
+// A definition for bars on the left or the right has settings of its own: SKIN-SIDES.INI those of SETTINGS-SIDES.TXT.
+std::u16string SettingsOf(const std::u16string& definition) {
+    constexpr std::u16string_view Sides = u"-SIDES.INI";
+    const bool isForSides = UpperCase(definition).ends_with(Sides);
+    return isForSides ? u"SETTINGS-SIDES.TXT" : u"SETTINGS.TXT";
+}
+
+// The plainest name: the others are variants.
+const std::u16string& FirstChoice(const std::vector<std::u16string>& definitions) {
+    return *std::ranges::min_element(definitions, {}, &std::u16string::size);
+}
 
 void FillList(HWND list, const std::vector<std::u16string>& texts) {
     SendMessageW(list, CB_RESETCONTENT, 0, 0);
@@ -24,8 +36,8 @@ void FillList(HWND list, const std::vector<std::u16string>& texts) {
         SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-std::u16string PathIn(const std::u16string& folder, std::u16string_view file) {
-    return ApplicationFolder() + u"\\" + folder + u"\\" + std::u16string(file);
+std::u16string PathIn(const std::u16string& folder, const std::u16string& file) {
+    return ApplicationFolder() + u"\\" + folder + u"\\" + file;
 }
 
 bool IsOneOf(const std::vector<std::u16string>& texts, const std::u16string& text) {
@@ -40,6 +52,10 @@ SkinPage::SkinPage() : PropertyPage(PAGE_SKIN, Fields) {}
 
 std::optional<std::u16string> SkinPage::Folder() const { return Shown(Property::SkinPath); }
 
+std::u16string SkinPage::Settings() const {
+    return PathIn(Folder().value_or(u""), SettingsOf(Shown(Property::SkinFile).value_or(u"")));
+}
+
 void SkinPage::FillLists() { FillList(Item(SKIN_FOLDER), SkinFolders()); }
 
 // A list that is filled anew loses the text beside it.
@@ -52,7 +68,7 @@ void SkinPage::ShowRest() {
         listedFolder_ = folder;
     }
     const HWND box = Item(SKIN_SETTINGS);
-    EnableWindow(box, Folder() && FileExists(PathIn(folder, SettingsFile)));
+    EnableWindow(box, Folder() && FileExists(Settings()));
     SendMessageW(box, BM_SETCHECK, settings_ ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
@@ -68,7 +84,7 @@ void SkinPage::TextEntered(Property property) {
     settings_ = false;
     const auto definitions = SkinDefinitions(Folder().value_or(u""));
     if (!definitions.empty() && !IsOneOf(definitions, Shown(Property::SkinFile).value_or(u"")))
-        Enter(Property::SkinFile, definitions.front());
+        Enter(Property::SkinFile, FirstChoice(definitions));
 }
 
 // The control would show a message of its own, and keep what it has.
@@ -89,7 +105,7 @@ std::vector<Assignment> SkinPage::Wanted() const {
         if (const auto file = Shown(Property::SkinFile)) wanted.push_back({L"SkinFile", *file});
     for (Assignment& assignment : wanted) assignment.CanBeUndone = false;
     if (settings_ && Folder() && Objects().Count())
-        for (Assignment& setting : ReadSkinSettings(PathIn(*Folder(), SettingsFile), Objects().At(0)))
+        for (Assignment& setting : ReadSkinSettings(Settings(), Objects().At(0)))
             wanted.push_back(std::move(setting));
     return wanted;
 }

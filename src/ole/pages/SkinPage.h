@@ -21,6 +21,7 @@ private:
     void Forget() noexcept override;
 
     std::optional<std::u16string> Folder() const; // as SkinPath names it
+    std::u16string Settings() const;              // the file that they stand in
     void NeedDefinition() const;
 
     bool settings_ = false;       // are to be applied, too

@@ -94,6 +94,20 @@ TEST_CASE("The chosen skin is set, its folder first, and its settings where that
     CHECK(!test.Page.IsDirty());
 }
 
+TEST_CASE("A definition for the sides goes with settings of its own, and the plainest one is taken first") {
+    SkinPageTest test;
+    test.Skin.Write(L"a-longer-sides.ini", "");
+    test.Skin.Write(L"SETTINGS.TXT", "BarWidth = 132\n");
+    test.Skin.Write(L"SETTINGS-SIDES.TXT", "BarWidth = 99\n");
+    test.Edit();
+    test.Page.Type(SKIN_FOLDER, test.Skin.SkinPath().c_str());
+    CHECK(test.Page.Text(SKIN_FILE) == L"other.ini");
+    test.Page.Type(SKIN_FILE, L"a-longer-sides.ini");
+    test.Page.Press(SKIN_SETTINGS);
+    REQUIRE(test.Page.Page->Apply() == S_OK);
+    CHECK(Get(test.Control.Dispatch(), L"BarWidth").Number() == 99);
+}
+
 TEST_CASE("Settings that make no sense are refused with their line") {
     for (const char* line : {"BarWidth", "Colour = 3", "BarWidth = wide"}) {
         CAPTURE(line);
