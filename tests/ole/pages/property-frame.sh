@@ -63,4 +63,5 @@ xdotool windowclose "$(window '^Form1$')" windowclose "$(window '^Properties$')"
 check "the designer ends" wait_until is_gone '^Properties$'
 check "the properties verb opens the system's frame" design '^Properties for' --system
 settled 6-system
+rm -rf "$Skins"
 sum_up
