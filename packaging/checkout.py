@@ -24,12 +24,20 @@ def git(*arguments):
     return subprocess.run(["git", "-C", ROOT, *arguments], check=True, capture_output=True, text=True).stdout
 
 
+def is_clone():
+    """Or the sources as somebody handed them on, without their history."""
+    return (ROOT / ".git").exists()
+
+
 def tracked(folder):
     """The files below a folder that belong to the project, in order: not what an editor left there."""
-    return sorted(name for name in git("ls-files", "-z", "--", folder).split("\0") if name)
+    if is_clone():
+        return sorted(name for name in git("ls-files", "-z", "--", folder).split("\0") if name)
+    return sorted(path.relative_to(ROOT).as_posix() for path in (ROOT / folder).rglob("*") if path.is_file())
 
 
 def epoch():
     """When what is packed was last changed, unless somebody who packs it knows better."""
     given = os.environ.get("SOURCE_DATE_EPOCH")
-    return int(given or git("log", "-1", "--format=%ct"))
+    last = git("log", "-1", "--format=%ct") if is_clone() else (ROOT / "CHANGELOG.md").stat().st_mtime
+    return int(given or last)

@@ -64,6 +64,20 @@ check("check sums", sums, {name: hashlib.sha256(data).hexdigest() for name, data
 check("packages", sorted(made), [f"{TITLE}-setup.exe", f"{TITLE}.zip", f"VantikFrameTab.{VERSION}.nupkg"])
 check("paths of this machine", [name for name, data in made.items() if str(ROOT).encode() in data], [])
 
+# The sources without their history: all files, and the time of the newest entry of the list of changes.
+sys.path.insert(0, str(ROOT / "packaging"))
+sys.dont_write_bytecode = True
+import checkout  # noqa: E402
+
+checkout.ROOT = pathlib.Path("handed on").resolve()
+for name in ("skins/b/x.png", "skins/a.txt", "CHANGELOG.md"):
+    path = checkout.ROOT / name
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.touch()
+os.utime(checkout.ROOT / "CHANGELOG.md", (1_700_000_000, 1_700_000_000))
+check("files of sources without a history", checkout.tracked("skins"), ["skins/a.txt", "skins/b/x.png"])
+check("their time", checkout.epoch(), int(os.environ.get("SOURCE_DATE_EPOCH", 1_700_000_000)))
+
 # The zip.
 
 with zipfile.ZipFile(f"packages/{TITLE}.zip") as archive:
@@ -94,13 +108,20 @@ check("texts for every editor", [name for name in zipped if name.endswith(".txt"
                                  zipped[name].count(b"\n") != zipped[name].count(b"\r\n")], [])
 check("the licence", zipped["LICENSE.txt"].decode().replace("\r\n", "\n"), (ROOT / "LICENSE").read_text())
 
-# Every library that the linker took something from has its notice.
+# Every library that the linker took something from has its notice. What leads to a library of the system is none.
 notices = zipped["NOTICES.txt"].decode()
-OWN_AND_SYSTEM = {"core", "engine", "shell", "interfaces", "stack_guard", "advapi32", "gdi32", "kernel32", "ole32", "oleaut32",
-                  "user32"}
+OWN = {"core", "engine", "shell", "interfaces", "stack_guard"}
+
+
+def imported(processor):
+    headers = subprocess.run([f"{COMPILERS[processor]}-objdump", "-p", BUILDS[processor] / "src/ole/VantikFrameTab.ocx"],
+                             check=True, capture_output=True, text=True).stdout
+    return {name.lower() for name in re.findall(r"DLL Name: (\w+)\.", headers)}
+
+
 for processor, build in BUILDS.items():
     linked = (build / "src/ole/VantikFrameTab.map").read_text().partition("\nDiscarded input sections")[0]
-    libraries = set(re.findall(r"lib([\w+]+)\.a\(", linked)) - OWN_AND_SYSTEM
+    libraries = set(re.findall(r"lib([\w+]+)\.a\(", linked)) - OWN - (imported(processor) - {"msvcrt"})
     check(f"libraries of {processor} without a notice", [name for name in libraries if f"lib{name}" not in notices], [])
     check(f"libraries of {processor} are known", "stdc++" in libraries, True)
 
