@@ -77,4 +77,6 @@ def debug_files(builds):
     for processor, build in builds.items():
         made = build / "src/ole"
         yield f"{processor}/VantikFrameTab.ocx.debug", (made / "debug/VantikFrameTab.ocx").read_bytes()
-        yield f"{processor}/VantikFrameTab.map", (made / "VantikFrameTab.map").read_bytes()
+        # The linker names the list of exports by its whole path.
+        link_map = (made / "VantikFrameTab.map").read_text(encoding="utf-8")
+        yield f"{processor}/VantikFrameTab.map", link_map.replace(str(checkout.ROOT), "VantikFrameTab").encode("utf-8")
