@@ -9,6 +9,7 @@ from archive import write_zip
 
 BUILDS = ("win32", "win64")
 NEEDED = {".exe", ".dll", ".ocx", ".manifest"}
+SKINS = "Skins"  # beside a program, the folder of those that it uses
 
 
 def suites():
@@ -32,7 +33,7 @@ def built(build):
     """The programs lie as in the build tree, by which they find each other."""
     tree = checkout.ROOT / "build" / build
     for path in sorted(tree.rglob("*")):
-        if path.suffix in NEEDED and "CMakeFiles" not in path.parts and "bench" not in path.parts and path.is_file():
+        if (path.suffix in NEEDED or SKINS in path.parts) and "CMakeFiles" not in path.parts and "bench" not in path.parts and path.is_file():
             if not any(part.startswith("Temp") for part in path.relative_to(tree).parts):
                 yield f"{build}/{path.relative_to(tree).as_posix()}", path.read_bytes()
 

@@ -30,6 +30,8 @@ while IFS='|' read -r Name Program _; do
     for Build in win32 win64; do check "$Name has its program for $Build" test -f "$Build/${Program//\\//}"; done
 done <suites.txt
 
+check 'the samples have their skin' test -f win32/samples/plain-window/Skins/light/SKIN.INI
+
 check 'a suite runs in both bitnesses' run_tests 0 ordinary-host
 check 'and says so for 32 bit' says 'win32 ordinary-host: [1-9][0-9]* passed, 0 failed'
 check 'and for 64 bit' says 'win64 ordinary-host: [1-9][0-9]* passed, 0 failed'
