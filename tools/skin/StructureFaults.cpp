@@ -78,7 +78,7 @@ void ReportTextBehind(const DefinitionText& text, const DefinitionLine& line, st
         {.What = "text behind the bracket of a section",
          .Effect = "The control takes it for a part of the section's name and ignores every line up to the "
                    "next section.",
-         .Meant = std::string(text.At({line.Content.Begin, bracket + 1})) + " in a line of its own"});
+         .Meant = FromAnsi(text.At({line.Content.Begin, bracket + 1})) + " in a line of its own"});
 }
 
 std::string MeantSection(std::string_view name) {
@@ -142,7 +142,7 @@ std::string MeantByStray(std::string_view content) {
     const std::size_t equals = content.find('=');
     if (equals == std::string_view::npos) return {};
     const std::string_view key = content.substr(0, equals);
-    return std::string(key.substr(0, key.find_last_not_of(' ') + 1)) + ":";
+    return FromAnsi(key.substr(0, key.find_last_not_of(' ') + 1)) + ":";
 }
 
 void ReportStray(const DefinitionText& text, const DefinitionLine& line, Report& report) {

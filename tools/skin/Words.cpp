@@ -12,6 +12,8 @@ std::string RaisedError(RunTimeErrorNumber number) {
            ToUtf8(DescriptionOf(number)) + ")";
 }
 
+std::string FromAnsi(std::string_view bytes) { return ToUtf8(DecodeAnsi(bytes)); }
+
 std::string Quote(std::string_view bytes) {
     const std::u16string text = DecodeAnsi(bytes);
     return ToUtf8(ErrorText(Quoted{text}));

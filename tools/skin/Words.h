@@ -12,7 +12,10 @@ namespace vantik {
 // "The control raises error 13 (Type mismatch)"
 std::string RaisedError(RunTimeErrorNumber number);
 
-// Between quotation marks, of bytes in the system's code page.
+// UTF-8 of bytes in the system's code page.
+std::string FromAnsi(std::string_view bytes);
+
+// The same between quotation marks, shortened where it is long.
 std::string Quote(std::string_view bytes);
 
 // "rectangle 5 (LeftPic0)"

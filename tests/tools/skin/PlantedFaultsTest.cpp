@@ -44,6 +44,8 @@ const Planted Definitions[] = {
     {32, "Home: caf\xE9.png", 32, 10, W, "a letter beyond ASCII in a name"},
     // sections
     {2, "[Tab] // rectangles", 2, 7, E, "text behind the bracket", "[Tab] in a line of its own"},
+    {27, "[Caf\xE9] icons\n[Icon]", 27, 8, E, "text behind the bracket",
+     "[Caf\xC3\xA9] in a line of its own"},
     {2, "[Tabs]", 2, 1, E, "\"[Tabs]\" is no section", "[Tab]"},
     {2, "  [Tab", 2, 3, E, "without its closing bracket", "[Tab]"},
     {2, "[Tab)", 2, 5, W, "without its closing bracket", "]"},
@@ -53,6 +55,7 @@ const Planted Definitions[] = {
     {27, "\t[Icon]", 27, 1, E, "neither an entry nor a comment", "a section without a tab in front of it", 6},
     // lines that say nothing
     {32, "Home = home.png", 32, 1, E, "neither an entry nor a comment", "Home:"},
+    {32, "Caf\xE9 = home.png", 32, 1, E, "neither an entry nor a comment", "Caf\xC3\xA9:"},
     {32, "; Home", 32, 1, W, "neither an entry nor a comment", "a comment, which begins with //"},
     {9, "5: 0,1,0,9\n # left: end", 10, 2, E, "\"# left\" is not a number",
      "a comment, which begins with //"},

@@ -64,8 +64,7 @@ opening() {
     check "all rectangles are listed" wait_until shows '^- 22.FRightLine'
     check "with their numbers" shows $'^- 10\tRightPic2\t66\t73\t0\t31\t8 x 32$'
     check "there is nothing wrong" wait_until shows 'Faults: none'
-    read_places
-    check "the control is there on four sides" test "${#Preview[right]}" -gt 0
+    check "the control is there on four sides" wait_until read_places
     point_elsewhere
     sleep 1
     control_of top before
@@ -201,7 +200,7 @@ beginning() {
     focus 'SKIN.INI - skinview'
     check "without faults" wait_until shows 'Faults: none'
     check "with its files" test -s new/SKIN.INI -a -s new/skin.bmp -a -s new/menu.png -a -s new/SETTINGS.TXT
-    read_places
+    check "shown on four sides" wait_until read_places
     point_elsewhere
     sleep 1
     picture 5-new

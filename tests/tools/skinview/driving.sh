@@ -16,7 +16,7 @@ is_there() { [[ -n $(window "$1") ]]; }
 is_gone() { ! is_there "$1"; }
 focus() { xdotool windowfocus --sync "$(window "$1")"; }
 
-# read_places — Pane (left, top), Zoom, and Preview[side] as a geometry.
+# read_places — Pane (left, top), Zoom, and Preview[side] as a geometry; fails while some of it is not there yet.
 declare -A Preview
 read_places() {
     local side
@@ -25,7 +25,8 @@ read_places() {
     Zoom=$(sed -n 's/.*enlarged \([0-9]*\) times/\1/p' texts)
     local -a forms
     mapfile -t forms < <(sed -nE 's/^VantikHostForm [0-9]+ ([0-9]+),([0-9]+) ([0-9]+x[0-9]+) .*/\3+\1+\2/p' texts)
-    for side in 0 1 2 3; do Preview[${Sides[side]}]=${forms[side]}; done
+    [[ -n $PaneTop && -n $Zoom ]] && ((${#forms[@]} == ${#Sides[@]})) || return 1
+    for side in "${!Sides[@]}"; do Preview[${Sides[side]}]=${forms[side]}; done
 }
 
 # --- the pointer on the enlarged bitmap, at pixels; tenths tell how far into one
