@@ -84,6 +84,7 @@ Private Sub Form_Load()
     Next
     VantikFrameTab1.ActiveTab = 0
     VantikFrameTab1.SetBarEnable LockedPage, False ' not the active one, or none would be active
+    Show ' what does not show takes no presses, so its row does not scroll
     SelectPage Find(GetSetting("VantikFrameTab samples", "Basic form", "LastTab", "Person"))
 End Sub
 
@@ -102,6 +103,7 @@ End Function
 ' No event comes for what the form does itself.
 Private Sub SelectPage(ByVal Page As Integer)
     VantikFrameTab1.ActiveTab = Page
+    BringIntoView hWnd, VantikFrameTab1.ActiveTab, VantikFrameTab1.TabCount
     StatusLabel.Caption = VantikFrameTab1.GetTabCaption(VantikFrameTab1.ActiveTab) & " is open"
 End Sub
 

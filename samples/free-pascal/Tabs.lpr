@@ -5,7 +5,7 @@ program Tabs;
 {$apptype gui}
 
 uses
-  Windows, ActiveX, ComObj, SysUtils, Variants, Registry, TabEvents, TabHost, TabSkin;
+  Windows, ActiveX, ComObj, SysUtils, Variants, Registry, TabEvents, TabHost, TabRow, TabSkin;
 
 const
   PageCount = 40;
@@ -30,6 +30,7 @@ type
     procedure Arrange;
     procedure Tell(const Text: WideString);
     function Find(const Caption: WideString): LongInt;
+    procedure Show(Tab: LongInt);
     procedure Select(Tab: LongInt);
     procedure OnTabDown(var Index: SmallInt);
     procedure OnTabClose(var Index: SmallInt);
@@ -100,7 +101,7 @@ begin
   Arrange;
   with TRegistry.Create do
   try
-    if OpenKey(Key, True) and ValueExists('LastTab') then Tabs.ActiveTab := Find(WideString(ReadString('LastTab')));
+    if OpenKey(Key, True) and ValueExists('LastTab') then Show(Find(WideString(ReadString('LastTab'))));
   finally
     Free;
   end;
@@ -167,9 +168,15 @@ begin
 end;
 
 // As the user does, but from the form: no event comes for this.
-procedure TForm.Select(Tab: LongInt);
+procedure TForm.Show(Tab: LongInt);
 begin
   Tabs.ActiveTab := Tab;
+  BringIntoView(Page, LongInt(Tabs.ActiveTab), LongInt(Tabs.TabCount));
+end;
+
+procedure TForm.Select(Tab: LongInt);
+begin
+  Show(Tab);
   Tell(WideString(Tabs.GetTabCaption(LongInt(Tabs.ActiveTab))) + ' is open');
 end;
 

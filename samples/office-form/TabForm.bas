@@ -4,7 +4,13 @@ Attribute VB_Name = "TabFormCode"
 Option Explicit
 
 Private Const PageCount = 40, LockedPage = 2
+Private Const OfControl = -4, Unavailable = 1, OffScreen = &H10000
 Private WithEvents Menu As MSForms.ListBox
+
+Private Declare PtrSafe Function FindWindowEx Lib "user32" Alias "FindWindowExA" (ByVal Parent As LongPtr, _
+    ByVal After As LongPtr, ByVal ClassName As String, ByVal Title As String) As LongPtr
+Private Declare PtrSafe Function AccessibleObjectFromWindow Lib "oleacc" (ByVal Window As LongPtr, ByVal Id As Long, _
+    Face As Long, Row As Object) As Long
 
 Private Sub UserForm_Initialize()
     Dim Page As Integer
@@ -38,6 +44,12 @@ End Function
 Private Sub SelectPage(ByVal Page As Integer)
     VantikFrameTab1.ActiveTab = Page
     ShowPage VantikFrameTab1.ActiveTab
+    If Me.Visible Then BringIntoView VantikFrameTab1.ActiveTab
+End Sub
+
+' What does not show takes no presses, so the row of a form that was just made does not scroll.
+Private Sub UserForm_Activate()
+    BringIntoView VantikFrameTab1.ActiveTab
 End Sub
 
 Private Sub ShowPage(ByVal Page As Integer)
@@ -89,6 +101,47 @@ Private Sub Menu_MouseUp(ByVal Button As Integer, ByVal Shift As Integer, ByVal 
     Menu.Visible = False
     If Menu.ListIndex >= 0 Then SelectPage Menu.ListIndex
 End Sub
+
+' The row of bars as screen readers find it: the control scrolls for nobody, but its buttons can be pressed for it. Its
+' children are the tabs, then the buttons back, forth and menu, all counted from 1.
+Private Sub BringIntoView(ByVal Page As Long)
+    Dim Row As Object, First As Long, Button As Long
+    Set Row = RowOf(FindControl(FindWindowEx(0, 0, "ThunderDFrame", Me.Caption)))
+    If Row Is Nothing Then Exit Sub
+    Do While Has(Row, First + 1, OffScreen)
+        First = First + 1
+    Loop
+    Button = VantikFrameTab1.TabCount + 1
+    If Page > First Then Button = Button + 1
+    Do While Has(Row, Page + 1, OffScreen) And Not Has(Row, Button, Unavailable)
+        Row.accDoDefaultAction (Button)
+    Loop
+End Sub
+
+' The control's window, wherever it stands below the given one.
+Private Function FindControl(ByVal Window As LongPtr) As LongPtr
+    Dim Child As LongPtr
+    If Window = 0 Then Exit Function ' or the search would go through all of the screen
+    FindControl = FindWindowEx(Window, 0, "VantikFrameTab", vbNullString)
+    Do While FindControl = 0
+        Child = FindWindowEx(Window, Child, vbNullString, vbNullString)
+        If Child = 0 Then Exit Function
+        FindControl = FindControl(Child)
+    Loop
+End Function
+
+Private Function RowOf(ByVal Window As LongPtr) As Object
+    Dim Dispatch(3) As Long ' {00020400-0000-0000-C000-000000000046}
+    Dispatch(0) = &H20400
+    Dispatch(2) = &HC0
+    Dispatch(3) = &H46000000
+    AccessibleObjectFromWindow Window, OfControl, Dispatch(0), RowOf
+End Function
+
+' A number in brackets goes by value: no other is understood.
+Private Function Has(ByVal Row As Object, ByVal Child As Long, ByVal State As Long) As Boolean
+    Has = (Row.accState((Child)) And State) <> 0
+End Function
 
 Private Sub UserForm_QueryClose(Cancel As Integer, CloseMode As Integer)
     SaveSetting "VantikFrameTab samples", "Office form", "LastTab", VantikFrameTab1.GetTabCaption(VantikFrameTab1.ActiveTab)

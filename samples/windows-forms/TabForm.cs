@@ -89,6 +89,16 @@ namespace VantikFrameTabSample
         {
             tabs.Ocx.put_ActiveTab(tab);
             ShowPage(tab);
+            if (Visible) ShowBar();
+        }
+
+        void ShowBar() { Row.BringIntoView(tabs.Handle, tabs.Ocx.get_ActiveTab(), pages.Count); }
+
+        // What does not show takes no presses, so the row of a form that was just made does not scroll.
+        protected override void OnShown(EventArgs e)
+        {
+            base.OnShown(e);
+            ShowBar();
         }
 
         void ShowPage(short tab)

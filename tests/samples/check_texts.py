@@ -192,8 +192,12 @@ for path in LATE:
         idle.discard(path.parent.name)
 check("samples in which no use of the control was found", idle, set())
 
+parts = sorted(path.name for pattern in ("*.bas", "*.cls", "*.frm") for path in (SAMPLES / "basic-form").glob(pattern))
+project = (SAMPLES / "basic-form/TabForm.vbp").read_text(encoding="utf-8")
+check("the parts of the Basic project", sorted(re.findall(r"^(?:Form|Class|Module)=(?:\w+; )?(\S+)", project, re.M)), parts)
+
 check_interfaces()
-compile_csharp("windows-forms", "-target:winexe", "-r:System.Windows.Forms", "-r:System.Drawing")
+compile_csharp("windows-forms", "-target:winexe", "-r:System.Windows.Forms", "-r:System.Drawing", "-r:Accessibility")
 compile_csharp("csharp-late", "-r:Microsoft.CSharp")
 
 print(f"{passed} passed, {failed} failed")
