@@ -14,7 +14,7 @@ import sys
 import tempfile
 
 import csharp
-from listings import blocks, listings, pages_shown, picture_values, settings, skin_of, words
+from listings import blocks, font_shown, listings, pages_shown, picture_values, settings, skin_of, words
 
 ROOT = pathlib.Path(os.environ.get("ROOT") or pathlib.Path(__file__).resolve().parents[2])
 sys.path.insert(0, str(ROOT / "docs"))
@@ -145,6 +145,7 @@ def check_listings():
         if "TabCount" in values:
             lacking = pages_shown(script, skin is not None) - words(block)
             check("captions and icons that a listing lacks", lacking, set())
+            check("a listing names its font", font_shown(script) in block, True)
         expected = settings(read(f"skins/{skin[0]}/{skin[1]}")) if skin else picture_values(script)
         check(f"a listing with {skin or 'the built-in skin'}", {name: values.get(name) for name in expected}, expected)
 

@@ -26,6 +26,10 @@ def pages_shown(script, with_icons):
     return {word for name in lists for word in re.search(rf"^{name}=\((.*)\)$", script, re.M)[1].split()}
 
 
+def font_shown(script):
+    return re.search(r'"Font=([^,]+),', script)[1]
+
+
 def words(block):
     return set(re.findall(r"[\"'](\w+)[\"']", block))
 
