@@ -240,17 +240,6 @@ class Settings(unittest.TestCase):
                 row = " | ".join(read_settings(SKINS / name / file)[key] for key in SETTINGS)
                 self.assertIn(f"| {row} |", page, (name, file))
 
-    def test_the_lines_for_programs_are_those_of_light(self):
-        page = (ROOT / "docs" / "skins.md").read_text(encoding="utf-8")
-        basic = dict(re.findall(r"\.(\w+) = (-?\w+(?:\(.*?\))?)", page))
-        cpp = dict(re.findall(r"tabs->(\w+) = (?:VantikFrameTabProject::)?(-?\w+(?:\(.*?\))?);", page))
-        flags = {"VARIANT_TRUE": "True", "VARIANT_FALSE": "False"}
-        for key, value in read_settings(SKINS / "light" / "SETTINGS.TXT").items():
-            colour = re.fullmatch("#(..)(..)(..)", value.upper())
-            self.assertEqual(basic[key], "RGB(&H{}, &H{}, &H{})".format(*colour.groups()) if colour else value, key)
-            in_cpp = "RGB(0x{}, 0x{}, 0x{})".format(*colour.groups()) if colour else value
-            self.assertEqual(flags.get(cpp[key], cpp[key]), in_cpp, key)
-
 
 class ContrastScript(unittest.TestCase):
     def setUp(self):
