@@ -57,11 +57,11 @@ COUNTS = counts()
 
 # --- what samples use of it
 
-BASIC = (".bas", ".cls", ".frm", ".vbs")
+BASIC = (".bas", ".cls", ".frm", ".vbs", ".hta")
 OBJECT = r"\b(?:VantikFrameTab1|[Tt]abs)"
 LATE = [
     path
-    for pattern in ("*/*.bas", "*/*.cls", "*/*.frm", "*/*.vbs", "*/*.js", "*/*.pas", "*/*.lpr", "csharp-late/*.cs")
+    for pattern in ("*/*.bas", "*/*.cls", "*/*.frm", "*/*.vbs", "*/*.hta", "*/*.js", "*/*.pas", "*/*.lpr", "csharp-late/*.cs")
     for path in sorted(SAMPLES.glob(pattern))
 ]
 
@@ -121,7 +121,7 @@ def faults(text, suffix):
 
 
 def wrong_handlers(text):
-    for name, parameters in re.findall(r"Sub VantikFrameTab1_(\w+)\(([^)]*)\)", text):
+    for name, parameters in re.findall(r"(?:Sub VantikFrameTab1_|for=\"tabs\" event=\")(\w+)\(([^)]*)\)", text):
         if EVENTS.get(name) != split_arguments(parameters):
             yield name
 
@@ -181,13 +181,14 @@ check(
     ["NoSuch with 0 arguments", "RemoveTab with 0 arguments", "SetBarIco with 3 arguments", "GetTabCaption with 0 arguments"],
 )
 check("wrong handlers are seen", list(wrong_handlers("Sub VantikFrameTab1_TabDown(Index As Integer)")), ["TabDown"])
+check("wrong handlers of a page are seen", list(wrong_handlers('for="tabs" event="DownBarDown(Index)"')), ["DownBarDown"])
 
 idle = {path.parent.name for path in LATE}
 for path in LATE:
     name = path.relative_to(SAMPLES).as_posix()
     text = bare(path.read_text(encoding="utf-8"), path.suffix)
     check(f"{name} uses members as they are", list(faults(text, path.suffix)), [])
-    check(f"{name} has handlers of events as they are", list(wrong_handlers(text)), [])
+    check(f"{name} has handlers of events as they are", list(wrong_handlers(path.read_text(encoding="utf-8"))), [])
     if list(uses(text, path.suffix)):
         idle.discard(path.parent.name)
 check("samples in which no use of the control was found", idle, set())
