@@ -16,6 +16,7 @@ constexpr wchar_t ProgId[] = L"VantikFrameTabProject.VantikFrameTab";
 constexpr wchar_t ClassKey[] = L"CLSID\\{D114C80B-464C-4291-9BC1-FB1295823C1E}";
 constexpr const wchar_t* PageKeys[] = {L"CLSID\\{2A268946-78E0-4DFB-BF3D-C9DB8C26F55B}",
                                        L"CLSID\\{8B514BAB-4522-4613-9DD6-5C736147A33D}"};
+constexpr wchar_t SharedLibraryKey[] = L"TypeLib\\{9E5F043C-D27A-428A-9C0F-FA9A67ADF68E}";
 constexpr wchar_t LibraryKey[] = L"TypeLib\\{9E5F043C-D27A-428A-9C0F-FA9A67ADF68E}\\1.0\\0";
 
 std::wstring ValueOf(const std::wstring& key, const wchar_t* name = nullptr) {
@@ -159,6 +160,12 @@ TEST_CASE("The program's name stays while the control of the other bitness is re
     REQUIRE(RegDeleteKeyExW(HKEY_CLASSES_ROOT, ClassKey, other, 0) == ERROR_SUCCESS);
     CHECK(server.Call("DllUnregisterServer") == S_OK);
     CHECK(!Exists(ProgId));
+
+    // The library's entries had been left to the other one.
+    CHECK(Exists(SharedLibraryKey));
+    REQUIRE(server.Call("DllRegisterServer") == S_OK);
+    CHECK(server.Call("DllUnregisterServer") == S_OK);
+    CHECK(!Exists(SharedLibraryKey));
 }
 
 TEST_CASE("The bitmap for toolboxes is in the module under the registered number") {

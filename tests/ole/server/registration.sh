@@ -3,13 +3,20 @@
 # would hold had only those that are left been registered. Last line: "N passed, N failed".
 set -uo pipefail
 
-Builds=${BUILD%/*}
+# shellcheck source=scripts/lib/setup.sh
+source "$ROOT/scripts/lib/setup.sh"
+
 Passed=0 Failed=0
 
 give_up() {
     printf 'FAILED: %s\n%d passed, %d failed\n' "$1" "$Passed" "$((Failed + 1))"
     exit 1
 }
+
+# A system of its own: entries that another test left would be taken away with the control's.
+rm -f "$WineFolder/registration/ready"
+need_prefix registration >/dev/null
+wine_environment registration
 
 # The system's programs of both bitnesses, as copies: where they stand, a 32-bit start redirects their paths.
 for bits in 32 64; do
@@ -18,7 +25,7 @@ for bits in 32 64; do
     64) system=system32 ;;
     esac
     cp "$WINEPREFIX/drive_c/windows/$system/regsvr32.exe" "register$bits.exe"
-    cp "$Builds/win$bits/src/ole/VantikFrameTab.ocx" "VantikFrameTab$bits.ocx"
+    cp "$BuildFolder/win$bits/src/ole/VantikFrameTab.ocx" "VantikFrameTab$bits.ocx"
 done
 
 register() { wine "register$1.exe" /s "VantikFrameTab$1.ocx" || give_up "regsvr32 cannot register the $1-bit control"; }
