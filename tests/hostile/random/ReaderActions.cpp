@@ -14,7 +14,8 @@ using Part = ComPtr<IAccessible>;
 Part AnyPart(World& world, const Place& place) {
     Part part;
     constexpr auto client = static_cast<DWORD>(OBJID_CLIENT);
-    if (FAILED(AccessibleObjectFromWindow(WindowOf(place), client, IID_IAccessible, part.PutVoid())))
+    // Not IID_IAccessible: the import library of oleacc has a function of that name, which may be linked in its place.
+    if (FAILED(AccessibleObjectFromWindow(WindowOf(place), client, __uuidof(IAccessible), part.PutVoid())))
         return nullptr;
     for (int depth = world.Draw.Below(3); part && depth > 0; --depth) {
         LONG count = 0;
