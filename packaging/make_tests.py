@@ -8,6 +8,7 @@ import checkout
 from archive import write_zip
 
 BUILDS = ("win32", "win64")
+SLOWER = 4  # than where the suites' time limits are from
 NEEDED = {".exe", ".dll", ".ocx", ".manifest"}
 SKINS = "Skins"  # beside a program, the folder of those that it uses
 
@@ -19,7 +20,7 @@ def suites():
         suite = {key: value.strip() for key, _, value in lines}
         if "program" in suite and set(BUILDS) <= set(suite["builds"].split()):
             yield "|".join([pathlib.Path(name).stem, suite["program"].replace("/", "\\") + ".exe", suite.get("filter", "-"),
-                            need(suite)])
+                            need(suite), str(SLOWER * int(suite.get("seconds", 60)))])
 
 
 def need(suite):

@@ -1,6 +1,7 @@
 @echo off
 rem Runs the tests of the control in both bitnesses; see :usage below. Nothing is registered, and nobody needs to be an
-rem administrator. What the suites are stands in suites.txt: name, program, options and what the system must have for it.
+rem administrator. What the suites are stands in suites.txt: name, program, options, what the system must have for it, and how
+rem many seconds it may take.
 setlocal
 cd /d "%~dp0"
 if "%~1"=="/?" goto usage
@@ -28,8 +29,9 @@ md report
 ver > report\system.txt
 echo %codepage% %dpi% %builds%>> report\system.txt
 echo The demo form takes pictures of itself
-win32\demos\form\demo.exe --shot report\pictures > report\pictures.txt 2>&1
-for %%b in (%builds%) do for /f "tokens=1-4 delims=|" %%s in (suites.txt) do call :suite %%b "%%s" "%%t" "%%u" "%%v"
+set timelimit="%cd%\win32\tools\timelimit\timelimit.exe"
+%timelimit% 300 win32\demos\form\demo.exe --shot report\pictures > report\pictures.txt 2>&1
+for %%b in (%builds%) do for /f "tokens=1-5 delims=|" %%s in (suites.txt) do call :suite %%b "%%s" "%%t" "%%u" "%%v" %%w
 echo %passed% passed, %failed% failed> report\summary.txt
 tar --version > nul 2>&1
 if not errorlevel 1 tar -a -c -f report.zip report
@@ -49,7 +51,7 @@ echo no suite is called so: %wanted%; there are:
 for /f "delims=|" %%s in (suites.txt) do echo   %%s
 exit /b 2
 
-rem BUILD "NAME" "PROGRAM" "OPTIONS" "NEED", a dash for nothing
+rem BUILD "NAME" "PROGRAM" "OPTIONS" "NEED" SECONDS, a dash for nothing
 :suite
 if not "%wanted%"=="" if not "%wanted%"=="%~2" goto :eof
 if not "%~5"=="-" if not "%~5"=="%codepage%" if not "%~5"=="%dpi%" (
@@ -60,9 +62,14 @@ set options=%~4
 if "%options%"=="-" set options=
 md "runs\%1-%~2"
 pushd "runs\%1-%~2"
-"..\..\%1\%~3" --no-colors=true %options% > "..\..\report\%1-%~2.txt" 2>&1
+%timelimit% %6 "..\..\%1\%~3" --no-colors=true %options% > "..\..\report\%1-%~2.txt" 2>&1
 set code=%errorlevel%
 popd
+if %code%==124 (
+    echo %1 %~2: FAILED, did not end within %6 s
+    set /a failed=failed+1
+    goto :eof
+)
 set here=0
 set wrong=none
 for /f "tokens=2-4 delims=|" %%x in ('find "[doctest] test cases:" report\%1-%~2.txt') do call :count %%x %%y %%z

@@ -54,4 +54,12 @@ check 'a program that breaks down is a failure' run_tests 1 ordinary-host
 check 'that is said' says 'win32 ordinary-host: FAILED, ended without a summary, exit code [0-9]*'
 check 'and counted' ends_with '[1-9][0-9]* passed, 1 failed'
 
+# A program that waits for somebody's answer.
+printf 'ordinary-host|tests\\tools\\timelimit\\limited_program.exe|ask Really|-|3\r\n' >suites.txt
+check 'a program that waits for ever is a failure' run_tests 1 ordinary-host
+check 'that is said for 32 bit' says 'win32 ordinary-host: FAILED, did not end within 3 s'
+check 'and for 64 bit' says 'win64 ordinary-host: FAILED, did not end within 3 s'
+check 'and counted' ends_with '0 passed, 2 failed'
+check 'and its question is in the report' grep -q '^    Really' report/win64-ordinary-host.txt
+
 sum_up
