@@ -1,9 +1,11 @@
 #include "samples/RunningSample.h"
 
-#include "acctree/TreeText.h"
+#include <cstdio>
+
 #include "host/BuiltControl.h"
 #include "host/HostError.h"
 #include "host/StartProgram.h"
+#include "host/WindowTexts.h"
 
 namespace vantik {
 
@@ -53,12 +55,11 @@ HWND FindBelow(HWND window, const wchar_t* className) {
 }
 
 std::optional<Node> FindShown(const Node& node, const std::wstring& name) {
-    const RECT place = node.Place();
-    if (node.Name() == name && place.right > place.left && node.Role() != ROLE_SYSTEM_PROPERTYPAGE)
-        return node;
-    for (const Node& child : node.Children())
-        if (const auto found = FindShown(child, name)) return found;
-    return std::nullopt;
+    const RECT place = node.Name() == name ? node.Place() : RECT();
+    if (place.right > place.left && node.Role() != ROLE_SYSTEM_PROPERTYPAGE) return node;
+    std::optional<Node> found;
+    node.AnyChild([&](const Node& child) { return (found = FindShown(child, name)).has_value(); });
+    return found;
 }
 
 LPARAM MiddleOf(const Node& node, HWND window) {
@@ -83,7 +84,11 @@ RunningSample::RunningSample(const std::wstring& program, const std::wstring& ti
         form_ = Find(process_, [&](HWND window) { return TitleOf(window) == title; });
         return form_ != nullptr;
     });
-    if (!came) throw HostError("the sample shows no form");
+    if (!came) {
+        const DWORD id = GetProcessId(process_);
+        throw HostError("the sample shows no form, but\n" +
+                        WindowTexts([&](DWORD one) { return one == id; }));
+    }
 }
 
 RunningSample::~RunningSample() {
@@ -93,14 +98,34 @@ RunningSample::~RunningSample() {
 
 HWND RunningSample::Tabs() const { return FindBelow(form_, L"VantikFrameTab"); }
 
-std::string RunningSample::Tree() const {
+TreeOptions RunningSample::Options() const {
     TreeOptions options;
     ClientToScreen(Tabs(), &options.Origin);
-    const auto root = Node::OfWindow(Tabs());
-    std::string text = root ? TreeText(*root, options) : std::string();
+    return options;
+}
+
+std::vector<std::string> RunningSample::Labels() const {
+    std::vector<std::string> lines;
     for (HWND label = nullptr; (label = FindWindowExW(form_, label, L"STATIC", nullptr)) != nullptr;)
-        text += LineOf(*Node::OfWindow(label), options.Origin) + "\n";
-    return text;
+        if (const auto node = Node::OfWindow(label)) lines.push_back(LineOf(*node, Options().Origin));
+    return lines;
+}
+
+// The labels first, which are few.
+bool RunningSample::Has(const std::string& text) const {
+    for (const std::string& label : Labels())
+        if (label.find(text) != text.npos) return true;
+    const auto tabs = Node::OfWindow(Tabs());
+    return tabs && HasLine(*tabs, Options(), text);
+}
+
+bool RunningSample::Shows(const std::string& text) const {
+    if (Becomes([&] { return Has(text); })) return true;
+    const auto tabs = Node::OfWindow(Tabs());
+    std::printf("the sample does not show %s, but\n%s", text.c_str(),
+                tabs ? TreeText(*tabs, Options()).c_str() : "no tabs\n");
+    for (const std::string& label : Labels()) std::printf("%s\n", label.c_str());
+    return false;
 }
 
 bool RunningSample::HasInView(const std::wstring& name) const {
@@ -110,10 +135,6 @@ bool RunningSample::HasInView(const std::wstring& name) const {
 
 bool RunningSample::HasBesideIt(const wchar_t* name) const {
     return std::filesystem::exists(program_.parent_path() / name);
-}
-
-bool RunningSample::Shows(const std::string& text) const {
-    return Becomes([&] { return Tree().find(text) != std::string::npos; });
 }
 
 // To the window that has the focus, as a keyboard does.

@@ -4,8 +4,9 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
-#include "acctree/Node.h"
+#include "acctree/TreeText.h"
 
 namespace vantik {
 
@@ -20,20 +21,22 @@ public:
     HWND Form() const noexcept { return form_; }
     HWND Tabs() const; // the control's window, which stands on it
 
-    std::string Tree() const;                       // of the control, and then the form's own labels
+    // Whether a line of the control's tree, or of the form's own labels, has the text. Shows waits for it, and prints what
+    // is there instead.
+    bool Has(const std::string& text) const;
+    bool Shows(const std::string& text) const;
     bool HasInView(const std::wstring& name) const; // a tab or button of the row
     bool HasBesideIt(const wchar_t* name) const;    // a file or folder beside the program
-    bool Shows(const std::string& text) const;      // in the end: half a minute is waited for it
     void Press(WORD key) const;                     // where the focus is
 
     // With the pointer on the tab or button that readers know by the name. HostError where none is shown.
     void Click(const std::wstring& name) const;
     // In the menu that the sample shows: the entry so many steps down.
     void ChooseFromMenu(int steps) const;
-    // In the message box that the sample shows. False when there is none in half a minute.
+    // In the message box that the sample shows. False when none comes.
     bool Answer(WORD button) const;
 
-    // False when it did not become so within half a minute.
+    // False when it did not become so for a good while.
     static bool Becomes(const std::function<bool()>& holds);
 
     // Of one that ends by itself, or as its user closes it; STILL_ACTIVE where it does not.
@@ -42,6 +45,8 @@ public:
 
 private:
     HWND FindWindowOfClass(const wchar_t* name) const;
+    std::vector<std::string> Labels() const; // of the form
+    TreeOptions Options() const;
 
     std::filesystem::path program_;
     HANDLE process_ = nullptr;

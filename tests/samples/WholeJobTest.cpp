@@ -54,7 +54,7 @@ struct Running {
 
     Running() { REQUIRE(Sample.Shows("\"Ready\"")); }
 
-    bool Lacks(const std::string& text) const { return Sample.Tree().find(text) == std::string::npos; }
+    bool Lacks(const std::string& text) const { return !Sample.Has(text); }
 };
 
 // A test begins as the first user does: without what samples keep.

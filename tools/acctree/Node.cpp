@@ -54,12 +54,17 @@ RECT Node::Place() const {
     return {left, top, left + width, top + height};
 }
 
-std::vector<Node> Node::Children() const {
+LONG Node::ChildCount() const {
+    LONG count = 0;
+    return IsObject() && SUCCEEDED(object_->get_accChildCount(&count)) && count > 0 ? count : 0;
+}
+
+std::vector<Node> Node::Children(LONG first, LONG most) const {
     std::vector<Node> children;
-    LONG count = 0, filled = 0;
-    if (!IsObject() || FAILED(object_->get_accChildCount(&count)) || count <= 0) return children;
-    std::vector<VARIANT> given(static_cast<std::size_t>(count));
-    AccessibleChildren(object_.Get(), 0, count, given.data(), &filled);
+    LONG filled = 0;
+    if (most == 0) return children;
+    std::vector<VARIANT> given(static_cast<std::size_t>(most));
+    AccessibleChildren(object_.Get(), first, most, given.data(), &filled);
     for (VARIANT& one : given) {
         if (const auto child = From(*this, one)) children.push_back(*child);
         VariantClear(&one);

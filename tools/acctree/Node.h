@@ -36,7 +36,18 @@ public:
     LONG State() const;
     RECT Place() const; // on the screen, empty where it has none
 
-    std::vector<Node> Children() const; // as AccessibleChildren lists them
+    std::vector<Node> Children() const {
+        return Children(0, ChildCount());
+    } // as AccessibleChildren lists them
+    // Whether `isIt` says so of a child. No more are fetched then: each costs many calls when it is another process's.
+    template <class IsIt>
+    bool AnyChild(const IsIt& isIt) const {
+        constexpr LONG AtOnce = 8;
+        for (LONG first = 0, count = ChildCount(); first < count; first += AtOnce)
+            for (const Node& child : Children(first, AtOnce))
+                if (isIt(child)) return true;
+        return false;
+    }
     std::optional<Node> Parent() const;
     std::optional<Node> Navigate(LONG direction) const;
     std::optional<Node> HitTest(POINT screen) const; // of an object's own children
@@ -46,6 +57,8 @@ public:
 private:
     using TextMember = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, BSTR*);
     std::wstring Text(TextMember member) const;
+    LONG ChildCount() const;
+    std::vector<Node> Children(LONG first, LONG most) const;
 
     ComPtr<IAccessible> object_;
     LONG child_;

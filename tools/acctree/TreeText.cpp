@@ -45,10 +45,13 @@ Node WithoutFrame(const Node& node) {
     return (window ? Node::OfWindow(window) : std::nullopt).value_or(node);
 }
 
-void Add(std::string& text, int depth, const Node& node, const TreeOptions& options) {
-    text.append(2 * static_cast<std::size_t>(depth), ' ') += LineOf(node, options.Origin) + "\n";
-    if (depth >= options.Deepest) return;
-    for (const Node& child : node.Children()) Add(text, depth + 1, WithoutFrame(child), options);
+// One line after the other, until `isEnough` says so of one; whether it did.
+template <class IsEnough>
+bool Read(const Node& node, int depth, const TreeOptions& options, const IsEnough& isEnough) {
+    if (isEnough(depth, LineOf(node, options.Origin))) return true;
+    if (depth >= options.Deepest) return false;
+    return node.AnyChild(
+        [&](const Node& child) { return Read(WithoutFrame(child), depth + 1, options, isEnough); });
 }
 
 std::string Number(LONG value) { return std::to_string(value); }
@@ -87,8 +90,15 @@ std::string LineOf(const Node& node, POINT origin) {
 
 std::string TreeText(const Node& root, const TreeOptions& options) {
     std::string text;
-    Add(text, 0, root, options);
+    Read(root, 0, options, [&](int depth, const std::string& line) {
+        text.append(2 * static_cast<std::size_t>(depth), ' ') += line + "\n";
+        return false;
+    });
     return text;
+}
+
+bool HasLine(const Node& root, const TreeOptions& options, const std::string& text) {
+    return Read(root, 0, options, [&](int, const std::string& line) { return line.find(text) != line.npos; });
 }
 
 } // namespace vantik

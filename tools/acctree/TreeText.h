@@ -16,6 +16,9 @@ struct TreeOptions {
 std::string LineOf(const Node& node, POINT origin);
 std::string TreeText(const Node& root, const TreeOptions& options);
 
+// Whether a line has the text. The first that has ends the reading.
+bool HasLine(const Node& root, const TreeOptions& options, const std::string& text);
+
 std::string RoleName(LONG role);
 std::string StateNames(LONG state);
 
