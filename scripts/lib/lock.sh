@@ -8,15 +8,20 @@ own_build_folder() {
 }
 
 # under_lock COMMAND... — a run started from inside a locked one shares its lock.
-# The command gets the lock's descriptor closed, or a Wine server that outlives it would keep the lock.
 under_lock() {
     own_build_folder
     if [[ ${VANTIK_LOCKED:-} == "$Root" ]]; then
         "$@"
-        return
+    else
+        VANTIK_LOCKED=$Root one_at_a_time "$BuildFolder/lock" "$@"
     fi
+}
+
+# one_at_a_time LOCK COMMAND...
+# The command gets the lock's descriptor closed, or a Wine server that outlives it would keep the lock.
+one_at_a_time() {
     {
         flock -n 9 || { say "Waiting for another run in this checkout" && flock 9; }
-        VANTIK_LOCKED=$Root "$@" 9>&-
-    } 9>"$BuildFolder/lock"
+        "${@:2}" 9>&-
+    } 9>"$1"
 }
