@@ -29,9 +29,10 @@ def headers(builds):
 
 
 def moved(folder, to):
-    """The project's files of a folder, in another one."""
+    """The project's files of a folder, in another one; what is for git alone stays."""
     for name in checkout.tracked(folder):
-        yield to + name.removeprefix(folder), name
+        if not name.endswith("/.gitattributes"):
+            yield to + name.removeprefix(folder), name
 
 
 def sources():

@@ -95,6 +95,7 @@ for sample in ("atl-window", "plain-dialog", "plain-window"):
 for processor, build in BUILDS.items():
     check(f"type library for {processor}", zipped[f"{processor}/VantikFrameTab.tlb"],
           (build / "idl/VantikFrameTab.tlb").read_bytes())
+check("what is for git alone", [name for name in zipped if "/.git" in name], [])
 check("paths of this machine in the zip", [name for name, data in zipped.items() if str(ROOT).encode() in data], [])
 
 readme = zipped["README.txt"].decode()
@@ -127,7 +128,7 @@ for processor, build in BUILDS.items():
 
 # Skins: each folder whole, the built-in one too.
 skins = {name.split("/")[1] for name in zipped if name.startswith("skins/")}
-check("skins", skins, {path.name for path in (ROOT / "skins").iterdir()} | {"built-in"})
+check("skins", skins, {path.name for path in (ROOT / "skins").iterdir() if path.is_dir()} | {"built-in"})
 for path in (ROOT / "resources/skin").iterdir():
     check(f"the built-in skin's {path.name}", zipped.get(f"skins/built-in/{path.name}"), path.read_bytes())
 
