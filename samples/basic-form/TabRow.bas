@@ -21,7 +21,7 @@ Public Sub BringIntoView(ByVal Form As Long, ByVal Page As Long, ByVal PageCount
     Button = PageCount + 1
     If Page > First Then Button = Button + 1
     Do While Has(Row, Page + 1, OffScreen) And Not Has(Row, Button, Unavailable)
-        Row.accDoDefaultAction (Button)
+        Row.accDoDefaultAction Button
     Loop
 End Sub
 
@@ -33,7 +33,6 @@ Private Function RowOf(ByVal Window As Long) As Object
     AccessibleObjectFromWindow Window, OfControl, Dispatch(0), RowOf
 End Function
 
-' A number in brackets goes by value: no other is understood.
 Private Function Has(ByVal Row As Object, ByVal Child As Long, ByVal State As Long) As Boolean
-    Has = (Row.accState((Child)) And State) <> 0
+    Has = (Row.accState(Child) And State) <> 0
 End Function

@@ -31,10 +31,9 @@ var
   Row: OleVariant;
   First, Button: LongInt;
 
-  // A variable goes by reference, which is not understood; a sum of this type goes by value.
   function Has(Child, State: LongInt): Boolean;
   begin
-    Result := LongInt(Row.accState(LongInt(Child + 0))) and State <> 0;
+    Result := LongInt(Row.accState(Child)) and State <> 0;
   end;
 
 begin
@@ -45,7 +44,7 @@ begin
   Button := TabCount + 1;
   if Tab > First then Inc(Button);
   while Has(Tab + 1, STATE_SYSTEM_OFFSCREEN) and not Has(Button, STATE_SYSTEM_UNAVAILABLE) do
-    Row.accDoDefaultAction(LongInt(Button + 0));
+    Row.accDoDefaultAction(Button);
 end;
 
 end.

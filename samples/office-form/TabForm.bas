@@ -114,7 +114,7 @@ Private Sub BringIntoView(ByVal Page As Long)
     Button = VantikFrameTab1.TabCount + 1
     If Page > First Then Button = Button + 1
     Do While Has(Row, Page + 1, OffScreen) And Not Has(Row, Button, Unavailable)
-        Row.accDoDefaultAction (Button)
+        Row.accDoDefaultAction Button
     Loop
 End Sub
 
@@ -138,9 +138,8 @@ Private Function RowOf(ByVal Window As LongPtr) As Object
     AccessibleObjectFromWindow Window, OfControl, Dispatch(0), RowOf
 End Function
 
-' A number in brackets goes by value: no other is understood.
 Private Function Has(ByVal Row As Object, ByVal Child As Long, ByVal State As Long) As Boolean
-    Has = (Row.accState((Child)) And State) <> 0
+    Has = (Row.accState(Child) And State) <> 0
 End Function
 
 Private Sub UserForm_QueryClose(Cancel As Integer, CloseMode As Integer)

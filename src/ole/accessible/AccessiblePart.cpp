@@ -18,6 +18,19 @@ VARIANT Number(LONG value) noexcept { return Variant(std::int32_t{value}).Detach
 
 VARIANT Self() noexcept { return Number(CHILDID_SELF); }
 
+// A child's number. Callers by name give short ones, too, and variables of theirs.
+LONG NumberIn(const VARIANT& child) {
+    const VARIANT& number = child.vt == (VT_BYREF | VT_VARIANT) && child.byref ? *child.pvarVal : child;
+    if ((number.vt & VT_BYREF) && !number.byref) RaiseHostError(E_INVALIDARG);
+    switch (number.vt) {
+    case VT_I4: return number.lVal;
+    case VT_I2: return number.iVal;
+    case VT_BYREF | VT_I4: return *number.plVal;
+    case VT_BYREF | VT_I2: return *number.piVal;
+    default: RaiseHostError(E_INVALIDARG);
+    }
+}
+
 // An out parameter, empty until there is something to give out.
 template <class Value>
 Value& Emptied(Value* out) {
@@ -118,10 +131,10 @@ LONG AccessiblePart::CountChildren(const Connected& control) const {
 
 // Itself, or a child by its number from 1.
 AccessiblePart::Subject AccessiblePart::SubjectOf(const Connected& control, const VARIANT& child) const {
-    if (child.vt != VT_I4) RaiseHostError(E_INVALIDARG);
-    if (child.lVal == CHILDID_SELF) return {part_, nullptr, true};
-    const LONG index = child.lVal - 1;
-    if (child.lVal < 0) RaiseHostError(E_INVALIDARG);
+    const LONG number = NumberIn(child);
+    if (number == CHILDID_SELF) return {part_, nullptr, true};
+    if (number < 0) RaiseHostError(E_INVALIDARG);
+    const LONG index = number - 1;
     if (part_.Kind == PartKind::Page) {
         const auto windows = ShownChildren(control.Window());
         if (static_cast<std::size_t>(index) >= windows.size()) RaiseHostError(E_INVALIDARG);

@@ -88,10 +88,12 @@ TEST_CASE("nulls and numbers of children that are not there are invalid argument
         VARIANT value = {};
         LONG number = 0;
         ComPtr<IDispatch> other;
-        VARIANT noNumber = {};
+        VARIANT noNumber = {}, nowhere = {}, nothing = {}, fraction = {};
         noNumber.vt = VT_BSTR;
-        for (const VARIANT& bad :
-             {ChildId(-1), ChildId(99), ChildId(LONG_MIN), ChildId(LONG_MAX), noNumber}) {
+        nowhere.vt = VT_BYREF | VT_I4;
+        fraction.vt = VT_R8, fraction.dblVal = 1;
+        for (const VARIANT& bad : {ChildId(-1), ChildId(99), ChildId(LONG_MIN), ChildId(LONG_MAX), noNumber,
+                                   nowhere, nothing, fraction}) {
             CHECK(object.get_accName(bad, &text) == E_INVALIDARG);
             CHECK(object.get_accRole(bad, &value) == E_INVALIDARG);
             CHECK(object.get_accState(bad, &value) == E_INVALIDARG);
@@ -182,6 +184,26 @@ TEST_CASE("the members answer by name, too") {
     REQUIRE(root->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_NEUTRAL, &id) == S_OK);
     CHECK(id == DISPID_ACC_CHILDCOUNT);
     CHECK(Get(*root.Get(), L"accChildCount").Number() == 7);
+}
+
+TEST_CASE("a child's number is understood as callers by name give it: short, or a variable of theirs") {
+    const ReadControl control;
+    LONG number = 2;
+    SHORT shortNumber = 2;
+    VARIANT literal = {}, variable = {}, shortVariable = {}, script = {};
+    literal.vt = VT_I2, literal.iVal = 2;
+    variable.vt = VT_BYREF | VT_I4, variable.plVal = &number;
+    shortVariable.vt = VT_BYREF | VT_I2, shortVariable.piVal = &shortNumber;
+    script.vt = VT_BYREF | VT_VARIANT, script.pvarVal = &literal;
+    for (const VARIANT& tab : {literal, variable, shortVariable, script}) {
+        BSTR name = nullptr;
+        REQUIRE(control.Root()->get_accName(tab, &name) == S_OK);
+        CHECK(std::wstring(name) == L"Tab1");
+        SysFreeString(name);
+        control.Tab->put_ActiveTab(0);
+        CHECK(control.Root()->accDoDefaultAction(tab) == S_OK);
+        CHECK(control.Active() == 1);
+    }
 }
 
 } // namespace vantik
