@@ -99,6 +99,7 @@ if [[ $Target == x86_64 ]]; then
     check "the listing in Pascal gives its picture" gives start-light pascal pascal_form.exe
 fi
 check "the program of README gives its picture" gives start-light readme basic_form.exe 600 220 start-light-readme.vbs
+check "the program for Office gives its picture" gives start-light office basic_form.exe 600 220 start-light-office.vbs
 for picture in start-light start-built-in; do
     check "the program of $picture gives its picture" gives "$picture" "$picture" basic_form.exe 600 220 "$picture.vbs"
 done

@@ -14,9 +14,13 @@ def programs(root):
                     yield block
 
 
+def untyped(block):
+    return re.sub(r" As \w+", "", block)
+
+
 def as_script(number, block):
     """Without types; under names of its own, the part that runs at once as a procedure."""
-    block = re.sub(r" As \w+", "", block)
+    block = untyped(block)
     block = re.sub(r"\b(Form_Load|Page|VantikFrameTab1_\w+)\b", rf"\g<1>{number}", block)
     if block.lstrip().startswith("."):
         block = f"With VantikFrameTab1\n{block}End With\n"

@@ -6,6 +6,7 @@ usage: tests/docs/write_listings.py FOLDER
 
 import os
 import pathlib
+import re
 import sys
 
 ROOT = pathlib.Path(os.environ.get("ROOT") or pathlib.Path(__file__).resolve().parents[2])
@@ -13,7 +14,7 @@ sys.path.insert(0, str(ROOT / "docs"))
 
 from cpp_import import header  # noqa: E402
 from listings import blocks  # noqa: E402
-from programs import as_script, programs  # noqa: E402
+from programs import as_script, programs, untyped  # noqa: E402
 from reflib.typelibrary import read_library  # noqa: E402
 
 PAGE = (ROOT / "docs/getting-started.md").read_text(encoding="utf-8")
@@ -28,6 +29,22 @@ def listing(language, word):
 
 def constants():
     return "".join(f"Const {name} = {value}\n" for values in TYPES.enumerations.values() for name, value in values.constants)
+
+
+OFFICE = """Class Frame
+    Public Visible
+End Class
+Function Controls(Name)
+    Set Controls = New Frame
+End Function
+"""
+
+
+def office():
+    """The program of a user form, with the skin where the others have it. VBScript knows no form that would be Me."""
+    code = untyped(listing("vb", "UserForm_Initialize")).replace("Me.", "")
+    skin = re.sub(r'"[^"]*(Skins\\\w+)"', r'"\1"', code)
+    return f"{constants()}{OFFICE}{skin}UserForm_Initialize\n"
 
 
 def basic():
@@ -45,6 +62,7 @@ def files():
     yield "import/listing.cpp", listing("cpp", "#import")
     yield "listing.inc", listing("pascal", "procedure MakeTabs")
     yield "tabs.vbs", listing("vb", "CreateObject")
+    yield "start-light-office.vbs", office()
     for name, block in basic():
         yield f"{name}.vbs", f"{constants()}{as_script('', block)}Form_Load\n"
 

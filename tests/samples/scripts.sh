@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Runs the script samples without registration. Last line: "N passed, N failed".
+# Runs the script samples, and what the samples in Basic do to the row, without registration. Last line: "N passed, N failed".
 set -uo pipefail
 
 # shellcheck source=tests/scripts/check.sh
 source "$ROOT/tests/scripts/check.sh"
+# shellcheck source=tests/scripts/screen.sh
+source "$ROOT/tests/scripts/screen.sh"
 
 # The system's program of the control's bitness, as a copy: where it stands, a 32-bit start redirects its path.
 case $BUILD in
@@ -68,7 +70,23 @@ drive_page() {
     check "the page remembers it" answers 'opened: tab 1 of 40, Notes, Notes is open' page.vbs
 }
 
+has_run() { grep -qx 'done.*' said; }
+
+# The form stays, so it is ended.
+brings_into_view() {
+    local form result
+    "$ROOT/tests/samples/row_script.py" "$ROOT/samples/$1" >row.vbs
+    wine "$BUILD/tests/docs/basic_form.exe" 400 200 row.vbs >said 2>&1 &
+    form=$!
+    wait_until has_run
+    result=$?
+    kill "$form" 2>/dev/null
+    return "$result"
+}
+
 lay_out
+check "the form in Basic brings its pages into view" brings_into_view basic-form/TabRow.bas
+check "the form for Office brings its pages into view" brings_into_view office-form/TabForm.bas
 drive tabs.vbs vbscript/tabs.vbs
 drive tabs.js jscript/tabs.js
 drive_page

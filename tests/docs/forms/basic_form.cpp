@@ -1,7 +1,9 @@
-// A form with the control VantikFrameTab1 over all of it, for a program in Basic, as far as VBScript is Basic.
+// A form with the control VantikFrameTab1 over all of it, for a program in Basic, as far as VBScript is Basic. Row is the
+// row of bars as screen readers find it. Says "done" once the program has run, and stays.
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <map>
 
 #include "host/BuiltControl.h"
 #include "host/ComObject.h"
@@ -11,20 +13,22 @@
 #include "host/ProgramArguments.h"
 
 #include <activscp.h>
+#include <oleacc.h>
 
 namespace vantik {
 
 namespace {
 
-// What a running script asks of its host: the control by its name.
+// What a running script asks of its host: the objects that it names.
 class ScriptSite final : public ComObject<IActiveScriptSite> {
 public:
-    explicit ScriptSite(IUnknown& control) : control_(control) {}
+    explicit ScriptSite(std::map<std::wstring, ComPtr<IUnknown>> objects) : objects_(std::move(objects)) {}
 
     STDMETHODIMP GetLCID(LCID*) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP GetItemInfo(LPCOLESTR, DWORD wanted, IUnknown** item, ITypeInfo** type) noexcept override {
+    STDMETHODIMP GetItemInfo(LPCOLESTR name, DWORD wanted, IUnknown** item,
+                             ITypeInfo** type) noexcept override {
         if (type) *type = nullptr;
-        if (wanted & SCRIPTINFO_IUNKNOWN) (*item = &control_)->AddRef();
+        if (wanted & SCRIPTINFO_IUNKNOWN) *item = objects_.at(name).Copy();
         return S_OK;
     }
     STDMETHODIMP GetDocVersionString(BSTR*) noexcept override { return E_NOTIMPL; }
@@ -47,7 +51,7 @@ public:
     STDMETHODIMP OnLeaveScript() noexcept override { return S_OK; }
 
 private:
-    IUnknown& control_;
+    std::map<std::wstring, ComPtr<IUnknown>> objects_;
 };
 
 ComPtr<IActiveScript> NewEngine() {
@@ -59,13 +63,23 @@ ComPtr<IActiveScript> NewEngine() {
     return engine;
 }
 
+ComPtr<IUnknown> RowOf(HWND control) {
+    ComPtr<IUnknown> row;
+    Check(AccessibleObjectFromWindow(control, static_cast<DWORD>(OBJID_CLIENT), IID_IUnknown, row.PutVoid()),
+          "Finding the row");
+    return row;
+}
+
 void Run(const std::wstring& text, HostForm& form) {
     const auto engine = NewEngine();
-    const auto site = MakeCom<ScriptSite>(*form.ControlObject());
+    const std::map<std::wstring, ComPtr<IUnknown>> objects = {
+        {L"VantikFrameTab1", ComPtr<IUnknown>(form.ControlObject())}, {L"Row", RowOf(form.ControlWindow())}};
+    const auto site = MakeCom<ScriptSite>(objects);
     const auto parser = engine.As<IActiveScriptParse>();
     Check(engine->SetScriptSite(site.Get()), "SetScriptSite");
     Check(parser->InitNew(), "InitNew");
-    Check(engine->AddNamedItem(L"VantikFrameTab1", SCRIPTITEM_ISVISIBLE), "AddNamedItem");
+    for (const auto& [name, object] : objects)
+        Check(engine->AddNamedItem(name.c_str(), SCRIPTITEM_ISVISIBLE), "AddNamedItem");
     Check(engine->SetScriptState(SCRIPTSTATE_STARTED), "SetScriptState");
     const HRESULT result =
         parser->ParseScriptText(text.c_str(), nullptr, nullptr, nullptr, 0, 0, 0, nullptr, nullptr);
@@ -86,8 +100,10 @@ int Main(const std::vector<std::wstring>& arguments) {
     HostForm form(
         module, {.Title = L"Listing", .ClientSize = {width, height}, .ControlPlace = {0, 0, width, height}});
     form.OpenNew();
-    Run(ReadText(arguments[2]), form);
     form.Window().Show();
+    Run(ReadText(arguments[2]), form);
+    std::puts("done");
+    std::fflush(stdout);
     return RunMessages(form);
 }
 
