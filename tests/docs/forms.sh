@@ -36,7 +36,7 @@ lay_out() {
     cp -r "$ROOT/skins/light" "$ROOT/skins/dark" Skins
     cp "$BUILD/src/ole/VantikFrameTab.ocx" "$BUILD/src/ole/VantikFrameTab.manifest" "$BUILD/tests/docs/basic_form.exe" .
     cp "$WINEPREFIX/drive_c/windows/$(system_folder)/cscript.exe" script.exe
-    for program in atl_form pascal_form script; do
+    for program in atl_form plain_form pascal_form script; do
         cp "$ROOT/samples/plain-window/plain-window.manifest" "$program.exe.manifest"
     done
 }
@@ -49,15 +49,16 @@ headers() {
         grep -vE '/gcc/[^/]+/[^/]+/include(-fixed)?$' | sed 's/^ /-isystem/'
 }
 
+# compile_cpp FORM SAMPLE HOST — the form, with the file of the sample that is the host for the control.
 compile_cpp() {
     local -a found
     mapfile -t found < <(headers)
-    for source in "$Forms/atl_form.cpp" "$ROOT/samples/atl-window/AtlHost.cpp"; do
+    for source in "$Forms/$1.cpp" "$ROOT/samples/$2/$3.cpp"; do
         clang++ "--target=$Target-w64-windows-gnu" -std=c++20 -fms-extensions -Wno-deprecated -Wno-extra-tokens -DUNICODE \
-            -nostdinc++ "${found[@]}" -Iimport "-I$BUILD/idl/include" "-I$ROOT/samples/atl-window" -c "$source" >said 2>&1 || return
+            -nostdinc++ "${found[@]}" -Iimport "-I$BUILD/idl/include" "-I$ROOT/samples/$2" -c "$source" >said 2>&1 || return
     done
-    "$Target-w64-mingw32-g++" -static atl_form.o AtlHost.o "$BUILD/idl/libinterfaces.a" -lole32 -loleaut32 -luuid -lcomctl32 \
-        -o atl_form.exe >said 2>&1
+    "$Target-w64-mingw32-g++" -static "$1.o" "$3.o" "$BUILD/idl/libinterfaces.a" -lole32 -loleaut32 -luuid -lcomctl32 \
+        -o "$1.exe" >said 2>&1
 }
 
 compile_pascal() { compile_library && compile "$Forms/atl_form.lpr" "-Fu$ROOT/samples/free-pascal" -Fi. -opascal_form.exe; }
@@ -92,8 +93,10 @@ lay_out
 "$ROOT/tests/docs/write_listings.py" .
 open_screen 1024x768
 trap 'stop_wine "$Prefix"; kill "$Screen"' EXIT
-check "the listing in C++ compiles" compile_cpp
+check "the listing in C++ compiles" compile_cpp atl_form atl-window AtlHost
 check "the listing in C++ gives its picture" gives start-light cpp atl_form.exe
+check "the listing in C++ compiles with the sample's container" compile_cpp plain_form plain-window TabSite
+check "and gives its picture there" gives start-light plain plain_form.exe
 if [[ $Target == x86_64 ]]; then
     check "the listing in Pascal compiles" compile_pascal
     check "the listing in Pascal gives its picture" gives start-light pascal pascal_form.exe
