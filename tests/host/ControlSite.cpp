@@ -141,6 +141,10 @@ HRESULT ControlSite::TranslateAccelerator(MSG* message, DWORD) noexcept {
     return Ask([&](SiteOwner& owner) { return owner.ControlOffersKey(*message) ? S_OK : S_FALSE; });
 }
 
+HRESULT ControlSite::ShowPropertyFrame() noexcept {
+    return Ask([](SiteOwner& owner) { return owner.ShowControlProperties() ? S_OK : E_NOTIMPL; });
+}
+
 HRESULT ControlSite::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                             UINT*) noexcept {
     if ((flags & DISPATCH_PROPERTYGET) == 0) return DISP_E_MEMBERNOTFOUND;

@@ -32,6 +32,7 @@ public:
     virtual std::optional<LRESULT> ControlMessage(HWND window, UINT message, WPARAM wParam,
                                                   LPARAM lParam) = 0;
     virtual bool ControlOffersKey(const MSG& message) = 0; // true: the form used it
+    virtual bool ShowControlProperties() = 0;              // false: the form has no frame for property pages
 
 protected:
     ~SiteOwner() = default;
@@ -87,7 +88,7 @@ public:
                                               DWORD flags) noexcept override;
     HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG* message, DWORD modifiers) noexcept override;
     HRESULT STDMETHODCALLTYPE OnFocus(BOOL) noexcept override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE ShowPropertyFrame() noexcept override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE ShowPropertyFrame() noexcept override;
 
     // IDispatch: the ambient properties
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result,

@@ -59,12 +59,11 @@ void HostForm::ControlAsksForPlace(const RECT& pixels) {
     if (inPlace_) Check(inPlace_->SetObjectRects(&pixels, &pixels), "SetObjectRects");
 }
 
-void HostForm::UIActivate() {
+void HostForm::DoVerb(LONG verb) {
     const auto object = control_.As<IOleObject>();
     if (!object) return;
     const RECT place = ToPixels(place_);
-    Check(object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, site_.Get(), 0, window_.Handle(), &place),
-          "UI activation");
+    Check(object->DoVerb(verb, nullptr, site_.Get(), 0, window_.Handle(), &place), "The control's verb");
 }
 
 HostedWindow& HostForm::Add(std::wstring name, HWND window) {
@@ -77,6 +76,10 @@ HostedWindow* HostForm::FindWindowNamed(std::wstring_view name) noexcept {
     const auto found = std::find_if(windows_.begin(), windows_.end(),
                                     [&](const auto& each) { return each->Name() == name; });
     return found == windows_.end() ? nullptr : found->get();
+}
+
+void HostForm::Remove(const HostedWindow& window) noexcept {
+    std::erase_if(windows_, [&](const auto& each) { return each.get() == &window; });
 }
 
 void HostForm::SetExtent() {
@@ -109,6 +112,12 @@ void HostForm::PropertyChanged(DISPID id) {
 
 std::optional<LRESULT> HostForm::ControlMessage(HWND, UINT message, WPARAM wParam, LPARAM lParam) {
     return handlers_.ControlMessage ? handlers_.ControlMessage(message, wParam, lParam) : std::nullopt;
+}
+
+bool HostForm::ShowControlProperties() {
+    const auto show = handlers_.ShowProperties; // it may end the form
+    if (show) show();
+    return static_cast<bool>(show);
 }
 
 void HostForm::Place(const Placement& place) { MoveControl(ToPixels(place)); }

@@ -40,6 +40,7 @@ struct FormHandlers {
     // A key for a window on the form, before that gets it; for the control's own window what that does not use. True: it is
     // used up.
     std::function<bool(const MSG&)> Key;
+    std::function<void()> ShowProperties = nullptr; // in a frame of the form's own; without it the system's shows them
 };
 
 class HostForm final : private SiteOwner, private FormItem {
@@ -61,11 +62,13 @@ public:
     IDispatch& Control() const; // throws without a control that has automation
     HWND ControlWindow() const;
     void MoveControl(const RECT& pixels);
-    void UIActivate();
+    void UIActivate() { DoVerb(OLEIVERB_UIACTIVATE); }
+    void DoVerb(LONG verb);
 
     // A window that was made as a child of the control's window becomes a control of the form.
     HostedWindow& Add(std::wstring name, HWND window);
     HostedWindow* FindWindowNamed(std::wstring_view name) noexcept;
+    void Remove(const HostedWindow& window) noexcept; // the window itself stays its maker's
 
     FormWindow& Window() noexcept { return window_; }
     ControlSite& Site() const noexcept { return *site_.Get(); }
@@ -104,6 +107,7 @@ private:
     void PropertyChanged(DISPID id) override;
     std::optional<LRESULT> ControlMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
     bool ControlOffersKey(const MSG& message) override { return UsesKey(message); }
+    bool ShowControlProperties() override;
 
     // FormItem: the control itself
     const std::wstring& Name() const noexcept override { return layout_.ControlName; }

@@ -90,10 +90,8 @@ void HostForm::DisconnectSinks() noexcept {
 
 void HostForm::Show() {
     const auto object = control_.As<IOleObject>();
-    const RECT place = ToPixels(place_);
     object->SetHostNames(layout_.Title.c_str(), layout_.ControlName.c_str());
-    Check(object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, site_.Get(), 0, window_.Handle(), &place),
-          "In-place activation");
+    DoVerb(OLEIVERB_INPLACEACTIVATE);
 }
 
 void HostForm::SaveTo(TextPropertyBag& bag) {

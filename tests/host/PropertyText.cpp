@@ -1,8 +1,7 @@
 #include "host/PropertyText.h"
 
-#include <cwctype>
-
 #include "host/HostError.h"
+#include "host/QuotedText.h"
 
 namespace vantik {
 
@@ -12,20 +11,6 @@ constexpr std::size_t BytesPerLine = 32;
 constexpr std::wstring_view Indentation = L"    ";
 constexpr std::wstring_view HexDigits = L"0123456789ABCDEF";
 
-std::wstring Quoted(std::wstring_view text) {
-    std::wstring quoted = L"\"";
-    for (const wchar_t character : text) {
-        switch (character) {
-        case L'"': quoted += L"\\\""; break;
-        case L'\\': quoted += L"\\\\"; break;
-        case L'\r': quoted += L"\\r"; break;
-        case L'\n': quoted += L"\\n"; break;
-        default: quoted += character;
-        }
-    }
-    return quoted + L'"';
-}
-
 std::wstring ValueText(const Variant& value) {
     return value.Type() == VT_BSTR ? Quoted(value.Text()) : value.Text();
 }
@@ -33,12 +18,6 @@ std::wstring ValueText(const Variant& value) {
 std::wstring ClassText(const CLSID& id) {
     wchar_t text[40];
     StringFromGUID2(id, text, static_cast<int>(std::size(text)));
-    return text;
-}
-
-std::wstring_view Trimmed(std::wstring_view text) {
-    while (!text.empty() && std::iswspace(text.front())) text.remove_prefix(1);
-    while (!text.empty() && std::iswspace(text.back())) text.remove_suffix(1);
     return text;
 }
 
@@ -170,23 +149,11 @@ Variant PropertyTextReader::ParseValue(const std::wstring& text) const {
 }
 
 std::wstring PropertyTextReader::ParseQuoted(const std::wstring& text) const {
-    std::wstring result;
-    bool escaped = false;
-    for (std::size_t i = 1; i < text.size(); ++i) {
-        const wchar_t character = text[i];
-        if (escaped) {
-            result += character == L'n' ? L'\n' : character == L'r' ? L'\r' : character;
-            escaped = false;
-        } else if (character == L'\\') {
-            escaped = true;
-        } else if (character == L'"') {
-            if (i + 1 != text.size()) Fail("there is more behind the text");
-            return result;
-        } else {
-            result += character;
-        }
+    try {
+        return Unquoted(text);
+    } catch (const std::invalid_argument& error) {
+        Fail(error.what());
     }
-    Fail("the text has no closing quotation mark");
 }
 
 void PropertyTextReader::Fail(const std::string& why) const {

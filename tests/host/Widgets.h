@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "host/Box.h"
 #include "platform/mDeclares.h"
 
 namespace vantik {
@@ -25,13 +26,6 @@ public:
 private:
     std::wstring name_;
     HFONT font_;
-};
-
-struct Box {
-    int Left;
-    int Top;
-    int Width;
-    int Height;
 };
 
 // A child window; the style is added to WS_CHILD | WS_VISIBLE.

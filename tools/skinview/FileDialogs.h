@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/mDeclares.h"
+#include "host/FileDialog.h"
 
 namespace vantik {
 
@@ -13,7 +13,6 @@ namespace vantik {
 std::optional<std::filesystem::path> AskForDefinition(HWND owner);
 std::optional<std::filesystem::path> AskForNewDefinition(HWND owner);
 
-enum class Answer { Yes, No, Cancel };
 Answer AskToSave(HWND owner, const std::wstring& name);
 bool AskToTakeFromDisk(HWND owner, const std::wstring& name);
 bool AskToOverwrite(HWND owner, const std::wstring& name);

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <string>
-#include <vector>
+#include <utility>
 
+#include "host/TextHistory.h"
 #include "tools/skin/DefinitionText.h"
 
 namespace vantik {
@@ -11,33 +12,40 @@ namespace vantik {
 class Document {
 public:
     Document() : Document(std::string()) {}
-    explicit Document(std::string bytes) : text_(bytes), saved_(std::move(bytes)) {}
+    explicit Document(std::string bytes) : history_(std::move(bytes)), text_(history_.Text()) {}
 
     const DefinitionText& Text() const noexcept { return text_; }
     const std::string& Bytes() const noexcept { return text_.Bytes(); }
-    const std::string& Saved() const noexcept { return saved_; }
-    bool IsChanged() const noexcept { return Bytes() != saved_; }
+    const std::string& Saved() const noexcept { return history_.Saved(); }
+    bool IsChanged() const noexcept { return history_.IsChanged(); }
 
-    // A step of the history. Steps of one gesture, such as a drag, are one: they are undone together.
-    static constexpr int OwnGesture = 0;
-    void Change(std::string bytes, int gesture = OwnGesture);
+    void Change(std::string bytes, int gesture = TextHistory::OwnGesture) {
+        history_.Change(std::move(bytes), gesture);
+        ReadAgain();
+    }
 
-    bool CanUndo() const noexcept { return !done_.empty(); }
-    bool CanRedo() const noexcept { return !undone_.empty(); }
-    void Undo();
-    void Redo();
+    bool CanUndo() const noexcept { return history_.CanUndo(); }
+    bool CanRedo() const noexcept { return history_.CanRedo(); }
+    void Undo() {
+        history_.Undo();
+        ReadAgain();
+    }
+    void Redo() {
+        history_.Redo();
+        ReadAgain();
+    }
 
-    // What stands on disk now. A text that another program wrote there can be undone like any change.
-    void NoteSaved() { saved_ = Bytes(); }
-    void TakeFromDisk(std::string bytes);
+    void NoteSaved() { history_.NoteSaved(); }
+    void TakeFromDisk(std::string bytes) {
+        history_.TakeFromDisk(std::move(bytes));
+        ReadAgain();
+    }
 
 private:
-    void Swap(std::vector<std::string>& from, std::vector<std::string>& to);
+    void ReadAgain() { text_.Assign(history_.Text()); }
 
+    TextHistory history_;
     DefinitionText text_;
-    std::string saved_;
-    std::vector<std::string> done_, undone_; // the texts before and behind this one, nearest last
-    int gesture_ = OwnGesture;               // that the newest step belongs to
 };
 
 } // namespace vantik
