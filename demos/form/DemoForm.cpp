@@ -100,11 +100,11 @@ std::optional<LRESULT> DemoForm::OnMessage(UINT message, WPARAM wParam, LPARAM l
         return 0;
     case WM_ERASEBKGND:
         if (!pages_) return std::nullopt;
-        pages_->Fill(form_->Window().Handle(), reinterpret_cast<HDC>(wParam));
+        pages_->Background().Fill(form_->Window().Handle(), reinterpret_cast<HDC>(wParam));
         return 1;
     case WM_CTLCOLORSTATIC:
         if (!pages_) return std::nullopt;
-        return pages_->Colour(reinterpret_cast<HDC>(wParam));
+        return pages_->Background().Answer(reinterpret_cast<HDC>(wParam));
     case WM_COMMAND:
         if (options_ && options_->Command(wParam)) return 0;
         return std::nullopt;

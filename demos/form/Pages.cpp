@@ -1,7 +1,5 @@
 #include "Pages.h"
 
-#include "SurfaceColour.h"
-
 namespace vantik {
 
 namespace {
@@ -72,11 +70,6 @@ const PageWidget Widgets[] = {
 
 constexpr int FirstId = 1000;
 
-// As the eye weighs the three colours.
-bool IsDark(COLORREF colour) noexcept {
-    return GetRValue(colour) * 299 + GetGValue(colour) * 587 + GetBValue(colour) * 114 < 128000;
-}
-
 } // namespace
 
 const std::vector<std::wstring>& Pages::Captions() {
@@ -85,16 +78,10 @@ const std::vector<std::wstring>& Pages::Captions() {
 }
 
 Pages::Pages(HostForm& form, const FormFont& font, Report report)
-    : form_(form),
-      font_(font),
-      report_(std::move(report)),
-      colour_(GetSysColor(COLOR_BTNFACE)),
-      brush_(CreateSolidBrush(colour_)) {
+    : form_(form), font_(font), report_(std::move(report)) {
     Make();
     CheckRadioButton(form_.ControlWindow(), FirstId + 8, FirstId + 10, FirstId + 8);
 }
-
-Pages::~Pages() { DeleteObject(brush_); }
 
 void Pages::Make() {
     int id = FirstId;
@@ -121,30 +108,9 @@ void Pages::Arrange(SIZE control) {
     button->Place(ToPlacement({left, top, left + FixedButton.Width, top + FixedButton.Height}));
 }
 
-void Pages::TakeBackground() {
-    const auto colour = SurfaceColour(form_.ControlObject(), form_.ControlWindow());
-    if (!colour || *colour == colour_) return;
-    colour_ = *colour;
-    DeleteObject(brush_);
-    brush_ = CreateSolidBrush(colour_);
-    RedrawWindow(form_.Window().Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-}
-
-LRESULT Pages::Colour(HDC dc) const {
-    SetBkColor(dc, colour_);
-    SetTextColor(dc, IsDark(colour_) ? RGB(255, 255, 255) : GetSysColor(COLOR_BTNTEXT));
-    return reinterpret_cast<LRESULT>(brush_);
-}
-
-void Pages::Fill(HWND form, HDC dc) const {
-    RECT client = {};
-    GetClientRect(form, &client);
-    FillRect(dc, &client, brush_);
-}
-
 std::optional<LRESULT> Pages::ControlMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN)
-        return Colour(reinterpret_cast<HDC>(wParam));
+        return colour_.Answer(reinterpret_cast<HDC>(wParam));
     if (message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED && lParam != 0) {
         const std::size_t index = static_cast<std::size_t>(LOWORD(wParam) - FirstId);
         if (index < std::size(Widgets)) report_(std::wstring(Widgets[index].Name) + L"_Click()");

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "PageColour.h"
 #include "host/HostForm.h"
 #include "host/Widgets.h"
 
@@ -20,16 +21,10 @@ public:
 
     // Makes the windows; tab 0 is the active one.
     Pages(HostForm& form, const FormFont& font, Report report);
-    ~Pages();
-    Pages(const Pages&) = delete;
-    Pages& operator=(const Pages&) = delete;
 
     void Arrange(SIZE control); // keeps the fixed button in its corner
-    void TakeBackground();      // the colour that the control now paints under them
-
-    // The form is as the page, so that the control seems to stand on nothing.
-    LRESULT Colour(HDC dc) const; // the answer of WM_CTLCOLORSTATIC
-    void Fill(HWND form, HDC dc) const;
+    void TakeBackground() { colour_.TakeFrom(form_); }
+    const PageColour& Background() const noexcept { return colour_; }
 
     // What the control's window was sent by its children.
     std::optional<LRESULT> ControlMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -41,8 +36,7 @@ private:
     HostForm& form_;
     const FormFont& font_;
     Report report_;
-    COLORREF colour_;
-    HBRUSH brush_;
+    PageColour colour_;
 };
 
 } // namespace vantik

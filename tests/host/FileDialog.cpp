@@ -34,8 +34,9 @@ std::optional<std::filesystem::path> AskForFile(HWND owner, const wchar_t* title
 }
 
 std::optional<std::filesystem::path> AskForNewFile(HWND owner, const wchar_t* title, const FileKind& kind,
-                                                   const std::wstring& proposal, DWORD flags) {
-    return Ask(GetSaveFileNameW, owner, title, kind, proposal.c_str(), flags | OFN_PATHMUSTEXIST);
+                                                   const std::wstring& proposal, IfThere ifThere) {
+    const DWORD question = ifThere == IfThere::Ask ? OFN_OVERWRITEPROMPT : 0;
+    return Ask(GetSaveFileNameW, owner, title, kind, proposal.c_str(), OFN_PATHMUSTEXIST | question);
 }
 
 Answer AskToSave(HWND owner, const wchar_t* title, const std::wstring& name) {

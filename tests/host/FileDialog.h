@@ -16,8 +16,10 @@ struct FileKind {
 
 // Empty when the user thinks better of it.
 std::optional<std::filesystem::path> AskForFile(HWND owner, const wchar_t* title, const FileKind& kind);
+// A file that is there already is asked about, unless the caller sees to that.
+enum class IfThere { Ask, Callers };
 std::optional<std::filesystem::path> AskForNewFile(HWND owner, const wchar_t* title, const FileKind& kind,
-                                                   const std::wstring& proposal, DWORD flags = 0);
+                                                   const std::wstring& proposal, IfThere ifThere);
 
 enum class Answer { Yes, No, Cancel };
 Answer AskToSave(HWND owner, const wchar_t* title, const std::wstring& name);

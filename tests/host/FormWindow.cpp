@@ -27,9 +27,9 @@ void RegisterFormClass(WNDPROC procedure) {
         throw HostError("cannot register the form's window class");
 }
 
-SIZE OuterSize(SIZE client) noexcept {
+SIZE OuterSize(SIZE client, bool hasMenu = false) noexcept {
     RECT outer = {0, 0, client.cx, client.cy};
-    AdjustWindowRectEx(&outer, Style, FALSE, 0);
+    AdjustWindowRectEx(&outer, Style, hasMenu, 0);
     return {outer.right - outer.left, outer.bottom - outer.top};
 }
 
@@ -57,7 +57,7 @@ SIZE FormWindow::ClientSize() const noexcept {
 }
 
 void FormWindow::ResizeClient(SIZE size) {
-    const SIZE outer = OuterSize(size);
+    const SIZE outer = OuterSize(size, GetMenu(window_) != nullptr);
     SetWindowPos(window_, nullptr, 0, 0, outer.cx, outer.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -40,7 +40,8 @@ struct FormHandlers {
     // A key for a window on the form, before that gets it; for the control's own window what that does not use. True: it is
     // used up.
     std::function<bool(const MSG&)> Key;
-    std::function<void()> ShowProperties = nullptr; // in a frame of the form's own; without it the system's shows them
+    std::function<void()> ShowProperties =
+        nullptr; // in a frame of the form's own; without it the system's shows them
 };
 
 class HostForm final : private SiteOwner, private FormItem {

@@ -48,6 +48,10 @@ test_an_unknown_argument_shows_the_usage() {
     expect_contains "$Output" '--shot needs a folder'
     command_line 2 "$Root/demo" --shot --64
     expect_contains "$Output" '--shot needs a folder'
+    command_line 2 "$Root/demo" --design a.form --shot pictures
+    expect_contains "$Output" '--shot and --design do not go together'
+    command_line 2 "$Root/demo" --design a.form b.form
+    expect_contains "$Output" 'unknown argument: b.form'
     command_line 2 "$Root/test" --bogus
     expect_contains "$Output" 'unknown option: --bogus'
     expect_contains "$Output" 'usage: ./test'

@@ -18,7 +18,8 @@ std::optional<std::filesystem::path> AskForDefinition(HWND owner) {
 }
 
 std::optional<std::filesystem::path> AskForNewDefinition(HWND owner) {
-    return AskForNewFile(owner, L"New skin: choose an empty folder for it", Definition, L"SKIN.INI");
+    return AskForNewFile(owner, L"New skin: choose an empty folder for it", Definition, L"SKIN.INI",
+                         IfThere::Callers);
 }
 
 Answer AskToSave(HWND owner, const std::wstring& name) { return AskToSave(owner, Title, name); }

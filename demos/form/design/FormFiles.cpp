@@ -1,0 +1,28 @@
+#include "demos/form/design/FormFiles.h"
+
+#include <fstream>
+#include <iterator>
+
+#include "host/HostError.h"
+
+namespace vantik {
+
+std::string ReadFormFile(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string text(std::istreambuf_iterator<char>(file), {});
+    if (!file.is_open() || file.bad()) throw HostError("cannot read " + ToUtf8(path.wstring()));
+    return text;
+}
+
+void WriteFormFile(const std::filesystem::path& path, const std::string& text) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file << text;
+    file.close();
+    if (!file) throw HostError("cannot write " + ToUtf8(path.wstring()));
+}
+
+DesignedForm ParseForm(const std::string& text) { return ReadForm(FromUtf8(text)); }
+
+std::string TextOf(const DesignedForm& form) { return ToUtf8(WriteForm(form)); }
+
+} // namespace vantik
