@@ -8,74 +8,10 @@ set -uo pipefail
 source "$ROOT/tests/scripts/check.sh"
 # shellcheck source=tests/scripts/screen.sh
 source "$ROOT/tests/scripts/screen.sh"
+# shellcheck source=tests/demos/driving.sh
+source "$ROOT/tests/demos/driving.sh"
 
-design() { wine "$BUILD/demos/form/demo.exe" --design "$@" >>design.log 2>&1; }
-here() { printf 'Z:%s' "${PWD//\//\\}\\$1"; }
-window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1; }
-is_there() { [[ -n $(window "$1") ]]; }
-is_gone() { ! is_there "$1"; }
-focus() { xdotool windowfocus --sync "$(window "$1")"; }
-
-# --- what a window shows: Seen is the end of its title
-
-Seen=' - design'
 explain() { cat texts; }
-look() { wine "$BUILD/tests/tools/skinview/window_texts.exe" "$Seen" 2>&1 | tr -d '\r' >texts; }
-shows() { look && grep -Eq -- "$1" texts; }
-lacks() { look && ! grep -Eq -- "$1" texts; }
-
-# place_of TEXT — left, top, width and height on the screen of the child or the tool with that text.
-place_of() { sed -nE "s/^[A-Za-z]+ (1[0-9]{3}|40[0-9]) (-?[0-9]+),(-?[0-9]+) ([0-9]+)x([0-9]+) $1\$/\2 \3 \4 \5/p" texts; }
-
-# Sets Left, Top, Right and Bottom of the control.
-find_control() {
-    look && read -r Left Top Right Bottom < <(sed -nE 's/^VantikFrameTab 0 ([0-9]+),([0-9]+) ([0-9]+)x([0-9]+) .*/\1 \2 \3 \4/p' texts)
-    [[ -n ${Bottom:-} ]] && Right=$((Left + Right)) Bottom=$((Top + Bottom))
-}
-
-# stands TEXT X Y WIDTH HEIGHT — the client area of a child, its edges left out, relative to the control.
-stands() {
-    local x y width height edge=0
-    look
-    read -r x y width height < <(place_of "$1") || return 1
-    ! grep -Eq "^Edit 1[0-9]{3} .* $1\$" texts || edge=2
-    [[ $((x - Left - edge)),$((y - Top - edge)),$((width + 2 * edge)),$((height + 2 * edge)) == "$2,$3,$4,$5" ]]
-}
-is_on_page() {
-    local x
-    look
-    read -r x _ < <(place_of "$1") && ((x >= Left && x < Right))
-}
-is_off_page() {
-    local x
-    look
-    read -r x _ < <(place_of "$1") && ((x >= Right || x < Left))
-}
-
-# --- pointer, relative to the control
-
-point_at() { xdotool mousemove $((Left + $1)) $((Top + $2)); }
-click() { point_at "$1" "$2" && xdotool click 1; }
-drag() {
-    local i
-    point_at "$1" "$2"
-    xdotool mousedown 1
-    for i in 1 2 3; do point_at $(($1 + ($3 - $1) * i / 3)) $(($2 + ($4 - $2) * i / 3)); done
-    xdotool mouseup 1
-}
-BarWidth=96
-press_bar() { click $((6 + BarWidth * $1 + BarWidth / 2)) 11; }
-take_tool() {
-    local x y
-    look
-    read -r x y _ < <(place_of "$1") && xdotool mousemove $((x + 20)) $((y + 10)) click 1
-}
-
-# --- pixels of the page, relative to the control; what has one colour is empty
-
-colours_at() { convert "$1.png" -crop "$2x$3+$((Left + $4))+$((Top + $5))" +repage -format %k info:; }
-is_empty() { picture now && (($(colours_at now "$@") == 1)); }
-is_drawn() { picture now && (($(colours_at now "$@") > 1)); }
 
 placing() {
     design "$(here own.form)" &
@@ -94,7 +30,7 @@ placing() {
     press_bar 1
     check "a press on a bar shows its tab" wait_until is_off_page Label1
     check "nothing of the other tab is chosen any more" wait_until shows 'Nothing chosen'
-    check "nor to be seen" wait_until is_empty 300 60 30 30
+    check "nor to be seen" wait_until is_empty 300 50 30 40
     take_tool Button
     click 61 99
     check "a press alone places a button of the usual size" wait_until stands Button1 60 100 88 28
@@ -164,13 +100,13 @@ properties() {
     press F4
     check "F4 shows the control's property pages" wait_until is_there '^Properties$'
     focus '^Properties$'
-    xdotool mousemove --window "$(window '^Properties$')" 312 44 click --repeat 2 --delay 60 1 type --delay 40 75
+    xdotool mousemove --window "$(window '^Properties$')" 312 44 click --repeat 2 --delay 60 1 type --delay 40 100
     press alt+a
     picture 2-properties
     check "a width that is applied is the bars'" wait_until bars_are_narrower
     press Escape
     check "the pages are closed" wait_until is_gone '^Properties$'
-    BarWidth=75
+    BarWidth=100
     focus ' - design$'
     press ctrl+z
     check "and that is undone with the rest" wait_until bars_are_wider
@@ -183,15 +119,15 @@ properties() {
     press Escape
     check "once" wait_until is_gone '^Properties$'
 }
-# The buttons behind three bars of 96, where there is only a line when the bars are of 75.
-bars_are_narrower() { picture now && (($(colours_at now 40 14 305 3) < 6)); }
-bars_are_wider() { picture now && (($(colours_at now 40 14 305 3) >= 6)); }
+# The buttons beside the row, where they are behind three bars of 132; behind three of 100 nothing is there.
+bars_are_narrower() { is_empty 40 20 420 5; }
+bars_are_wider() { is_drawn 40 20 420 5; }
 
 saving() {
     press ctrl+s
     check "saving takes the mark away" wait_until shows '^title own.form - design'
     check "the file names the kinds and the control's keys" has_lines 'VantikFrameTab form 1' \
-        'Label Label1' 'TextBox Text1' 'Button Button1' '        BarWidth = 75' '        TabCount = 3' \
+        'Label Label1' 'TextBox Text1' 'Button Button1' '        BarWidth = 100' '        TabCount = 3' \
         '        ActiveTab = 1' '    Text = "Say \"yes\""' '    Container = "VantikFrameTab1"'
     check "children of other tabs keep the place that says so" has_lines "    Left = $((36 * 15 + 40000))" \
         "    Left = $((100 * 15))"
@@ -211,7 +147,7 @@ running() {
     check "its child is seen" wait_until is_drawn 108 40 100 120
     check "the others' are not" is_off_page Label1
     check "there are no handles" lacks ' 7x7 '
-    check "where theirs would be nothing is" wait_until is_empty 300 60 30 30
+    check "where theirs would be nothing is" wait_until is_empty 300 50 30 40
     picture 3-running
     press_bar 0
     check "the first tab shows its own" wait_until is_on_page Label1

@@ -17,6 +17,7 @@ public:
     PropertyFrame(IUnknown* control, std::function<void()> closed);
     void End() noexcept;
     void ComeToFront();
+    FormWindow& Window() noexcept { return window_; }
 
     // What a message loop does with a message before it is dispatched.
     bool TranslateMessage(MSG& message);

@@ -9,6 +9,15 @@ namespace {
 
 constexpr wchar_t Title[] = L"VantikFrameTab designer";
 
+// Into the lower right corner, where it covers no bars.
+void PutInCorner(HWND window, HWND owner) {
+    RECT place = {}, corner = {};
+    GetWindowRect(window, &place);
+    GetWindowRect(owner, &corner);
+    SetWindowPos(window, nullptr, corner.right - (place.right - place.left),
+                 corner.bottom - (place.bottom - place.top), 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+}
+
 } // namespace
 
 // From the menu and the keys, and from the toolbox.
@@ -134,6 +143,7 @@ void Designer::ShowProperties() {
     if (frame_) return frame_->ComeToFront();
     frame_ = MakeCom<PropertyFrame>(page_->Host().ControlObject(),
                                     [this] { PostMessageW(window_->Handle(), EndPropertiesMessage, 0, 0); });
+    PutInCorner(frame_->Window().Handle(), window_->Handle());
 }
 
 void Designer::EndProperties() {

@@ -1,5 +1,7 @@
 #include "demos/form/design/Designer.h"
 
+#include <algorithm>
+
 #include "demos/form/design/FormFiles.h"
 #include "host/HostError.h"
 
@@ -12,6 +14,14 @@ constexpr std::int32_t TabOffSet = 40000;
 constexpr std::int16_t TabCount = 3;
 
 int Scaled(int length) { return MulDiv(length, ScreenResolution(), 96); }
+
+// Drawn for the screen, where such a skin lies beside the program.
+const SkinChoice& SkinForScreen(const std::vector<SkinChoice>& skins) {
+    const int dotsPerInch = ScreenResolution();
+    const std::wstring name = dotsPerInch < 120 ? L"light" : dotsPerInch < 168 ? L"light-150" : L"light-200";
+    const auto found = std::ranges::find(skins, name, &SkinChoice::Name);
+    return found == skins.end() ? skins.front() : *found;
+}
 
 void ApplySkin(IDispatch& control, const SkinChoice& skin, const ControlModule& module) {
     Put(control, L"SkinPath", skin.Folder);
@@ -78,7 +88,8 @@ void Designer::OpenNewForm() {
     Put(control, L"DelButton", false);
     Put(control, L"TabCount", TabCount);
     Put(control, L"ActiveTab", std::int16_t{0});
-    ApplySkin(control, FindSkins().front(), module_); // with tabs the control has written the built-in one
+    ApplySkin(control, SkinForScreen(FindSkins()),
+              module_); // with tabs the control has written the built-in one
     Begin({});
 }
 

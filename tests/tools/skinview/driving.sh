@@ -1,20 +1,16 @@
 # shellcheck shell=bash disable=SC2154,SC2034
 # Drives skinview with pointer and keys: what its window shows, where its bitmap lies on the screen. BUILD is the build tree.
 
+# shellcheck source=tests/scripts/windows.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/windows.sh"
+Seen=skinview
+
 # Positions of the previews among the texts of the window.
 Sides=(top bottom left right)
 
 skinview() { wine "$BUILD/tools/skinview/skinview.exe" "$@" >>skinview.log 2>&1; }
-here() { printf 'Z:%s' "${PWD//\//\\}\\${1//\//\\}"; }
 
 # --- what the window shows
-
-look() { wine "$BUILD/tests/tools/skinview/window_texts.exe" "skinview" 2>&1 | tr -d '\r' >texts; }
-shows() { look && grep -Eq -- "$1" texts; }
-window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1; }
-is_there() { [[ -n $(window "$1") ]]; }
-is_gone() { ! is_there "$1"; }
-focus() { xdotool windowfocus --sync "$(window "$1")"; }
 
 # read_places — Pane (left, top), Zoom, and Preview[side] as a geometry; fails while some of it is not there yet.
 declare -A Preview
