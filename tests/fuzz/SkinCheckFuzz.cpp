@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "check/CheckSkin.h"
+#include "check/DefinitionText.h"
+#include "check/Utf8.h"
 #include "model/ControlState.h"
 #include "skin/SkinParser.h"
-#include "tools/skin/CheckSkin.h"
-#include "tools/skin/DefinitionText.h"
-#include "tools/skin/Utf8.h"
 
 namespace vantik {
 

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <vector>
 
-#include "tools/skin/CheckSkin.h"
-#include "tools/skin/FolderSource.h"
+#include "check/CheckSkin.h"
+#include "tools/skin/SkinAt.h"
 #include "tools/skincheck/CommandLine.h"
 
 namespace vantik {
@@ -19,18 +19,6 @@ constexpr int WrongUsage = 2;
 constexpr char Usage[] = {
 #include "Usage.txt"
 };
-
-std::vector<Fault> Check(const std::filesystem::path& definition) {
-    const FolderSource source(definition);
-    if (source.IsThere()) return CheckSkin(source);
-    return {{.Severity = Severity::Error,
-             .File = source.Name(),
-             .Line = 1,
-             .Column = 1,
-             .What = "there is no such file, or it cannot be read",
-             .Meant = {},
-             .Effect = "In place of a definition that is missing the control shows its built-in skin."}};
-}
 
 std::string Count(std::ptrdiff_t count, const char* what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
@@ -48,7 +36,7 @@ void PrintText(const std::vector<Fault>& faults, std::size_t skins) {
 int CheckAll(const Options& options) {
     std::vector<Fault> faults;
     for (const std::filesystem::path& definition : options.Definitions) {
-        const std::vector<Fault> found = Check(definition);
+        const std::vector<Fault> found = CheckSavedSkin(SkinAt(definition));
         faults.insert(faults.end(), found.begin(), found.end());
     }
     if (options.Json) {

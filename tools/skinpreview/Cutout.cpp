@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "tools/skin/RectNames.h"
+#include "check/RectNames.h"
 #include "tools/skinpreview/Canvas.h"
 #include "tools/skinpreview/TagPlaces.h"
 

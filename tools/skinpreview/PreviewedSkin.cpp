@@ -5,11 +5,11 @@
 #include <algorithm>
 
 #include "base/Text.h"
+#include "check/DefinitionText.h"
 #include "host/HostError.h"
 #include "host/PixelCanvas.h"
 #include "platform/ComPtr.h"
-#include "tools/skin/DefinitionText.h"
-#include "tools/skin/FolderSource.h"
+#include "tools/skin/SkinAt.h"
 
 namespace vantik {
 
@@ -53,7 +53,7 @@ bool HasRole(const std::u16string& key) {
 } // namespace
 
 PreviewedSkin::PreviewedSkin(const fs::path& definition) : definition_(fs::absolute(definition)) {
-    if (!FolderSource(definition_).IsThere()) throw HostError("cannot read " + ToUtf8(definition_.wstring()));
+    if (!SkinAt(definition_).IsThere()) throw HostError("cannot read " + ToUtf8(definition_.wstring()));
     CopyFolder();
     ReadDefinition();
 }
@@ -88,7 +88,7 @@ void PreviewedSkin::CopyFolder() const {
 }
 
 void PreviewedSkin::ReadDefinition() {
-    const FolderSource source(definition_);
+    const FolderSource source = SkinAt(definition_);
     const DefinitionText text(source.Definition());
     std::u16string bitmap;
     for (const DefinitionLine& line : text.Lines()) {

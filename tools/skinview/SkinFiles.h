@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "check/DefinitionText.h"
 #include "host/SkinSettings.h"
-#include "tools/skin/DefinitionText.h"
 
 namespace vantik {
 

@@ -2,10 +2,10 @@
 
 #include "BitmapReading.h"
 #include "SkinFiles.h"
+#include "check/CheckSkin.h"
 #include "host/HostError.h"
 #include "model/Skin.h"
-#include "tools/skin/CheckSkin.h"
-#include "tools/skin/FolderSource.h"
+#include "tools/skin/SkinAt.h"
 #include "tools/skinview/model/LocalNames.h"
 
 namespace vantik {
@@ -46,13 +46,13 @@ void SkinSession::Save() {
 void SkinSession::ReadFiles() {
     ReadPieces();
     watch_.Watch(FilesOfSkin(path_, document_.Text()));
-    working_.TakeFiles(FolderSource(path_), document_.Text());
+    working_.TakeFiles(SkinAt(path_), document_.Text());
     ReadBitmap();
     ReadSettings();
 }
 
 void SkinSession::ReadBitmap() {
-    for (const SkinFile& file : FolderSource(path_).Find(BitmapNameOf(document_.Text())))
+    for (const SkinFile& file : SkinAt(path_).Find(BitmapNameOf(document_.Text())))
         if (auto picture = ReadPicture(file.Bytes)) bitmap_ = std::move(*picture);
 }
 
@@ -80,7 +80,9 @@ std::optional<std::string> SkinSession::ForeignText() const {
     return std::nullopt;
 }
 
-std::vector<Fault> SkinSession::Faults() const { return CheckSkin(EditedSource(path_, document_.Bytes())); }
+std::vector<Fault> SkinSession::Faults() const {
+    return CheckSkin(EditedSource(SkinAt(path_), document_.Bytes()));
+}
 
 PreviewSkin SkinSession::Named(std::wstring file) const {
     PreviewSkin skin = {working_.SkinPath(), std::move(file), {}, lying_, standing_};

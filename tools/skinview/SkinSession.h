@@ -8,7 +8,7 @@
 #include "FileWatch.h"
 #include "Preview.h"
 #include "WorkingSkin.h"
-#include "tools/skin/Fault.h"
+#include "check/Fault.h"
 #include "tools/skinview/model/Document.h"
 #include "tools/skinview/model/PixelImage.h"
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "check/SkinSource.h"
 #include "host/SkinBesideProgram.h"
-#include "tools/skin/SkinSource.h"
 #include "tools/skinview/model/Light.h"
 
 namespace vantik {

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "check/DefinitionText.h"
 #include "host/TextHistory.h"
-#include "tools/skin/DefinitionText.h"
 
 namespace vantik {
 

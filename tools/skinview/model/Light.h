@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "tools/skin/DefinitionText.h"
+#include "check/DefinitionText.h"
 #include "tools/skinview/model/PixelImage.h"
 
 namespace vantik {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/skin/DefinitionText.h"
+#include "check/DefinitionText.h"
 
 namespace vantik {
 

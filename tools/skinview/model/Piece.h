@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "tools/skin/DefinitionText.h"
+#include "check/DefinitionText.h"
 
 namespace vantik {
 

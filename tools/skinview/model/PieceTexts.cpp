@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "tools/skin/RectNames.h"
+#include "check/RectNames.h"
 
 namespace vantik {
 

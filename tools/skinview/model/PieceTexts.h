@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "tools/skin/Fault.h"
+#include "check/Fault.h"
 #include "tools/skinview/model/Piece.h"
 
 namespace vantik {
