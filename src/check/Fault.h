@@ -22,11 +22,11 @@ struct Fault {
 
 const char* NameOf(Severity severity) noexcept;
 
-// "SKIN.INI:12:5: error: What; did you mean Meant?" and the effect in a line of its own.
-std::string Format(const Fault& fault);
+// "error: What; did you mean Meant?" and the effect in a line of its own.
+std::string Describe(const Fault& fault);
 
-// An array of objects.
-std::string ToJson(std::span<const Fault> faults);
+// The same with its place in front: "SKIN.INI:12:5: error: ..."
+std::string Format(const Fault& fault);
 
 bool HasErrors(std::span<const Fault> faults) noexcept;
 

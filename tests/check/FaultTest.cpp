@@ -20,19 +20,6 @@ TEST_CASE("A fault is a line that editors know, and its effect below it") {
     CHECK(Format(fault) == "a.ini:3:7: warning: what\n    Effect.");
 }
 
-TEST_CASE("Faults are an array of objects in JSON, whatever stands in their texts") {
-    CHECK(ToJson({}) == "[]");
-    Fault fault = Of(Severity::Warning);
-    fault.What = "a \"b\" \\ \t\x01 \x7F caf\xC3\xA9";
-    const std::vector<Fault> faults = {fault, Of(Severity::Error)};
-    CHECK(ToJson(faults) ==
-          "[\n  {\"severity\": \"warning\", \"file\": \"a.ini\", \"line\": 3, \"column\": 7, "
-          "\"what\": \"a \\\"b\\\" \\\\ \\u0009\\u0001 \x7F caf\xC3\xA9\", \"meant\": \"meant\", \"effect\": "
-          "\"Effect.\"},"
-          "\n  {\"severity\": \"error\", \"file\": \"a.ini\", \"line\": 3, \"column\": 7, "
-          "\"what\": \"what\", \"meant\": \"meant\", \"effect\": \"Effect.\"}\n]");
-}
-
 TEST_CASE("Warnings alone are no errors") {
     const std::vector<Fault> warnings(2, Of(Severity::Warning));
     CHECK_FALSE(HasErrors({}));

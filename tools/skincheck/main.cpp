@@ -7,6 +7,7 @@
 #include "check/CheckSkin.h"
 #include "tools/skin/SkinAt.h"
 #include "tools/skincheck/CommandLine.h"
+#include "tools/skincheck/Json.h"
 
 namespace vantik {
 

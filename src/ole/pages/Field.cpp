@@ -11,11 +11,6 @@ constexpr const char16_t *TrueText = u"-1", *FalseText = u"0";
 
 HWND ControlOf(HWND dialog, const Field& field) noexcept { return GetDlgItem(dialog, field.Control); }
 
-// Text that is there already stays, with the caret in it.
-void ShowText(HWND control, const std::u16string& text) {
-    if (WindowText(control) != text) SetWindowTextW(control, AsWide(text));
-}
-
 void ShowChoice(HWND list, const std::u16string& value) {
     LRESULT choice = SendMessageW(list, CB_GETCOUNT, 0, 0);
     do --choice;
@@ -35,6 +30,10 @@ std::u16string WindowText(HWND window) {
     const int length = GetWindowTextW(window, AsWide(text.data()), static_cast<int>(text.size()));
     text.resize(static_cast<std::size_t>(length));
     return text;
+}
+
+void ShowText(HWND window, const std::u16string& text) {
+    if (WindowText(window) != text) SetWindowTextW(window, AsWide(text));
 }
 
 void ShowValue(HWND dialog, const Field& field, const std::optional<std::u16string>& value) {

@@ -37,4 +37,7 @@ void Toggle(HWND dialog, const Field& field) noexcept;
 
 std::u16string WindowText(HWND window);
 
+// Text that is there already stays, with the caret in it.
+void ShowText(HWND window, const std::u16string& text);
+
 } // namespace vantik

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "ole/com/Module.h"
-#include "ole/pages/PageNumbers.h"
 #include "platform/ComPtr.h"
 #include "platform/DebugLine.h"
 #include "platform/Module.h"
@@ -94,12 +93,9 @@ bool PageDialog::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
         refreshIsDue_ = false;
         owner_.Refresh();
         return true;
-    case WM_DRAWITEM: {
-        if (wParam != PAGE_PICTURE) return false;
-        const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-        owner_.Draw(item.hDC, item.rcItem);
+    case WM_DRAWITEM:
+        owner_.Draw(static_cast<WORD>(wParam), *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         return true;
-    }
     default: return false;
     }
 }

@@ -12,8 +12,8 @@ public:
         virtual void Opened() = 0;                         // all that stands on it is there
         virtual void Command(WORD control, WORD what) = 0; // of what stands on it
         virtual void Refresh() = 0;                        // was asked for
-        virtual void Draw(HDC dc, const RECT& place) = 0;  // the picture
-        virtual IUnknown& Object() noexcept = 0;           // stays alive while a message is handled
+        virtual void Draw(WORD control, const DRAWITEMSTRUCT& item) = 0;
+        virtual IUnknown& Object() noexcept = 0; // stays alive while a message is handled
 
     protected:
         ~Owner() = default;

@@ -20,6 +20,11 @@
 #define SKIN_FOLDER 330
 #define SKIN_FILE 331
 #define SKIN_SETTINGS 332
+#define SKIN_LIST 333
+#define SKIN_FAULTS 334
+
+/* What stands in place of the faults where there are none. */
+#define TEXT_NO_FAULTS 336
 
 /* The choices of a list, in the order of their values; one more than the last is no text. */
 #define CHOICES_SIDE 340

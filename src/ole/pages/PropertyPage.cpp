@@ -28,11 +28,15 @@ bool IsEdit(FieldKind kind, WORD what) noexcept {
     }
 }
 
+// What is typed into, or lists what lies elsewhere, underlines nothing.
+bool IsTypedInto(HWND item) noexcept { return SendMessageW(item, WM_GETDLGCODE, 0, 0) & DLGC_WANTCHARS; }
+
 // Whether the letter is underlined in a text of the dialog.
 bool HasMnemonic(HWND dialog, WPARAM letter) {
     const std::u16string mark = {u'&', static_cast<char16_t>(letter)};
     for (HWND item = GetWindow(dialog, GW_CHILD); item; item = GetWindow(item, GW_HWNDNEXT))
-        if (UpperCase(WindowText(item)).find(UpperCase(mark)) != std::u16string::npos) return true;
+        if (!IsTypedInto(item) && UpperCase(WindowText(item)).find(UpperCase(mark)) != std::u16string::npos)
+            return true;
     return false;
 }
 
@@ -274,9 +278,14 @@ void PropertyPage::Opened() {
 void PropertyPage::Command(WORD control, WORD what) {
     if (showing_) return;
     const Field* const field = FieldOf(control);
-    if (GetsFocus(what)) focused_ = control, ShowStatus();
+    if (GetsFocus(what)) Focused(control);
     if (field && IsEdit(field->Kind, what)) TakeFrom(*field, what);
-    if (!field && what == BN_CLICKED) PressedBeside(control);
+    if (!field) Beside(control, what);
+}
+
+void PropertyPage::Focused(WORD control) {
+    focused_ = control;
+    ShowStatus();
 }
 
 void PropertyPage::TakeFrom(const Field& field, WORD what) {
@@ -313,7 +322,14 @@ void PropertyPage::ShowPicture() {
     if (const HWND picture = dialog_.Item(PAGE_PICTURE)) InvalidateRect(picture, nullptr, FALSE);
 }
 
-void PropertyPage::Draw(HDC dc, const RECT& place) {
+void PropertyPage::Draw(WORD control, const DRAWITEMSTRUCT& item) {
+    if (control == PAGE_PICTURE)
+        DrawPicture(item.hDC, item.rcItem);
+    else
+        DrawBeside(control, item);
+}
+
+void PropertyPage::DrawPicture(HDC dc, const RECT& place) const {
     if (scratch_)
         scratch_->Draw(dc, place);
     else
@@ -324,8 +340,7 @@ void PropertyPage::Draw(HDC dc, const RECT& place) {
 void PropertyPage::ShowStatus() {
     const std::u16string& fault = applyFault_.empty() ? scratchFault_ : applyFault_;
     const std::u16string text = fault.empty() && focused_ ? ResourceText(focused_) : fault;
-    const HWND status = dialog_.Item(PAGE_STATUS);
-    if (WindowText(status) != text) SetWindowTextW(status, AsWide(text));
+    ShowText(dialog_.Item(PAGE_STATUS), text);
 }
 
 } // namespace vantik

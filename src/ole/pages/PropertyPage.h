@@ -47,7 +47,9 @@ protected:
     // sense.
     virtual void FillLists() {}
     virtual void ShowRest() {}
-    virtual void PressedBeside(WORD) {}
+    virtual void Beside(WORD /*control*/, WORD /*what*/) {} // happened to what is no field
+    virtual void DrawBeside(WORD /*control*/, const DRAWITEMSTRUCT&) {}
+    virtual void Focused(WORD control);
     virtual void TextEntered(Property) {}
     virtual std::vector<Assignment> Wanted() const;
     virtual bool IsEdited() const noexcept;
@@ -62,6 +64,7 @@ protected:
     void Enter(Property property, std::u16string value);
 
     void Edited() noexcept; // by whatever way
+    void RefreshSoon() noexcept { dialog_.RefreshSoon(); }
 
 private:
     class Showing;
@@ -70,7 +73,7 @@ private:
     void Opened() override;
     void Command(WORD control, WORD what) override;
     void Refresh() override;
-    void Draw(HDC dc, const RECT& place) override;
+    void Draw(WORD control, const DRAWITEMSTRUCT& item) override;
     IUnknown& Object() noexcept override { return *this; }
 
     void PropertyChanged() noexcept override { dialog_.RefreshSoon(); }
@@ -80,6 +83,7 @@ private:
     void TakeFrom(const Field& field, WORD what);
     void ShowFields();
     void ShowPicture();
+    void DrawPicture(HDC dc, const RECT& place) const;
     void ShowStatus();
     void FocusWanted() noexcept;
     void ApplyWanted();

@@ -37,7 +37,7 @@ ScratchControl::ScratchControl(ComPtr<IUnknown> control)
 std::optional<ScratchControl> ScratchControl::CopyOf(IUnknown* object) {
     const auto state = StateOf(object);
     if (!state) return std::nullopt;
-    ScratchControl copy(NewControl());
+    ScratchControl copy = New();
     if (!CopyState(*state.Get(), copy.control_.Get())) return std::nullopt;
     const Assignment tabs[] = {{L"TabCount", u"3"}, {L"ActiveTab", u"0"}};
     if (copy.values_.Value(L"TabCount") == u"0") copy.Assign(tabs);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "platform/Files.h"
 #include "platform/mDeclares.h"
 
@@ -65,7 +66,22 @@ std::vector<std::u16string> SkinFolders() {
 }
 
 std::vector<std::u16string> SkinDefinitions(const std::u16string& folder) {
-    return Entries(ApplicationFolder() + u"\\" + folder + u"\\*.ini", false);
+    return Entries(FolderOfSkin(folder) + u"*.ini", false);
+}
+
+const std::u16string& PlainestOf(const std::vector<std::u16string>& definitions) {
+    return *std::ranges::min_element(definitions, {}, &std::u16string::size);
+}
+
+std::u16string FolderOfSkin(const std::u16string& folder) {
+    return ApplicationFolder() + u"\\" + folder + u"\\";
+}
+
+// A definition for bars on the left or the right has settings of its own: SKIN-SIDES.INI those of SETTINGS-SIDES.TXT.
+std::u16string SettingsOfSkin(const std::u16string& folder, const std::u16string& definition) {
+    constexpr std::u16string_view Sides = u"-SIDES.INI";
+    const bool isForSides = UpperCase(definition).ends_with(Sides);
+    return FolderOfSkin(folder) + (isForSides ? u"SETTINGS-SIDES.TXT" : u"SETTINGS.TXT");
 }
 
 } // namespace vantik

@@ -3,8 +3,7 @@
 
 #include <algorithm>
 
-#include "host/SkinBesideProgram.h"
-#include "ole/pages/PageUnderTest.h"
+#include "ole/pages/SkinPageTest.h"
 
 namespace vantik {
 
@@ -14,24 +13,18 @@ std::wstring TextOf(LooseControl& control, const wchar_t* property) {
     return Get(control.Dispatch(), property).Text();
 }
 
-// A control that edits a skin's folder, and the page on it.
-struct SkinPageTest {
-    SkinBesideProgram Skin;
-    LooseControl Control;
-    PageUnderTest Page{SkinPageId};
-
-    SkinPageTest() {
+// With a definition of another name than the control has, and a file that is none.
+struct OtherSkin : SkinPageTest {
+    OtherSkin() {
         Skin.Write(L"other.ini", "");
         Skin.Write(L"readme.txt", "");
     }
-    void Edit() const { Page.Edit({Control.Object()}); }
-    std::wstring Status() const { return Page.Text(PAGE_STATUS); }
 };
 
 } // namespace
 
 TEST_CASE("The folders and definitions to choose from are those that lie there") {
-    const SkinPageTest test;
+    const OtherSkin test;
     const PageUnderTest page(SkinPageId);
     page.Edit({test.Control.Object()});
     CHECK(page.Text(SKIN_FOLDER) == L"Skin\\");
@@ -45,7 +38,7 @@ TEST_CASE("The folders and definitions to choose from are those that lie there")
 }
 
 TEST_CASE("What is not there is refused by the page, without a message box of the control") {
-    SkinPageTest test;
+    OtherSkin test;
     test.Edit();
     test.Page.Type(SKIN_FOLDER, L"no such folder");
     CHECK(test.Status().find(L"no such folder") != std::wstring::npos);
@@ -56,7 +49,7 @@ TEST_CASE("What is not there is refused by the page, without a message box of th
 }
 
 TEST_CASE("A faulty definition is refused with its line, before any object has it") {
-    SkinPageTest test;
+    OtherSkin test;
     test.Skin.Write(L"other.ini", "Start\r\n[Tab]\r\n0: 1,2,three,4\r\n");
     test.Edit();
     test.Page.Type(SKIN_FOLDER, test.Skin.SkinPath().c_str());
@@ -68,7 +61,7 @@ TEST_CASE("A faulty definition is refused with its line, before any object has i
 }
 
 TEST_CASE("The chosen skin is set, its folder first, and its settings where that is wanted") {
-    SkinPageTest test;
+    OtherSkin test;
     test.Skin.Write(L"SETTINGS.TXT",
                     "// a skin\r\nBarWidth = 132\r\nTabBorder = True\r\n\r\nCaptionPos = AlignMiddle\r\n"
                     "CaptionColor0 = #102030\r\n");
@@ -95,7 +88,7 @@ TEST_CASE("The chosen skin is set, its folder first, and its settings where that
 }
 
 TEST_CASE("A definition for the sides goes with settings of its own, and the plainest one is taken first") {
-    SkinPageTest test;
+    OtherSkin test;
     test.Skin.Write(L"a-longer-sides.ini", "");
     test.Skin.Write(L"SETTINGS.TXT", "BarWidth = 132\n");
     test.Skin.Write(L"SETTINGS-SIDES.TXT", "BarWidth = 99\n");
@@ -111,7 +104,7 @@ TEST_CASE("A definition for the sides goes with settings of its own, and the pla
 TEST_CASE("Settings that make no sense are refused with their line") {
     for (const char* line : {"BarWidth", "Colour = 3", "BarWidth = wide"}) {
         CAPTURE(line);
-        SkinPageTest test;
+        OtherSkin test;
         test.Skin.Write(L"SETTINGS.TXT", std::string("TabToTab = 3\n") + line + "\n");
         test.Edit();
         test.Page.Type(SKIN_FOLDER, test.Skin.SkinPath().c_str());
