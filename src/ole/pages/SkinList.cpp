@@ -77,7 +77,7 @@ void SkinList::Draw(const DRAWITEMSTRUCT& item) {
     if (item.itemID < entries_.size()) {
         const LONG margin = (all.bottom - all.top) / 10, middle = (all.left + all.right) / 2;
         DrawName(item.hDC, entries_[item.itemID].Folder,
-                 {all.left + margin, all.top, middle - margin, all.bottom});
+                 {all.left + 2 * margin, all.top, middle - margin, all.bottom});
         const RECT place = {middle, all.top + margin, all.right - margin, all.bottom - margin};
         DrawPicture(item.hDC, PictureOf(item.itemID, {place.right - place.left, place.bottom - place.top}),
                     place);

@@ -21,7 +21,7 @@ constexpr const char16_t* UsualWidth = u"84"; // of a bar, where the skin does n
 
 // Of the row of bars, with a strip of the page below it.
 LONG HeightOf(const std::u16string& folder, const std::u16string& definition) {
-    constexpr LONG Usual = 32, Largest = 200, Page = 8;
+    constexpr LONG Usual = 32, Largest = 200, Page = 4;
     const DefinitionText text(FolderSource(FolderOfSkin(folder), definition).Definition());
     const DefinitionLine* const row = text.EntryOf(BRect);
     const auto rect = row ? text.RectOf(*row) : std::nullopt;
@@ -45,13 +45,15 @@ std::int32_t ShortenBars(const ScratchControl& control) {
     return shorter;
 }
 
+// The buttons beside the row come behind the part that is cut out: they would push the bars out of a place this small.
 Thumbnail PictureOf(const ScratchControl& control, SIZE size) {
+    constexpr LONG MostOfButtons = 1000;
+    const RECT all = {0, 0, size.cx + MostOfButtons, size.cy}, part = {0, 0, size.cx, size.cy};
     Surface surface;
-    surface.Resize(size);
-    const RECT all = {0, 0, size.cx, size.cy};
+    surface.Resize({all.right, all.bottom});
     control.Draw(surface.DC(), all);
     Thumbnail picture = {size, std::vector<std::uint32_t>(static_cast<std::size_t>(size.cx * size.cy))};
-    if (!surface.Read(all, picture.Rows)) picture = {};
+    if (!surface.Read(part, picture.Rows)) picture = {};
     return picture;
 }
 

@@ -16,6 +16,21 @@ is_open() { [[ -n $(window "$1") ]]; }
 is_gone() { [[ -z $(window "$1") ]]; }
 changed_to() { tail -n 1 changes | grep -q -- "$1"; }
 
+# What stands in the frame, and in its lists.
+look() { wine "$BUILD/tests/tools/skinview/window_texts.exe" Properties 2>/dev/null | tr -d '\r' >texts; }
+shows() { look && grep -Eq -- "$1" texts; }
+has_no_skin_of_ours() { ! grep -q frame-skins changes; }
+chosen() { shows "^> $1\$"; }
+
+# point_at_line TEXT: the pointer, on a line of the list of skins that stands among its first three.
+point_at_line() {
+    local left top width height line
+    look
+    IFS=' ,x' read -r _ _ left top width height _ < <(grep '^ListBox 333 ' texts)
+    line=$(sed -n '/^ListBox 333 /,/^[A-Z]/s/^[->] //p' texts | grep -nxF -- "$1" | cut -d : -f 1)
+    [[ -n $line ]] && xdotool mousemove $((left + width / 4)) $((top + height / 6 + (line - 1) * height / 3))
+}
+
 # design TITLE ARGUMENT...: until the frame of that title has the keyboard.
 design() {
     wine "$BUILD/tests/ole/designer.exe" "${@:2}" >changes 2>designer.log &
@@ -30,7 +45,9 @@ settled() {
 
 rm -rf "$Skins"
 mkdir -p "$Skins"
-cp -r "$ROOT/skins/slanted" "$Skins/"
+cp -r "$ROOT/skins/slanted" "$ROOT/skins/light" "$Skins/"
+mkdir "$Skins/broken"
+printf 'Start\r\n[Tab]\r\n0: 1,2,three,4\r\n' >"$Skins/broken/SKIN.INI"
 open_screen 1024x768
 
 check "a designer shows the pages in a frame of its own" design '^Properties$'
@@ -49,19 +66,39 @@ settled 3-refused
 check "text that is no number changes nothing" changed_to 'BarWidth=75 TabPos=3 TabBorder=True'
 
 xdotool mousemove --window "$(window '^Properties$')" 127 13 click 1
-press alt+f
-xdotool type --delay 40 'frame-skins\slanted'
-settled 4-skin
+check "the skins beside the program are listed" wait_until shows '^- frame-skins.slanted$'
+press alt+k f
+check "a skin is chosen from the list by its letter" wait_until chosen 'frame-skins.broken'
+check "its faults are told, with line and column" wait_until shows 'Line 3, column 8: error: '
+settled 4-broken
 press alt+a
-check "a skin is set by its folder" \
+settled 5-refused
+check "a skin with such a fault is not applied" has_no_skin_of_ours
+press alt+k Down Down
+check "arrows choose, too" wait_until chosen 'frame-skins.slanted'
+check "a skin without faults shows none" wait_until shows '^Edit 334 .* None\.$'
+settled 6-chosen
+press alt+a
+check "a chosen skin is set by its folder and definition" \
     wait_until changed_to 'BarWidth=75 TabPos=3 TabBorder=True SkinPath=frame-skins.slanted SkinFile=skin.ini'
 press alt+s alt+a
 check "and with the properties that go with it" wait_until changed_to 'BarWidth=132 TabPos=3'
-settled 5-settings
+press alt+k Home
+point_at_line 'frame-skins\light' && xdotool click 1
+check "the pointer chooses" wait_until chosen 'frame-skins.light'
+settled 7-pointed
+press alt+a
+check "what it chose is set" wait_until changed_to 'BarWidth=132 .* SkinPath=frame-skins.light'
+press alt+f
+xdotool type --delay 40 'frame-skins\slanted'
+press alt+a
+check "a folder that is typed is set likewise" wait_until changed_to 'SkinPath=frame-skins.slanted'
+check "and marked in the list" wait_until chosen 'frame-skins.slanted'
+settled 8-typed
 
 xdotool windowclose "$(window '^Form1$')" windowclose "$(window '^Properties$')"
 check "the designer ends" wait_until is_gone '^Properties$'
 check "the properties verb opens the system's frame" design '^Properties for' --system
-settled 6-system
+settled 9-system
 rm -rf "$Skins"
 sum_up
