@@ -21,6 +21,9 @@ public:
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
+    // Nobody would press its messages away: they are errors instead.
+    bool IsSilent = false;
+
     // The object that the outside world knows. Not to be asked for anything while it is being made.
     IUnknown& Controlling;
 

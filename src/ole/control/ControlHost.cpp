@@ -73,6 +73,7 @@ std::u16string ControlHost::HostFolder() { return ApplicationFolder(); }
 ComPtr<IUnknown> ControlHost::KeepAlive() { return ComPtr<IUnknown>(&control_.Controlling); }
 
 void ControlHost::MsgBox(const std::u16string& text) {
+    if (control_.IsSilent) Raise(RunTimeErrorNumber::FileNotFound);
     const HWND window = hWnd();
     const HWND owner = window ? GetAncestor(window, GA_ROOT) : nullptr;
     const ModelessOff off(control_.Place.Frame());

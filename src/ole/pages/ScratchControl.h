@@ -8,7 +8,7 @@
 
 namespace vantik {
 
-// A new control; the room that makes controls defines it.
+// A new control, which shows no messages; the room that makes controls defines it.
 ComPtr<IUnknown> NewControl();
 
 class ScratchControl {

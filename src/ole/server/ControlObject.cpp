@@ -24,11 +24,15 @@ HRESULT ControlObject::Create(IUnknown* outer, REFIID iid, void** object, const 
     return made->QueryInterface(iid, object);
 }
 
-ComPtr<IUnknown> NewControl() {
+ComPtr<IUnknown> ControlObject::CreateSilent() {
+    const auto made = ComPtr<ControlObject>::Adopt(new ControlObject(nullptr, Resolution::OfScreen()));
+    made->control_.IsSilent = true;
     ComPtr<IUnknown> control;
-    Check(ControlObject::Create(nullptr, IID_IUnknown, control.PutVoid()));
+    Check(made->QueryInterface(IID_IUnknown, control.PutVoid()));
     return control;
 }
+
+ComPtr<IUnknown> NewControl() { return ControlObject::CreateSilent(); }
 
 ControlObject::ControlObject(IUnknown* outer, const Resolution& screen)
     : control_(outer ? *outer : *this, activation_, screen) {}

@@ -27,6 +27,7 @@ class ControlObject final : public IUnknown {
 public:
     static HRESULT Create(IUnknown* outer, REFIID iid, void** object,
                           const Resolution& screen = Resolution::OfScreen());
+    static ComPtr<IUnknown> CreateSilent(); // which shows no messages
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override;
     STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
