@@ -25,6 +25,8 @@ def suites():
 
 def need(suite):
     """What only some systems have; the others say that they did not run it."""
+    if suite.get("registers") == "yes":
+        return "an administrator and no registered control"
     if suite.get("locale") == "zh_CN.UTF-8":
         return "codepage936"
     return f"dpi{int(suite['scale']):#x}" if suite.get("scale", "").isdigit() else "-"

@@ -1,7 +1,7 @@
 @echo off
-rem Runs the tests of the control in both bitnesses; see :usage below. Nothing is registered, and nobody needs to be an
-rem administrator. What the suites are stands in suites.txt: name, program, options, what the system must have for it, and how
-rem many seconds it may take.
+rem Runs the tests of the control in both bitnesses; see :usage below. Nobody needs to be an administrator: for one, the tests of
+rem registration run, too, and take back what they entered. What the suites are stands in suites.txt: name, program, options,
+rem what the system must have for it, and how many seconds it may take.
 setlocal
 cd /d "%~dp0"
 if "%~1"=="/?" goto usage
@@ -19,6 +19,12 @@ set codepage=codepage1252
 for /f "tokens=3" %%v in ('reg query HKLM\SYSTEM\CurrentControlSet\Control\Nls\CodePage /v ACP') do set codepage=codepage%%v
 set dpi=dpi0x60
 for /f "tokens=2,3" %%t in ('reg query "HKCU\Control Panel\Desktop\WindowMetrics" /v AppliedDPI 2^>nul') do if "%%t"=="REG_DWORD" set dpi=dpi%%u
+
+rem Tests may register the control where this user may, and where that takes nothing away from anybody.
+set registering=no
+reg query HKCR\VantikFrameTabProject.VantikFrameTab > nul 2>&1
+if errorlevel 1 reg add HKLM\Software\Classes\VantikFrameTab.Tests /f > nul 2>&1 && set registering=an administrator and no registered control
+reg delete HKLM\Software\Classes\VantikFrameTab.Tests /f > nul 2>&1
 
 set builds=win32 win64
 if "%PROCESSOR_ARCHITECTURE%%PROCESSOR_ARCHITEW6432%"=="x86" set builds=win32
@@ -54,7 +60,7 @@ exit /b 2
 rem BUILD "NAME" "PROGRAM" "OPTIONS" "NEED" SECONDS, a dash for nothing
 :suite
 if not "%wanted%"=="" if not "%wanted%"=="%~2" goto :eof
-if not "%~5"=="-" if not "%~5"=="%codepage%" if not "%~5"=="%dpi%" (
+if not "%~5"=="-" if not "%~5"=="%codepage%" if not "%~5"=="%dpi%" if not "%~5"=="%registering%" (
     echo %1 %~2: not run, the system would have to have %~5
     goto :eof
 )

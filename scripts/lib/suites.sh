@@ -10,6 +10,7 @@
 #   alone   = yes                nothing else runs meanwhile: for what measures time
 #   locale  = zh_CN.UTF-8        the locale, and by it the ANSI code page (C.UTF-8, code page 1252)
 #   scale   = 168                the dots per inch of the screen that programs see (96); display: the script opens one
+#   registers = yes              it registers the control, which not every user of Windows may do: the packed tests ask first
 #
 # Each run has an empty folder of its own as its current one, no input, no display, and a private WINEPREFIX. A script
 # finds the checkout in ROOT and the build tree in BUILD, and calls "wine" plainly.
@@ -24,7 +25,7 @@ Lanes=()
 read_suite() {
     local file=$SuiteFolder/$1.suite key value
     Suite=([name]=$1 [builds]='' [needs]='' [program]='' [filter]='' [script]='' [seconds]=60 [alone]=no [locale]=C.UTF-8
-        [scale]=96)
+        [scale]=96 [registers]=no)
     while read -r key value || [[ -n $key ]]; do
         [[ -n $key && $key != \#* ]] || continue
         [[ -v Suite[$key] && $key != name && $value == '= '* ]] || return 1

@@ -58,6 +58,8 @@ Round RoundWithFailing(const Server& server, FaultyImport& import, long call) {
 
 } // namespace
 
+TEST_SUITE_BEGIN("registering");
+
 TEST_CASE("whatever the registry refuses, it is told, and unregistering leaves nothing") {
     const OleApartment apartment;
     const Server server;
@@ -83,5 +85,7 @@ TEST_CASE("whatever the registry refuses, it is told, and unregistering leaves n
     }
     CHECK(failures > 20);
 }
+
+TEST_SUITE_END();
 
 } // namespace vantik

@@ -19,6 +19,7 @@ run_tests() {
 
 explain() { tail -n 30 output 2>/dev/null; }
 says() { grep -qx -- "$1" output; }
+is_not_entered() { ! wine reg query "$1" >errors 2>&1; }
 ends_with() { [[ $(tail -n 1 output) =~ ^$1$ ]]; }
 
 unpack_tests || { printf '0 passed, 1 failed\n' && exit 1; }
@@ -43,6 +44,14 @@ check 'and pictures' test "$(find report/pictures -name '*.png' | wc -l)" -ge 20
 check 'what the system lacks is no failure' run_tests 0 shell-chinese
 check 'but said' says 'win32 shell-chinese: not run, the system would have to have codepage936'
 check 'and not counted' ends_with '0 passed, 0 failed'
+
+check 'an administrator has registration tested' run_tests 0 shell-registering
+check 'in both bitnesses' says 'win64 shell-registering: [1-9][0-9]* passed, 0 failed'
+wine reg add 'HKCR\VantikFrameTabProject.VantikFrameTab' /f >errors 2>&1
+check 'but not where the control is registered' run_tests 0 shell-registering
+check 'which is said' says 'win64 shell-registering: not run, the system would have to have an administrator and no registered control'
+wine reg delete 'HKCR\VantikFrameTabProject.VantikFrameTab' /f >errors 2>&1
+check 'and nothing is left of having asked' is_not_entered 'HKLM\Software\Classes\VantikFrameTab.Tests'
 
 check 'a suite that does not exist is refused' run_tests 2 nonsense
 check 'with those that do' says '  ordinary-host'

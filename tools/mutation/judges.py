@@ -32,6 +32,8 @@ JUDGES = (
     Judge("engine", "win32", ("engine_tests",), (f"-sfe={LONG}",)),
     Judge("shell-pieces", "win32", ("shell_pieces_tests",), judges=("src/ole/*",)),
     Judge("shell", "win32", ("shell_tests",), **SHELL),
+    Judge("shell-registering", "win32", ("shell_tests",), judges=("src/ole/server/*", "src/ole/com/*")),
+    Judge("hostile-registering", "win32", ("hostile_tests",), judges=("src/ole/server/*", "src/ole/com/*")),
     Judge("shell-chinese", "win32", ("shell_tests",), **SHELL),
     Judge("host", "win32", ("host_tests",), **SHELL),
     Judge("hostile", "win32", ("hostile_tests",), (f"-tce={SLOW}",), **SHELL),

@@ -93,6 +93,8 @@ std::wstring ClassValue(const wchar_t* below) { return ValueOf(std::wstring(Clas
 
 } // namespace
 
+TEST_SUITE_BEGIN("registering");
+
 TEST_CASE("Registration enters all that hosts look for, and unregistration takes it away again") {
     const OleApartment apartment;
     const Server server;
@@ -167,6 +169,8 @@ TEST_CASE("The program's name stays while the control of the other bitness is re
     CHECK(server.Call("DllUnregisterServer") == S_OK);
     CHECK(!Exists(SharedLibraryKey));
 }
+
+TEST_SUITE_END();
 
 TEST_CASE("The bitmap for toolboxes is in the module under the registered number") {
     const HMODULE module = LoadLibraryExW(FindBuiltControl().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
