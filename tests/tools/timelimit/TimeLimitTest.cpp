@@ -24,8 +24,8 @@ const wchar_t* const Report = L"said.txt";
 
 HANDLE InheritedReport() {
     SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
-    return CreateFileW(Report, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, CREATE_ALWAYS,
-                       0, nullptr);
+    return CreateFileW(Report, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                       &inherited, CREATE_ALWAYS, 0, nullptr);
 }
 
 std::string TextOf(const wchar_t* file) {
