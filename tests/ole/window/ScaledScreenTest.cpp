@@ -8,6 +8,13 @@
 
 namespace vantik {
 
+namespace {
+
+// Before anything asks: programs that do not say that they know of scales are shown one of 96 dots per inch.
+[[maybe_unused]] const BOOL KnowsOfScales = SetProcessDPIAware();
+
+} // namespace
+
 TEST_SUITE("scaled") {
     TEST_CASE("The screen has the scale that this suite is for") {
         const ScreenDC screen = GetScreenDC();
