@@ -3,6 +3,7 @@
 
 #include <doctest/doctest.h>
 
+#include <memory>
 #include <random>
 
 #include "tests/RunTimeErrors.h"
@@ -26,10 +27,18 @@ Pixels WithKey(std::int32_t width, std::int32_t height, std::uint32_t seed) {
     return pixels;
 }
 
+std::shared_ptr<const PixelRows> RowsOf(const Pixels& content) {
+    return std::make_shared<PixelRows>(PixelRows{content.Width, content.Height, content.Values});
+}
+
 // A surface that holds the picture, and the same picture for the loops.
 struct Source {
     explicit Source(const Pixels& content) : Content(content) {
         Surface.CreateFromPicture(PictureOf(content).Get());
+    }
+    // Rows are borrowed until somebody needs more of the surface than they have.
+    Source(const Pixels& content, const std::shared_ptr<const PixelRows>& rows) : Content(content) {
+        Surface.CreateFromRows(rows);
     }
     Pixels Content;
     pcMemDC Surface;
@@ -217,6 +226,36 @@ TEST_CASE("StretchDraw stretches, and draws nothing for a WidthDst of 0") {
     CHECK(target.Result() == "same");
 }
 
+TEST_CASE("borrowed rows are stretched as the platform does it, inside and across the edges") {
+    const std::uint32_t seed = std::random_device{}();
+    CAPTURE(seed);
+    std::mt19937 random(seed);
+    const auto between = [&](std::int32_t low, std::int32_t high) {
+        return std::uniform_int_distribution<std::int32_t>(low, high)(random);
+    };
+    // Of several lines drawn as one the platform keeps another one of rows than of surfaces.
+    const auto ends = [&](std::int32_t low, std::int32_t high) {
+        return between(0, 1) ? between(low, high) : -between(low, high);
+    };
+    const Pixels content = Patterned(19, 13, seed);
+    const auto rows = RowsOf(content);
+    TestSurface platform(content);
+    for (int round = 0; round < 1000; ++round) {
+        Source borrowed(content, rows);
+        const POINT from = {between(-4, 20), between(-4, 14)}, to = {between(-5, 50), between(-5, 50)};
+        const SIZE size = {between(1, 22), between(1, 16)}, stretched = {ends(2, 22), ends(2, 16)};
+        Target target;
+        TestSurface expected(target.Before);
+        borrowed.Surface.StretchDraw(target.Surface.DC(), to.x, to.y, stretched.cx, stretched.cy, from.x,
+                                     from.y, size.cx, size.cy);
+        StretchBlt(expected.DC(), to.x, to.y, stretched.cx, stretched.cy, platform.DC(), from.x, from.y,
+                   size.cx, size.cy, SRCCOPY);
+        target.Expected = expected.Read();
+        CAPTURE(round);
+        REQUIRE(target.Result() == "same");
+    }
+}
+
 TEST_CASE("one pixel stretched over a large area fills it, and a pixel that does not exist fills nothing") {
     Source source(Patterned(4, 3, 1));
     TestSurface target(Patterned(100, 90, 5));
@@ -342,8 +381,12 @@ TEST_CASE("every operation equals its loops over random rectangles, inside and a
     const auto between = [&](std::int32_t low, std::int32_t high) {
         return std::uniform_int_distribution<std::int32_t>(low, high)(random);
     };
-    Source source(WithKey(19, 13, seed));
-    for (int round = 0; round < 500; ++round) {
+    const Pixels content = WithKey(19, 13, seed);
+    const auto rows = RowsOf(content);
+    Source surface(content);
+    for (int round = 0; round < 1000; ++round) {
+        Source borrowed(content, rows);
+        Source& source = round % 2 ? borrowed : surface;
         const auto& operation = DrawOperations[between(0, 3)];
         const POINT from = {between(-4, 20), between(-4, 14)}, to = {between(-5, 50), between(-5, 50)};
         const SIZE given = {between(-1, 22), between(-1, 16)};
