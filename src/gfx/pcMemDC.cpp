@@ -184,8 +184,8 @@ void pcMemDC::Make() noexcept {
 }
 
 const PixelRows* pcMemDC::BorrowedPart(POINT source, SIZE size) const noexcept {
-    const bool isInside = source.x >= 0 && source.y >= 0 && size.cx > 0 && size.cy > 0 &&
-                          size.cx <= Width - source.x && size.cy <= Height - source.y;
+    const bool isInside =
+        source.x >= 0 && source.y >= 0 && size.cx <= Width - source.x && size.cy <= Height - source.y;
     return !MemDC && isInside ? rows_.get() : nullptr;
 }
 
