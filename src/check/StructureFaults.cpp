@@ -1,7 +1,6 @@
 #include "check/StructureFaults.h"
 
 #include <algorithm>
-#include <cctype>
 #include <string>
 #include <string_view>
 
@@ -62,10 +61,14 @@ void ReportNoStart(const DefinitionText& text, Report& report) {
     report.Error(0, {.What = "no line begins with Start", .Effect = effect});
 }
 
+bool IsLetterOrDigit(char c) noexcept {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
 // The word goes on: "Ending" is no End that somebody has written on purpose.
 bool IsLongerWord(std::string_view end) {
     constexpr std::size_t Length = 3;
-    return end.size() > Length && std::isalnum(static_cast<unsigned char>(end[Length]));
+    return end.size() > Length && IsLetterOrDigit(end[Length]);
 }
 
 // --- sections

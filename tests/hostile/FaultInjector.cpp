@@ -132,6 +132,7 @@ FaultyImport Table[] = {
     IMPORT(CreateDialogParamW, 0),
     IMPORT(CreateWindowExW, 0),
     IMPORT(DestroyWindow, 0),
+    IMPORT(DrawFocusRect, 0),
     IMPORT(DrawTextW, 0),
     IMPORT(EnableWindow, 0),
     IMPORT(EndPaint, 0),

@@ -34,24 +34,6 @@ int CountOfHandles() {
     return handles;
 }
 
-void AddHeap(HANDLE heap, Leftovers& counts) {
-    HeapLock(heap);
-    PROCESS_HEAP_ENTRY entry = {};
-    while (HeapWalk(heap, &entry)) {
-        if (!(entry.wFlags & PROCESS_HEAP_ENTRY_BUSY)) continue;
-        ++counts.HeapBlocks;
-        counts.HeapBytes += static_cast<long>(entry.cbData);
-    }
-    HeapUnlock(heap);
-}
-
-// The list is as long as it has to be before the first heap is looked at.
-void AddHeaps(Leftovers& counts) {
-    std::vector<HANDLE> heaps(GetProcessHeaps(0, nullptr));
-    GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
-    for (const HANDLE heap : heaps) AddHeap(heap, counts);
-}
-
 } // namespace
 
 Leftovers Leftovers::Count() {
@@ -60,14 +42,12 @@ Leftovers Leftovers::Count() {
     counts.GdiObjects = test::GdiObjectCount();
     counts.Windows = CountOfWindows();
     counts.Handles = CountOfHandles();
-    AddHeaps(counts);
     return counts;
 }
 
 std::ostream& operator<<(std::ostream& stream, const Leftovers& counts) {
     return stream << counts.TlsIndexes << " TLS indexes, " << counts.GdiObjects << " GDI objects, "
-                  << counts.Windows << " windows, " << counts.Handles << " handles, " << counts.HeapBlocks
-                  << " blocks of " << counts.HeapBytes << " bytes";
+                  << counts.Windows << " windows, " << counts.Handles << " handles";
 }
 
 } // namespace vantik

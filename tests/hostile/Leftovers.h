@@ -11,9 +11,7 @@ struct Leftovers {
     int TlsIndexes = 0; // taken
     int GdiObjects = 0; // alive
     int Windows = 0;
-    int Handles = 0;     // of the kernel
-    long HeapBlocks = 0; // in all heaps of the process
-    long HeapBytes = 0;
+    int Handles = 0; // of the kernel
 
     static Leftovers Count();
     bool operator==(const Leftovers&) const = default;

@@ -10,6 +10,7 @@
 #include "host/HostForm.h"
 #include "host/MessageLoop.h"
 #include "host/OleApartment.h"
+#include "hostile/HeapBlocks.h"
 #include "hostile/Leftovers.h"
 #include "hostile/RaisedErrors.h"
 #include "hostile/Rounds.h"
@@ -37,10 +38,16 @@ void CheckThatNothingStays(const std::function<void()>& cycle) {
     for (int warming = 0; warming < 20; ++warming) cycle();
     REQUIRE(!GetModuleHandleW(L"VantikFrameTab.ocx"));
     const Leftovers before = Leftovers::Count();
-    const int rounds = Rounds(100);
+    const HeapBlocks blocksBefore = HeapBlocks::Count();
+    const bool areShownEach = HeapBlocks::AreShownEach();
+    const int rounds = Rounds(areShownEach ? 100 : 1000);
     for (int round = 0; round < rounds; ++round) cycle();
-    const Leftovers after = Leftovers::Count();
-    CHECK(after == before);
+    CHECK(Leftovers::Count() == before);
+    // Heaps that show groups of small blocks (of 31 in Wine 10) make a few more of them some day, but not with every round.
+    constexpr int Group = 31;
+    const HeapBlocks::Growth growth = HeapBlocks::Count().LargestSince(blocksBefore);
+    INFO(growth);
+    CHECK(growth.Blocks <= (areShownEach ? 0 : rounds / Group / 2));
 }
 
 // The number of the error that a control raises without a form.
