@@ -32,13 +32,15 @@ public:
     explicit Recolouring(std::uint8_t style) : value_(style == FirstHsvStyle ? DimmedValue : 0) {}
 
     void Apply(std::uint8_t* pixel) {
-        std::uint32_t colour = 0;
-        std::memcpy(&colour, pixel, 3);
+        std::uint32_t value;
+        std::memcpy(&value, pixel, sizeof value);
+        const std::uint32_t alpha = value & 0xFF000000, colour = value ^ alpha;
         if (colour != last_) {
             last_ = colour;
             Convert(colour);
         }
-        std::memcpy(pixel, &converted_, 3);
+        value = alpha | converted_;
+        std::memcpy(pixel, &value, sizeof value);
     }
 
 private:

@@ -1,7 +1,6 @@
 #include "png/Deinterlace.h"
 
 #include <cstring>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -16,8 +15,8 @@ constexpr std::int32_t BlockExtent = 8;
 
 // The 1-based columns and rows that a pass takes inside every block of 8 x 8 pixels.
 struct Pass {
-    const char* Columns;
-    const char* Rows;
+    std::string_view Columns;
+    std::string_view Rows;
 };
 
 constexpr Pass Passes[] = {
@@ -49,14 +48,14 @@ private:
         prior_.assign(rowSize_ + RowSlack, 0); // zeros above the first row of every pass
         samples_.resize(static_cast<std::size_t>(width) + 8);
         for (std::int64_t block = 0; block < image_.Height; block += BlockExtent) {
-            for (const char* digit = pass.Rows; *digit; ++digit) {
-                const std::int64_t y = block + PositionOf(*digit);
+            for (const char digit : pass.Rows) {
+                const std::int64_t y = block + PositionOf(digit);
                 if (y < image_.Height) ReadPassRow(pass.Columns, width, y);
             }
         }
     }
 
-    void ReadPassRow(const char* columns, std::int64_t width, std::int64_t y) {
+    void ReadPassRow(std::string_view columns, std::int64_t width, std::int64_t y) {
         const std::size_t end = position_ + 1 + rowSize_;
         const std::uint8_t* scanline = raw_.UpTo(end) + position_;
         position_ = end;
@@ -66,7 +65,8 @@ private:
     }
 
     // The k-th pixel of the row goes to the column that the digits give for it.
-    void ScatterPassRow(const std::uint8_t* row, const char* columns, std::int64_t width, std::int64_t y) {
+    void ScatterPassRow(const std::uint8_t* row, std::string_view columns, std::int64_t width,
+                        std::int64_t y) {
         const std::int32_t bits = image_.BitsPerPixel;
         if (bits == 0) return; // no such colour type, no pixels
         const auto count = static_cast<std::size_t>(width);
@@ -87,13 +87,12 @@ private:
     }
 
     template <std::size_t FixedSize>
-    void Scatter(const std::uint8_t* from, std::uint8_t* row, const char* columns,
+    void Scatter(const std::uint8_t* from, std::uint8_t* row, std::string_view columns,
                  std::size_t count) const noexcept {
         const std::size_t size = FixedSize ? FixedSize : pixelSize_;
-        const std::size_t perBlock = std::strlen(columns);
         std::size_t k = 0;
         for (std::size_t block = 0; k < count; block += BlockExtent) {
-            for (std::size_t i = 0; i < perBlock && k < count; ++i, ++k) {
+            for (std::size_t i = 0; i < columns.size() && k < count; ++i, ++k) {
                 const std::size_t x = block + static_cast<std::size_t>(PositionOf(columns[i]));
                 std::memcpy(row + x * size, from + k * size, size);
             }
@@ -130,10 +129,9 @@ void SplitBytes(const std::uint8_t* packed, std::uint8_t* samples, std::size_t c
 
 } // namespace
 
-std::int64_t PassWidth(std::int32_t width, const char* columns) noexcept {
-    const std::string_view digits(columns);
-    std::int64_t pixels = std::int64_t{width / BlockExtent} * static_cast<std::int64_t>(digits.size());
-    for (const char digit : digits) {
+std::int64_t PassWidth(std::int32_t width, std::string_view columns) noexcept {
+    std::int64_t pixels = std::int64_t{width / BlockExtent} * static_cast<std::int64_t>(columns.size());
+    for (const char digit : columns) {
         if (PositionOf(digit) < width % BlockExtent) ++pixels;
     }
     return pixels;

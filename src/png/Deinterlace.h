@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "png/ByteBuffer.h"
 #include "png/RawScanlines.h"
@@ -22,6 +23,6 @@ void SplitBits(const std::uint8_t* packed, std::uint8_t* samples, std::size_t co
                std::int32_t bits) noexcept;
 
 // How many of `width` columns a pass takes that has these 1-based columns, as digits, of every block of eight.
-std::int64_t PassWidth(std::int32_t width, const char* columns) noexcept;
+std::int64_t PassWidth(std::int32_t width, std::string_view columns) noexcept;
 
 } // namespace vantik

@@ -7,9 +7,9 @@
 
 namespace vantik {
 
-// Rows of whole pixels only: odd bit depths make rows that end inside one.
+// Rows of whole pixels only: odd bit depths make rows that end inside one. Asked for every row, so that a division counts.
 constexpr bool HasPixelFilters(std::size_t bytesPerPixel, std::size_t rowSize) noexcept {
-    return bytesPerPixel <= 4 && rowSize > 0 && rowSize % bytesPerPixel == 0;
+    return bytesPerPixel <= 4 && rowSize > 0 && (bytesPerPixel == 1 || rowSize % bytesPerPixel == 0);
 }
 
 // As UnfilterRow. All rows are read up to 16 bytes behind their end and written no further than to it.
