@@ -114,13 +114,16 @@ PicturePlan PlanPicture(const PngContents& png, const ConversionSettings& settin
     const std::int64_t rowBytes = RowBytes(header.Width, bits);
     plan.RowSize = static_cast<std::size_t>(rowBytes - 1);
     plan.BytesPerPixel = static_cast<std::size_t>(BytesPerPixel(bits));
-    // The allowance for interlaced images is the established formula, though narrow ones with few bits need more.
-    plan.RawSize = RowsOf(rowBytes, header.Height) + (header.Interlace == 1 ? header.Height : 0);
+    // Every row of the picture is a scanline or, interlaced, shared out to scanlines of several passes, which are no shorter
+    // together: so many bytes are needed at least.
+    const std::int64_t needed = RowsOf(rowBytes, header.Height);
+    // The allowance for interlaced images is the established formula, though narrow ones with few bits need more, or less.
+    plan.RawSize = needed + (header.Interlace == 1 ? header.Height : 0);
     plan.DibSize = RowsOf(DibStride(header.Width, plan.BitCount), header.Height);
     NeedMemory(png.Memory() + std::max(DecodingMemory(plan, header), DrawingMemory(plan, header)));
 
     const auto compressed = static_cast<std::int64_t>(png.ImageData.size());
-    if (plan.RawSize > MaxExpansion * compressed + ExpansionAllowance) {
+    if (needed > MaxExpansion * compressed + ExpansionAllowance) {
         Raise(RunTimeErrorNumber::SubscriptOutOfRange);
     }
     return plan;

@@ -97,6 +97,43 @@ TEST_CASE("no input of 64 KB takes over 2 s or 1.1 GiB") {
     }
 }
 
+TEST_CASE("64 KB that say the tallest picture of one column take no longer") {
+    // No other picture has as many rows, and each has its cost.
+    for (const std::uint8_t interlace : Bytes{0, 1}) {
+        CAPTURE(interlace);
+        const HeaderFields fields = {
+            .Height = 33'000'000, .BitDepth = 1, .ColourType = 0, .Interlace = interlace};
+        CheckCost(HostilePicture(fields), Everything);
+    }
+}
+
+TEST_CASE("few bytes that hold a tall interlaced column are not taken for too few") {
+    // Each of its rows belongs to one pass alone: 2 bytes, where the room for the scanlines has 3.
+    constexpr std::uint32_t Height = 110'000;
+    Bytes data = {0x78, 0x9C};
+    Append(data, LongRun(236));
+    const HeaderFields fields = {.Height = Height, .BitDepth = 1, .ColourType = 0, .Interlace = 1};
+    DibImage image;
+    CHECK(NumberRaisedBy([&] {
+              image = DecodePng(PngBytes().Header(fields).Chunk("IDAT", data).End(), Everything);
+          }) == 0);
+    REQUIRE(image.BitCount == 8);
+    Bytes expected;
+    for (std::uint32_t y = 0; y < Height; ++y) Append(expected, {0, 0, 0, 255});
+    CHECK(ToRgba(image) == expected);
+}
+
+TEST_CASE("bytes that cannot hold their picture are refused before it takes memory") {
+    for (const std::uint8_t interlace : Bytes{0, 1}) {
+        CAPTURE(interlace);
+        const HeaderFields fields = {.Width = 5000, .Height = 5000, .ColourType = 0, .Interlace = interlace};
+        const Bytes png = HostilePicture(fields, 64);
+        allocations::TakePeak();
+        CHECK(NumberRaisedBy([&] { DecodePng(png, Everything); }) == 9);
+        CHECK(allocations::TakePeak() < 1'000'000);
+    }
+}
+
 TEST_CASE("64 KB of tiny blocks take no longer") {
     BitWriter bits;
     while (bits.Bytes().size() < 60000) {
