@@ -38,6 +38,7 @@ std::int32_t LoadPNG::OpenPNGfromRes(std::uintptr_t lData, std::int32_t xLong) {
 }
 
 DibImage LoadPNG::DecodeFile(const std::u16string& filename) {
+    reader_.Begin();
     FileSource file = WithOutOfMemory([&] { return FileSource(filename); });
     return Decode(file);
 }

@@ -35,10 +35,14 @@ void PngReader::Reset() noexcept {
     hasAlpha_ = false;
 }
 
-bool PngReader::Read(ByteSource& source) {
+void PngReader::Begin() noexcept {
     png_.HasBackground = false;
     png_.HasTransparency = false;
     png_.ImageData.clear();
+}
+
+bool PngReader::Read(ByteSource& source) {
+    Begin();
     return WithOutOfMemory([&] { return ReadChunks(source); });
 }
 

@@ -26,6 +26,10 @@ public:
     // compressed text, OutOfMemory for what does not fit the memory.
     bool Read(ByteSource& source);
 
+    // What Read does first: the image data and the flags of tRNS and bKGD go, all else stays. For those who have a file to
+    // open before they can read, which may fail.
+    void Begin() noexcept;
+
     // Makes it a new reader, but one that has its memory already: what an icon needs stays.
     void Reset() noexcept;
 

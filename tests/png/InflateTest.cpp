@@ -257,6 +257,21 @@ TEST_CASE("a repeat with nothing to repeat ends with -5") {
     CheckEnd(bits.Number(0, 32).Bytes(), -5, {});
 }
 
+TEST_CASE("behind a run of zeros it is a zero that is repeated") {
+    for (const int padding : {0, 40}) { // near the end of the input and far from it
+        BitWriter bits;
+        DynamicHeader(bits, 257, 1, true);                                 // codes in order: 1, 16, 17, 18
+        bits.Code(0, 2);                                                   // literal 0 has one bit
+        bits.Code(2, 2).Number(10 - 3, 3).Code(1, 2).Number(3, 2);         // 17 and 16: none for 10 and 6
+        bits.Code(3, 2).Number(20 - 11, 7).Code(1, 2).Number(2, 2);        // 18 and 16: none for 20 and 5
+        bits.Code(3, 2).Number(138 - 11, 7).Code(3, 2).Number(76 - 11, 7); // none up to literal 255
+        bits.Code(0, 2).Code(0, 2); // one bit each for the end and the distance
+        bits.Code(0, 1).Code(0, 1).Code(1, 1);
+        for (int i = 0; i < padding; ++i) bits.Number(0, 8);
+        CheckEnd(bits.Bytes(), 0, {0, 0});
+    }
+}
+
 TEST_CASE("a repeat past all lengths ends with -6") {
     BitWriter bits;
     DynamicHeader(bits, 257, 1, true);

@@ -313,6 +313,46 @@ TEST_CASE("what was read is there to be asked for") {
     CHECK(png.gama() == 0.45455);
 }
 
+TEST_CASE("a stored gamma is a signed number of 32 bits") {
+    LoadPNG png;
+    Open(png, PngBytes().Header({}).Chunk("gAMA", {0xFF, 0xFF, 0xFF, 0xFF}).End());
+    CHECK(png.gama() == -0.00001);
+}
+
+TEST_CASE("opening a file that is not there takes back the flags of tRNS and bKGD and nothing else") {
+    // The reset is the first step of an open, the file the second.
+    const Bytes file = PngBytes()
+                           .Header({.Width = 2, .ColourType = 6, .Filter = 7})
+                           .Chunk("tEXt", BytesOf("hello"))
+                           .Chunk("zTXt", BytesOf("key"))
+                           .Chunk("gAMA", BigEndian32(45455))
+                           .Chunk("tIME", {0x07, 0xD9, 3, 7, 14, 5, 9})
+                           .Chunk("bKGD", {0, 1, 0, 2, 0, 3})
+                           .Chunk("tRNS", {0})
+                           .StoredImage({0, 1, 2, 3, 4, 5, 6, 7, 8})
+                           .End();
+    LoadPNG png;
+    Open(png, BytesOf("GIF89a no PNG"));
+    Open(png, file);
+    CHECK(png.HasBKGDChunk() == True);
+    CHECK(png.HaveTransparence() == True);
+    CHECK(NumberRaisedBy([&] { png.OpenPNG(u"no such file.png"); }) == 53);
+    CHECK(png.HasBKGDChunk() == False);
+    CHECK(png.HaveTransparence() == False);
+    CHECK(png.width() == 2);
+    CHECK(png.height() == 1);
+    CHECK(png.Bitdepht() == 8);
+    CHECK(png.ColorType() == 6);
+    CHECK(png.Filter() == 7);
+    CHECK(png.ErrorNumber() == 1);
+    CHECK(png.HaveAlpha() == True);
+    CHECK(png.BkgdColor() == 0x030201);
+    CHECK(png.Text() == std::u16string(u"hello") + u'\0');
+    CHECK(png.zText() == std::u16string(u"key") + u'\0' + u'\0');
+    CHECK(png.ModiTime() == u"07.03.2009 14:05:09");
+    CHECK(png.gama() == 0.45455);
+}
+
 TEST_CASE("bad files draw nothing and leave no bitmap") {
     const Pixels before = Patterned(Extent, Extent, 4);
     TestSurface surface(before);

@@ -185,7 +185,8 @@ TEST_CASE("two successive opens return the text of both, each chunk followed by 
 
 TEST_CASE("an error number is never cleared, the flags of tRNS and bKGD are") {
     PngReader reader;
-    const PngBytes full = PngBytes().Header({}).Chunk("bKGD", Bytes(6)).Chunk("tRNS", Bytes(6)).End();
+    const PngBytes full =
+        PngBytes().Header({}).Chunk("bKGD", {0, 1, 0, 2, 0, 3}).Chunk("tRNS", Bytes(6)).End();
     MemorySource withoutImage(full.All());
     CHECK(!reader.Read(withoutImage));
     CHECK(reader.Contents().HasBackground);
@@ -196,6 +197,7 @@ TEST_CASE("an error number is never cleared, the flags of tRNS and bKGD are") {
     CHECK(reader.ErrorNumber() == 4);
     CHECK(!reader.Contents().HasBackground);
     CHECK(!reader.Contents().HasTransparency);
+    CHECK(reader.Contents().BackgroundColour == 0x030201); // only its flag is reset
 }
 
 TEST_CASE("a file without header, palette, texts, time and gamma is read with those of the file before") {
@@ -444,6 +446,21 @@ TEST_CASE("a bKGD before IHDR is evaluated with colour type 0 and bit depth 0") 
     CHECK(contents.HasBackground);
     CHECK(contents.BackgroundColour == 0);
     CHECK(ContentsOf(PngBytes().Chunk("bKGD", {0, 0}).End()).BackgroundColour == 0);
+}
+
+TEST_CASE("a bKGD before IHDR is evaluated with the colour type and bit depth of the file before") {
+    PngReader reader;
+    const auto backgroundOf = [&](const Bytes& png) {
+        MemorySource source(png);
+        reader.Read(source);
+        return reader.Contents().BackgroundColour;
+    };
+    const Bytes greyFirst = PngBytes().Chunk("bKGD", {0, 1}).Header({.ColourType = 2}).End();
+    backgroundOf(PngBytes().Header({.BitDepth = 2, .ColourType = 0}).End());
+    CHECK(backgroundOf(greyFirst) == 0x555555);
+    CHECK(backgroundOf(greyFirst) == 0); // of colour type 2 by now, which takes 6 bytes
+    backgroundOf(PngBytes().Header({.BitDepth = 4, .ColourType = 0}).End());
+    CHECK(backgroundOf(greyFirst) == 0x111111);
 }
 
 TEST_CASE("files that cannot be opened raise their own errors") {
