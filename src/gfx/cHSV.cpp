@@ -23,6 +23,12 @@ std::int16_t Floor16(double value) {
 // 255.9999 rather than 255 spreads the unit interval evenly over the 256 levels and still maps 1 to 255.
 std::int16_t Level(float component) { return Floor16(static_cast<double>(component) * 255.9999); }
 
+// Too large a number is an error also where no component needs it.
+float Finite(float value) {
+    if (!std::isfinite(value)) Raise(RunTimeErrorNumber::Overflow);
+    return value;
+}
+
 float Hue(const Rgb& c, float max, float min) noexcept {
     const float range = max - min;
     const float rc = (max - c.R) / range;
@@ -37,7 +43,7 @@ Rgb FromSixths(float h, float s, float v) {
     if (h == 6) h = 0;
     const std::int16_t i = Floor16(static_cast<double>(h));
     const float f = h - static_cast<float>(i);
-    const float p = (1 - s) * v;
+    const float p = Finite((1 - s) * v); // q and t lie between this and v
     const float q = (1 - s * f) * v;
     const float t = (1 - (1 - f) * s) * v;
     switch (i) {
@@ -66,11 +72,9 @@ void cHSV::ToHsv() noexcept {
 void cHSV::ToRgb() {
     const float v = V / 100;
     const Rgb c = S == 0 ? Rgb{v, v, v} : FromSixths(H / 60, S / 100, v);
-    const std::int16_t red = Level(c.R);
-    const std::int16_t green = Level(c.G);
+    R = Level(c.R);
+    G = Level(c.G);
     B = Level(c.B);
-    R = red;
-    G = green;
 }
 
 } // namespace vantik

@@ -25,6 +25,16 @@ bool IsEmptyLoop(std::int32_t count) {
 // The coordinates of the last of `count` pixels must exist.
 void CheckRun(std::int32_t first, std::int32_t count) { (void)(Checked(first) + (count - 1)); }
 
+// Whether the edge so far from there has a coordinate.
+bool HasEnd(std::int32_t first, std::int32_t extent) noexcept {
+    return std::in_range<std::int32_t>(std::int64_t{first} + extent);
+}
+
+// Whether a loop over so many pixels from there comes to its end.
+bool IsWholeLoop(std::int32_t first, std::int32_t count) noexcept {
+    return std::in_range<std::int16_t>(count) && HasEnd(first, count - 1);
+}
+
 // From so many pixels on, stretching one pixel takes longer than filling with its colour.
 constexpr std::int64_t LargeArea = 4096;
 
@@ -221,7 +231,8 @@ void pcMemDC::StretchDraw(HDC target, std::int32_t xDst, std::int32_t yDst, std:
                           std::int32_t heightDst, std::int32_t xSrc, std::int32_t ySrc, std::int32_t widthSrc,
                           std::int32_t heightSrc) {
     const std::int32_t width = OrAll(widthSrc, Width), height = OrAll(heightSrc, Height);
-    const PixelRows* borrowed = BorrowedPart({xSrc, ySrc}, {width, height});
+    const bool hasEdges = HasEnd(xDst, widthDst) && HasEnd(yDst, heightDst);
+    const PixelRows* borrowed = hasEdges ? BorrowedPart({xSrc, ySrc}, {width, height}) : nullptr;
     if (!borrowed) Make();
     const bool onePixel = width == 1 && height == 1 && widthDst > 0 && heightDst > 0;
     if (onePixel && std::int64_t{widthDst} * heightDst >= LargeArea)
@@ -242,7 +253,8 @@ void pcMemDC::Stretch90Draw(HDC target, std::int32_t xDst, std::int32_t yDst, st
     const std::int32_t rows = OrAll(heightSrc, Height);
     // Where the turned pixels are going to cover the whole stretched image, it need not be painted.
     const bool columnExists = xSrc >= 0 && xSrc < Width && ySrc >= 0 && ySrc <= Height - rows;
-    const bool covered = columnExists && widthDst >= 0 && widthDst <= rows && heightDst >= 0;
+    const bool covered = columnExists && widthDst >= 0 && widthDst <= rows && heightDst >= 0 &&
+                         IsWholeLoop(xDst, rows) && IsWholeLoop(yDst, heightDst);
     if (!covered) StretchDraw(target, xDst, yDst, widthDst, heightDst, xSrc, ySrc, widthSrc, heightSrc);
     RepeatColumn(Turn::Transposed, target, {xSrc, ySrc}, rows, {xDst, yDst}, heightDst);
 }

@@ -79,6 +79,8 @@ TEST_CASE("a hue outside 0 to 360 gives black") {
     CheckRgb(FromHsv(420, 100, 100), 0, 0, 0);
 }
 
+TEST_CASE("components are rounded down below zero, too") { CheckRgb(FromHsv(0, 0, -1), -3, -3, -3); }
+
 TEST_CASE("what does not fit 16 bits overflows and leaves the colour as it was") {
     const float notANumber = std::numeric_limits<float>::quiet_NaN();
     for (const float value : {20000.0f, -20000.0f, notANumber, std::numeric_limits<float>::infinity()}) {
@@ -89,6 +91,26 @@ TEST_CASE("what does not fit 16 bits overflows and leaves the colour as it was")
         CheckRgb(hsv, 5, 5, 5);
     }
     CHECK(NumberRaisedBy([] { FromHsv(1e10f, 50, 50); }) == 6);
+}
+
+TEST_CASE("components are stored one by one, up to the one that overflows") {
+    cHSV hsv;
+    hsv.R = hsv.G = hsv.B = 5;
+    hsv.H = 120;
+    hsv.S = 100;
+    hsv.V = 13000; // green: 130 x 255.9999
+    CHECK(NumberRaisedBy([&] { hsv.ToRgb(); }) == 6);
+    CheckRgb(hsv, 0, 5, 5);
+}
+
+TEST_CASE("a number that is too large for a float overflows also where the colour is black") {
+    cHSV hsv;
+    hsv.R = hsv.G = hsv.B = 5;
+    hsv.H = -30;
+    hsv.S = 1e38f;
+    hsv.V = 5e4f; // (1 - 1e36) x 500 for p, half of it for q and t
+    CHECK(NumberRaisedBy([&] { hsv.ToRgb(); }) == 6);
+    CheckRgb(hsv, 5, 5, 5);
 }
 
 TEST_CASE(

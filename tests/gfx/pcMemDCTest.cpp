@@ -125,6 +125,8 @@ TEST_CASE(
     Source source(Patterned(9, 7, 1));
     source.Surface.width(8);
     source.Surface.height(-3);
+    source.Surface.width(9);
+    source.Surface.height(7);
     CHECK(source.Surface.width() == 9);
     CHECK(source.Surface.height() == 7);
     CHECK(GetPixel(source.Surface.hdc(), 8, 6) != 0);
@@ -151,6 +153,13 @@ TEST_CASE("a surface grows to its picture and never shrinks") {
     Source source(Patterned(9, 7, 1));
     CHECK(source.Surface.width() == 9);
     CHECK(source.Surface.height() == 7);
+    source.Surface.CreateFromPicture(PictureOf(Patterned(4, 3, 3)).Get());
+    TestSurface around(9, 7);
+    source.Surface.Draw(around.DC(), 0, 0, 9, 7);
+    Pixels both = source.Content;
+    for (std::int32_t y = 0; y < 3; ++y)
+        for (std::int32_t x = 0; x < 4; ++x) both.Set(x, y, Patterned(4, 3, 3).At(x, y));
+    CHECK(Difference(around.Read(), both) == "same");
     source.Surface.CreateFromPicture(PictureOf(Patterned(4, 20, 2)).Get());
     CHECK(source.Surface.width() == 9);
     CHECK(source.Surface.height() == 20);
@@ -454,6 +463,23 @@ TEST_CASE("a turned operation over more than 32767 pixels raises overflow, for i
     CHECK(stretch(&pcMemDC::Stretch180Draw, TooMany, 1, 1) == 6);
     CHECK(stretch(&pcMemDC::Stretch180Draw, 1, TooMany, 1) == 0); // likewise
     CHECK(NumberRaisedBy([&] { source.Surface.Draw(dc, 0, 0, 100000, 100000, 0, 0, true); }) == 0);
+}
+
+TEST_CASE("Stretch90Draw has painted its stretched image where its loops overflow") {
+    Source source(Patterned(3, 3, 1));
+    Target target;
+    const auto raised = [&](std::int32_t yDst, std::int32_t height) {
+        return NumberRaisedBy(
+            [&] { source.Surface.Stretch90Draw(target.Surface.DC(), 0, yDst, 1, height, 0, 0, 1, 3); });
+    };
+    TestSurface expected(target.Before);
+    for (const auto& [yDst, height] : {std::pair{0, 32768}, std::pair{2147483647, 2}}) {
+        StretchBlt(expected.DC(), 0, yDst, 1, height, source.Surface.hdc(), 0, 0, 1, 3, SRCCOPY);
+        CHECK(raised(yDst, height) == 6);
+    }
+    target.Expected = expected.Read();
+    CHECK(Difference(target.Expected, target.Before) != "same");
+    CHECK(target.Result() == "same");
 }
 
 TEST_CASE("a coordinate of a turned operation beyond 32 bits raises overflow") {
