@@ -45,6 +45,9 @@ failures() {
     changed unnamed '/^File:/d'
     preview sheet.png unnamed/SKIN.INI
     check "a definition without a bitmap" failed "no bitmap"
+    changed unpainted 's/^File:.*/File: SETTINGS.TXT/'
+    preview sheet.png unpainted/SKIN.INI
+    check "a bitmap that is no picture" failed "is no picture"
     preview sheet.png missing/SKIN.INI
     check "a missing definition" failed "cannot read"
     preview nowhere/sheet.png "$Skin"

@@ -1,15 +1,12 @@
 #include "tools/skinpreview/PreviewedSkin.h"
 
-#include <shlwapi.h>
-
 #include <algorithm>
 
 #include "base/Text.h"
 #include "check/DefinitionText.h"
 #include "host/HostError.h"
-#include "host/PixelCanvas.h"
-#include "platform/ComPtr.h"
 #include "tools/skin/SkinAt.h"
+#include "tools/skin/SkinPicture.h"
 
 namespace vantik {
 
@@ -18,33 +15,6 @@ namespace {
 namespace fs = std::filesystem;
 
 std::wstring Wide(std::u16string_view text) { return {text.begin(), text.end()}; }
-
-// By the loader that the control uses, so that whatever it shows can be shown here.
-ComPtr<IPicture> LoadPicture(const SkinFile& file) {
-    const auto size = static_cast<UINT>(file.Bytes.size());
-    ComPtr<IStream> stream;
-    *stream.Put() = SHCreateMemStream(file.Bytes.data(), size);
-    ComPtr<IPicture> picture;
-    Check(OleLoadPicture(stream.Get(), static_cast<LONG>(size), FALSE, __uuidof(IPicture), picture.PutVoid()),
-          "Loading the skin's bitmap");
-    return picture;
-}
-
-Snapshot ReadPicture(const SkinFile& file) {
-    const ComPtr<IPicture> picture = LoadPicture(file);
-    OLE_HANDLE handle = 0;
-    Check(picture->get_Handle(&handle), "Reading the skin's bitmap");
-    const auto bitmap = reinterpret_cast<HBITMAP>(static_cast<std::uintptr_t>(handle));
-    BITMAP extent = {};
-    if (!GetObjectW(bitmap, sizeof extent, &extent)) throw HostError("the skin's picture is no bitmap");
-    PixelCanvas canvas(extent.bmWidth, extent.bmHeight);
-    BITMAPINFO info = {};
-    info.bmiHeader = {
-        sizeof(BITMAPINFOHEADER), extent.bmWidth, -extent.bmHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    GetDIBits(canvas.DC(), bitmap, 0, static_cast<UINT>(extent.bmHeight), canvas.Pixels(), &info,
-              DIB_RGB_COLORS);
-    return canvas.Take();
-}
 
 bool HasRole(const std::u16string& key) {
     return key == u"DELETEBUTTON" || key == u"LEFTBUTTON" || key == u"RIGHTBUTTON" || key == u"MENUBAR";
@@ -100,7 +70,9 @@ void PreviewedSkin::ReadDefinition() {
     const std::vector<vantik::SkinFile> files = source.Find(bitmap);
     if (bitmap.empty() || files.empty()) throw HostError("the definition names no bitmap that is there");
     bitmapName_ = Wide(bitmap);
-    bitmap_ = ReadPicture(files.front());
+    auto picture = ReadPicture(files.front().Bytes);
+    if (!picture) throw HostError("the skin's bitmap is no picture");
+    bitmap_ = std::move(*picture);
 }
 
 } // namespace vantik

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "SkinFiles.h"
 #include "host/HostError.h"
+#include "host/SafeFile.h"
 #include "platform/Module.h"
 #include "tools/skinview/model/NewSkin.h"
 

@@ -16,20 +16,8 @@ constexpr std::array SettingsNames = {L"SETTINGS.TXT", L"SETTINGS-SIDES.TXT"};
 
 std::string NameOf(const std::filesystem::path& path) { return ToUtf8(path.wstring()); }
 
-// What the system says of the last call.
-std::string Reason() {
-    return std::error_code(static_cast<int>(GetLastError()), std::system_category()).message();
-}
-
 std::filesystem::path InFolderOf(const std::filesystem::path& definition, const std::u16string& name) {
     return definition.parent_path() / std::filesystem::path(name);
-}
-
-void Write(const std::filesystem::path& path, const std::string& bytes) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (!file) throw HostError("cannot write " + NameOf(path));
 }
 
 } // namespace
@@ -43,16 +31,6 @@ std::string ReadDefinition(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) throw HostError("cannot read " + NameOf(path));
     return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void WriteFileSafely(const std::filesystem::path& path, const std::string& bytes) {
-    std::filesystem::path fresh = path;
-    fresh += L".new";
-    Write(fresh, bytes);
-    if (MoveFileExW(fresh.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) return;
-    const std::string reason = Reason();
-    DeleteFileW(fresh.c_str());
-    throw HostError("cannot write " + NameOf(path) + ": " + reason);
 }
 
 std::vector<std::filesystem::path> FilesOfSkin(const std::filesystem::path& path,

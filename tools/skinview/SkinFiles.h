@@ -13,9 +13,6 @@ namespace vantik {
 // HostError when it cannot be read, or is far too large for a definition.
 std::string ReadDefinition(const std::filesystem::path& path);
 
-// Whole or not at all: what was there stays until the new file is complete. HostError when it cannot be written.
-void WriteFileSafely(const std::filesystem::path& path, const std::string& bytes);
-
 // The definition, what it names and the settings: all that a skin's look depends on.
 std::vector<std::filesystem::path> FilesOfSkin(const std::filesystem::path& path,
                                                const DefinitionText& definition);

@@ -1,11 +1,14 @@
 #include "SkinSession.h"
 
-#include "BitmapReading.h"
+#include <algorithm>
+
 #include "SkinFiles.h"
 #include "check/CheckSkin.h"
 #include "host/HostError.h"
+#include "host/SafeFile.h"
 #include "model/Skin.h"
 #include "tools/skin/SkinAt.h"
+#include "tools/skin/SkinPicture.h"
 #include "tools/skinview/model/LocalNames.h"
 
 namespace vantik {
@@ -13,6 +16,12 @@ namespace vantik {
 namespace {
 
 constexpr int LineHeight = 14; // of captions, about
+
+PixelImage ImageOf(const Snapshot& picture) {
+    PixelImage image(picture.Width, picture.Height);
+    std::ranges::copy(picture.Pixels, image.Data());
+    return image;
+}
 
 // For a skin without settings: what lets its looks be told apart, captions in the middle of bars.
 std::vector<SkinSetting> PlainSettings(bool lying, int barHeight) {
@@ -53,7 +62,7 @@ void SkinSession::ReadFiles() {
 
 void SkinSession::ReadBitmap() {
     for (const SkinFile& file : SkinAt(path_).Find(BitmapNameOf(document_.Text())))
-        if (auto picture = ReadPicture(file.Bytes)) bitmap_ = std::move(*picture);
+        if (const auto picture = ReadPicture(file.Bytes)) bitmap_ = ImageOf(*picture);
 }
 
 void SkinSession::ReadSettings() {

@@ -2,6 +2,7 @@
 #include "demos/form/design/Designer.h"
 #include "demos/form/design/FormFiles.h"
 #include "host/HostError.h"
+#include "host/SafeFile.h"
 
 namespace vantik {
 
@@ -69,7 +70,7 @@ void Designer::AskAndOpen() {
 
 bool Designer::Save() {
     if (path_.empty()) return SaveAs();
-    WriteFormFile(path_, history_.Text());
+    WriteFileSafely(path_, history_.Text());
     history_.NoteSaved();
     ShowState();
     return true;

@@ -14,13 +14,6 @@ std::string ReadFormFile(const std::filesystem::path& path) {
     return text;
 }
 
-void WriteFormFile(const std::filesystem::path& path, const std::string& text) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file << text;
-    file.close();
-    if (!file) throw HostError("cannot write " + ToUtf8(path.wstring()));
-}
-
 DesignedForm ParseForm(const std::string& text) { return ReadForm(FromUtf8(text)); }
 
 std::string TextOf(const DesignedForm& form) { return ToUtf8(WriteForm(form)); }

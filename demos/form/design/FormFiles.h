@@ -11,9 +11,8 @@ namespace vantik {
 
 inline constexpr FileKind FormFiles = {L"Forms (*.form)\0*.form\0All files\0*.*\0", L"form"};
 
-// UTF-8, as it stands in the file. Throw HostError, which names the file.
+// UTF-8, as it stands in the file. Throws HostError, which names the file.
 std::string ReadFormFile(const std::filesystem::path& path);
-void WriteFormFile(const std::filesystem::path& path, const std::string& text);
 
 // Between the text of a file and a form. ParseForm throws FormTextError.
 DesignedForm ParseForm(const std::string& text);

@@ -5,11 +5,11 @@
 #include <optional>
 #include <span>
 
-#include "tools/skinview/model/PixelImage.h"
+#include "host/Snapshot.h"
 
 namespace vantik {
 
 // Empty for bytes that are no picture, by the control's own measure.
-std::optional<PixelImage> ReadPicture(std::span<const std::uint8_t> file);
+std::optional<Snapshot> ReadPicture(std::span<const std::uint8_t> file);
 
 } // namespace vantik
