@@ -18,20 +18,37 @@ bool Includes(HookTime when, HookTime part) {
     return static_cast<unsigned>(when) & static_cast<unsigned>(part);
 }
 
-// One message on its way through the hook, in the 32-bit numbers that the callback knows.
+// A number of which the callback sees 32 bits. It stays whole unless the callback puts others in their place; those count
+// with their sign, as handles do and -1.
+template <class Whole>
+class SeenNumber {
+public:
+    explicit SeenNumber(Whole whole) noexcept : Seen(static_cast<std::int32_t>(whole)), whole_(whole) {}
+
+    std::int32_t Seen;
+    Whole Value() const noexcept {
+        return static_cast<std::int32_t>(whole_) == Seen ? whole_ : static_cast<Whole>(Seen);
+    }
+
+private:
+    Whole whole_;
+};
+
+// One message on its way through the hook, as the callback leaves it.
 class Delivery {
 public:
     Delivery(MessageCallback& callback, HWND window, UINT message, WPARAM wParam, LPARAM lParam)
         : callback_(callback),
-          window_(static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(window))),
-          message_(static_cast<std::int32_t>(message)),
-          wParam_(static_cast<std::int32_t>(wParam)),
-          lParam_(static_cast<std::int32_t>(lParam)) {}
+          window_(reinterpret_cast<std::intptr_t>(window)),
+          message_(message),
+          wParam_(wParam),
+          lParam_(lParam) {}
 
     // What the callback raises ends here: a window procedure must not throw.
     void Call(Boolean before) noexcept {
         try {
-            callback_.zSubclass_Proc(before, handled_, result_, window_, message_, wParam_, lParam_);
+            callback_.zSubclass_Proc(before, handled_, result_.Seen, window_.Seen, message_.Seen,
+                                     wParam_.Seen, lParam_.Seen);
         } catch (...) {
             TellDebugger(u"in its message hook"); // the message goes on as if it had done nothing more
         }
@@ -39,33 +56,37 @@ public:
 
     bool Handled() const noexcept { return handled_ != False; }
 
-    // The window's answer stays whole unless the callback puts one of its 32 bits in its place.
-    void Answer(LRESULT result) noexcept {
-        whole_ = result;
-        result_ = static_cast<std::int32_t>(result);
-    }
-    LRESULT Answer() const noexcept {
-        return static_cast<std::int32_t>(whole_) == result_ ? whole_ : result_;
-    }
+    HWND Window() const noexcept { return reinterpret_cast<HWND>(window_.Value()); }
+    UINT Message() const noexcept { return message_.Value(); }
+    WPARAM WParam() const noexcept { return wParam_.Value(); }
+    LPARAM LParam() const noexcept { return lParam_.Value(); }
+
+    void Answer(LRESULT result) noexcept { result_ = SeenNumber(result); }
+    LRESULT Answer() const noexcept { return result_.Value(); }
 
 private:
     MessageCallback& callback_;
     Boolean handled_ = False;
-    std::int32_t result_ = 0;
-    LRESULT whole_ = 0;
-    std::int32_t window_;
-    std::int32_t message_;
-    std::int32_t wParam_;
-    std::int32_t lParam_;
+    SeenNumber<LRESULT> result_{0};
+    SeenNumber<std::intptr_t> window_;
+    SeenNumber<UINT> message_;
+    SeenNumber<WPARAM> wParam_;
+    SeenNumber<LPARAM> lParam_;
 };
 
 } // namespace
 
 void MessageList::Add(std::int32_t message) {
-    if (message == AllMessages)
+    if (message == AllMessages) {
         all_ = true;
-    else if (std::ranges::find(messages_, message) == messages_.end())
+        return;
+    }
+    const auto place =
+        std::ranges::find_if(messages_, [&](std::int32_t held) { return held == 0 || held == message; });
+    if (place == messages_.end())
         messages_.push_back(message);
+    else
+        *place = message;
 }
 
 void MessageList::Remove(std::int32_t message) {
@@ -87,9 +108,9 @@ struct MessageHook::Entry {
     WNDPROC Previous;
     MessageList Before, After;
 
-    LRESULT PassOn(UINT message, WPARAM wParam, LPARAM lParam) const noexcept {
+    LRESULT PassOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const noexcept {
         const auto call = IsUnicode ? CallWindowProcW : CallWindowProcA;
-        return call(Previous, Window, message, wParam, lParam);
+        return call(Previous, window, message, wParam, lParam);
     }
     WNDPROC Exchange(WNDPROC procedure) const noexcept {
         const auto set = IsUnicode ? SetWindowLongPtrW : SetWindowLongPtrA;
@@ -199,19 +220,22 @@ LRESULT CALLBACK MessageHook::Procedure(HWND window, UINT message, WPARAM wParam
     if (entry->Before.Contains(number) || entry->After.Contains(number))
         answer = Deliver(*entry, message, wParam, lParam);
     else
-        answer = entry->PassOn(message, wParam, lParam);
+        answer = entry->PassOn(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) Forget(*entry);
     return answer;
 }
 
 LRESULT MessageHook::Deliver(Entry& entry, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    const auto number = static_cast<std::int32_t>(message);
     const ComPtr<IUnknown> alive = entry.Owner->callback_.KeepAlive();
     Delivery delivery(entry.Owner->callback_, entry.Window, message, wParam, lParam);
-    if (entry.Before.Contains(number)) delivery.Call(True);
+    const auto delivers = [&](const MessageList& list) {
+        return entry.Owner && list.Contains(static_cast<std::int32_t>(delivery.Message()));
+    };
+    if (delivers(entry.Before)) delivery.Call(True);
     if (!delivery.Handled()) {
-        delivery.Answer(entry.PassOn(message, wParam, lParam));
-        if (entry.Owner && entry.After.Contains(number)) delivery.Call(False);
+        delivery.Answer(
+            entry.PassOn(delivery.Window(), delivery.Message(), delivery.WParam(), delivery.LParam()));
+        if (delivers(entry.After)) delivery.Call(False);
     }
     return delivery.Answer();
 }

@@ -14,7 +14,7 @@ namespace vantik {
 class MessageCallback {
 public:
     // Numbers are 32 bits wide whatever the platform; the callback may change what the references show: with handled
-    // True the window never sees the message and result is the answer.
+    // True the window never sees the message and result is the answer, otherwise the message is passed on as it is then.
     virtual void zSubclass_Proc(Boolean before, Boolean& handled, std::int32_t& result, std::int32_t& window,
                                 std::int32_t& message, std::int32_t& wParam, std::int32_t& lParam) = 0;
 
@@ -33,7 +33,8 @@ class MessageList {
 public:
     static constexpr std::int32_t AllMessages = -1;
 
-    void Add(std::int32_t message); // once, however often it is added
+    // Once, however often it is added, and in the place of a 0 where there is one.
+    void Add(std::int32_t message);
     void Remove(std::int32_t message);
     bool Contains(std::int32_t message) const noexcept;
     std::int32_t Count() const noexcept {

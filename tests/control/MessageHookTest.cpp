@@ -37,7 +37,7 @@ private:
         auto* log = reinterpret_cast<std::string*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         if (message < WM_USER || !log) return DefWindowProcW(window, message, wParam, lParam);
         *log += "window " + std::to_string(message - WM_USER) + ";";
-        return static_cast<LRESULT>(wParam) * 10;
+        return static_cast<LRESULT>(wParam) * 10 + lParam;
     }
 };
 
@@ -45,15 +45,18 @@ class Recorder final : public MessageCallback {
 public:
     explicit Recorder(std::string& log) : log_(log) {}
 
-    void zSubclass_Proc(Boolean before, Boolean& handled, std::int32_t& result, std::int32_t&,
-                        std::int32_t& message, std::int32_t&, std::int32_t&) override {
+    void zSubclass_Proc(Boolean before, Boolean& handled, std::int32_t& result, std::int32_t& window,
+                        std::int32_t& message, std::int32_t& wParam, std::int32_t& lParam) override {
         if (message < WM_USER) return;
         log_ += (before ? "before " : "after ") + std::to_string(message - WM_USER) + ";";
         if (onMessage) onMessage(handled, result);
+        if (before && onArguments) onArguments(window, message, wParam, lParam);
     }
     ComPtr<IUnknown> KeepAlive() override { return nullptr; }
 
     std::function<void(Boolean&, std::int32_t&)> onMessage;
+    // What may be changed before the window sees the message.
+    std::function<void(std::int32_t&, std::int32_t&, std::int32_t&, std::int32_t&)> onArguments;
 
 private:
     std::string& log_;
@@ -65,8 +68,8 @@ struct Hooked {
     MessageHook hook{recorder};
 
     Hooked() { hook.SubclassStart(window.handle); }
-    LRESULT Send(UINT number, WPARAM wParam = 7) {
-        return SendMessageW(window.handle, WM_USER + number, wParam, 0);
+    LRESULT Send(UINT number, WPARAM wParam = 7, LPARAM lParam = 0) {
+        return SendMessageW(window.handle, WM_USER + number, wParam, lParam);
     }
 };
 
@@ -102,11 +105,68 @@ TEST_CASE("a callback after the window may change the answer") {
     CHECK(h.Send(1) == 71);
 }
 
+namespace {
+
+// Wider than 32 bits where the platform has such numbers.
+constexpr auto Wide = static_cast<WPARAM>(0x0A345678) << (sizeof(WPARAM) > 4 ? 8 : 0);
+
+} // namespace
+
 TEST_CASE("an answer wider than 32 bits passes whole when nobody changes it") {
     Hooked h;
     h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Both);
-    constexpr auto wide = static_cast<WPARAM>(0x0A345678) << (sizeof(WPARAM) > 4 ? 8 : 0);
-    CHECK(h.Send(1, wide) == static_cast<LRESULT>(wide) * 10);
+    CHECK(h.Send(1, Wide) == static_cast<LRESULT>(Wide) * 10);
+}
+
+TEST_CASE("what a callback changes of the message is what the window gets, and the callback after it") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Both);
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 2, HookTime::After);
+    h.recorder.onArguments = [](std::int32_t&, std::int32_t& message, std::int32_t& wParam,
+                                std::int32_t& lParam) {
+        message = WM_USER + 2;
+        wParam = -1;
+        lParam -= 8;
+    };
+    CHECK(h.Send(1, 7, 5) == -13);
+    CHECK(h.window.log == "before 1;window 2;after 2;");
+}
+
+TEST_CASE("a message that a callback changes into one that is not listed is not delivered afterwards") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Both);
+    h.recorder.onArguments = [](std::int32_t&, std::int32_t& message, std::int32_t&, std::int32_t&) {
+        message = WM_USER + 3;
+    };
+    h.Send(1);
+    CHECK(h.window.log == "before 1;window 3;");
+}
+
+TEST_CASE("a window that a callback puts in the place of its own is the one that the procedure gets") {
+    Hooked h;
+    TestWindow other;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Before);
+    h.recorder.onArguments = [&](std::int32_t& window, std::int32_t&, std::int32_t&, std::int32_t&) {
+        CHECK(window == HandleToLong(h.window.handle));
+        window = HandleToLong(other.handle);
+    };
+    CHECK(h.Send(1) == 70);
+    CHECK(h.window.log == "before 1;");
+    CHECK(other.log == "window 1;");
+}
+
+TEST_CASE("of a message's wide numbers those stay whole that the callback leaves alone") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Before);
+    const auto wide = static_cast<LPARAM>(Wide);
+    h.recorder.onArguments = [](std::int32_t&, std::int32_t&, std::int32_t& wParam, std::int32_t&) {
+        wParam = 3;
+    };
+    CHECK(h.Send(1, Wide, wide) == 30 + wide);
+    h.recorder.onArguments = [](std::int32_t&, std::int32_t&, std::int32_t&, std::int32_t& lParam) {
+        lParam = -4;
+    };
+    CHECK(h.Send(1, Wide, wide) == wide * 10 - 4);
 }
 
 TEST_CASE("adding a message twice keeps one entry and adding -1 makes the list deliver every message") {
@@ -119,6 +179,23 @@ TEST_CASE("adding a message twice keeps one entry and adding -1 makes the list d
     list.Add(-1);
     CHECK(list.Count() == -1);
     CHECK(list.Contains(523));
+}
+
+TEST_CASE("the first 0 in a list gives its place to the next message that is added") {
+    MessageList list;
+    list.Add(0);
+    CHECK(list.Contains(0));
+    list.Add(522);
+    CHECK(list.Count() == 1);
+    CHECK_FALSE(list.Contains(0));
+    CHECK(list.Contains(522));
+    list.Add(0);
+    list.Add(522); // stands before the 0
+    CHECK(list.Count() == 2);
+    CHECK(list.Contains(0));
+    list.Add(523);
+    CHECK(list.Count() == 2);
+    CHECK_FALSE(list.Contains(0));
 }
 
 TEST_CASE("a removed message is delivered no more") {
