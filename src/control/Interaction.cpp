@@ -143,12 +143,13 @@ void VantikFrameTab::UserControl_MouseMove(std::int16_t /*button*/, std::int16_t
     }
 
     const std::int32_t slot = BarSlotAt(px - float(strip.Left), py - float(strip.Top), state_);
-    const auto tab = Narrow<std::int16_t>(state_.Layout.FirstVisibleTab + slot);
+    const auto tabThere = [&] { return Narrow<std::int16_t>(state_.Layout.FirstVisibleTab + slot); };
     if (!PointInRect(px, py, CloseButtonRect(state_, slot)))
         EndCloseHover();
     else if (state_.HoverCloseTab == -1)
-        HoverCloseButton(tab);
+        HoverCloseButton(tabThere());
 
+    const std::int16_t tab = tabThere();
     if (tab == state_.HoverTab) return;
     state_.HoverTab = tab;
     host_.Events().TabMove(state_.HoverTab);

@@ -160,6 +160,24 @@ TEST_CASE("from one close button straight onto another the first stays the one t
     CHECK(f.Fixture.Captions() == "Tab0 Tab2 Tab3");
 }
 
+TEST_CASE("a close button that is left for a bar past the last number goes out before the overflow") {
+    DrivenControl f(32767);
+    f.Host.On.NextTabDown = [](std::int16_t& first) { first = 32767; };
+    f.PressAt(f.Buttons().Next);
+    REQUIRE(f.State().Layout.FirstVisibleTab == 32767);
+    CHECK(NumberRaisedBy([&] { f.Control.RedrawBars(); }) == 6); // behind the first bar, the spare record's
+    const Pixels plain = f.Host.Read();
+    f.MoveTo(f.Close(0));
+    REQUIRE(f.State().HoverCloseTab == 32767);
+    CHECK(Difference(f.Host.Read(), plain) != "same");
+    f.Log();
+    CHECK(NumberRaisedBy([&] { f.MoveTo(f.Bar(1)); }) == 6);
+    CHECK(f.State().HoverCloseTab == -1);
+    CHECK(f.State().HoverTab == 32767);
+    CHECK(f.Log() == "");
+    CHECK(Difference(f.Host.Read(), plain) == "same");
+}
+
 TEST_CASE("a press that switches or closes tests the buttons beside the row, too") {
     const auto pressMenu = [](DrivenControl& f) { // without a move: the press acts on the hover state
         const LayoutRect menu = f.Buttons().Menu;
