@@ -119,7 +119,7 @@ void VantikFrameTab::HitTestButtons(const SeenButtons& seen, std::int32_t x, std
         return;
     }
     if (hit(seen.Rects.Next) && decorations_.DrawNextButton(buttons.Next.Left, buttons.Next.Top, True) &&
-        state_.HasTabsBehind()) {
+        state_.TabsBehind() > 0) {
         layout.FirstVisibleTab = Add16(layout.FirstVisibleTab, 1);
         RedrawBars();
         host_.Events().NextTabDown(layout.FirstVisibleTab);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "base/Checked.h"
 #include "model/LayoutRect.h"
 #include "model/PngSize.h"
 #include "model/Properties.h"
@@ -40,7 +41,13 @@ struct ControlState {
         return tab == HoverTab ? BarHover : BarNormal;
     }
 
-    // Whether there are tabs before the first bar, and behind the last one.
+    // How many tabs there are behind the last bar, as painting and presses count them. Overflow.
+    std::int16_t TabsBehind() const {
+        return Subtract16(Properties.TabCount, Add16(Layout.FirstVisibleTab, Layout.VisibleBarCount));
+    }
+
+    // Whether there are tabs before the first bar, and behind the last one. The second is for those who only look on: it
+    // has an answer also where that count overflows.
     bool HasTabsBefore() const noexcept { return Layout.FirstVisibleTab > 0; }
     bool HasTabsBehind() const noexcept {
         return Properties.TabCount - (Layout.FirstVisibleTab + Layout.VisibleBarCount) > 0;

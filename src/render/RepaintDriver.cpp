@@ -45,6 +45,7 @@ void RepaintDriver::PrepareAll() {
     static_cast<void>(FrameCorners(layout, control_.SkinRects));
     control_.Layout = layout;
     PrepareBars();
+    static_cast<void>(control_.TabsBehind()); // by which the next button is greyed
 }
 
 void RepaintDriver::PrepareBars() const {

@@ -33,7 +33,7 @@ public:
     void ReleaseCloseButton() noexcept { icons_.Release(state_.SkinIcons.DeleteButtonIcon); }
 
     // One of the buttons beside the row, over what lies under it, shown at once. True when it was drawn pressed: it was
-    // to be, has an icon and is not greyed.
+    // to be, has an icon and is not greyed. Overflow where the tabs behind the row cannot be counted.
     bool DrawPrevButton(std::int32_t x, std::int32_t y, Boolean pressed);
     bool DrawNextButton(std::int32_t x, std::int32_t y, Boolean pressed);
     bool DrawMenuButton(std::int32_t x, std::int32_t y, Boolean pressed);
@@ -59,7 +59,7 @@ private:
     Underlay* UnderlayOf(std::int16_t index);
 
     IconStyle PrevStyle(Boolean pressed) const noexcept;
-    IconStyle NextStyle(Boolean pressed) const noexcept;
+    IconStyle NextStyle(Boolean pressed) const;
     static IconStyle MenuStyle(Boolean pressed) noexcept;
     bool DrawButton(std::int16_t role, std::int32_t x, std::int32_t y, IconStyle style);
     bool ShowButton(bool pressed);

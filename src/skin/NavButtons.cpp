@@ -30,9 +30,7 @@ IconStyle Decorations::PrevStyle(Boolean pressed) const noexcept {
     return StyleOf(!state_.HasTabsBefore(), pressed);
 }
 
-IconStyle Decorations::NextStyle(Boolean pressed) const noexcept {
-    return StyleOf(!state_.HasTabsBehind(), pressed);
-}
+IconStyle Decorations::NextStyle(Boolean pressed) const { return StyleOf(state_.TabsBehind() < 1, pressed); }
 
 IconStyle Decorations::MenuStyle(Boolean pressed) noexcept { return StyleOf(false, pressed); }
 

@@ -375,6 +375,33 @@ TEST_CASE("a handler of NextTabDown may put the row elsewhere") {
     CHECK(f.State().Layout.FirstVisibleTab == 7);
 }
 
+TEST_CASE("how many tabs are behind the row is counted in 16 bits, as the buttons are drawn and pressed") {
+    const auto release = [](DrivenControl& f) {
+        return NumberRaisedBy([&] { f.Control.UserControl_MouseUp(1, 0, 0, 0); });
+    };
+    DrivenControl sum(40);
+    sum.Host.On.NextTabDown = [](std::int16_t& first) { first = 32767; };
+    sum.PressAt(sum.Buttons().Next);
+    CHECK(release(sum) == 6);
+    sum.Log();
+    CHECK(NumberRaisedBy([&] { sum.PressAt(sum.Buttons().Next); }) == 6);
+    CHECK(sum.Log() == "");
+    CHECK(sum.State().Layout.FirstVisibleTab == 32767);
+
+    DrivenControl difference(40);
+    difference.Click(difference.Buttons().Next);
+    difference.Host.On.PreTabDown = [](std::int16_t& first) { first = -32768; };
+    difference.PressAt(difference.Buttons().Previous);
+    CHECK(release(difference) == 6);
+
+    DrivenControl most(40); // the largest number that is none too large
+    most.Host.On.NextTabDown = [&](std::int16_t& first) {
+        first = static_cast<std::int16_t>(32767 - most.State().Layout.VisibleBarCount);
+    };
+    most.PressAt(most.Buttons().Next);
+    CHECK(release(most) == 0);
+}
+
 TEST_CASE("the arrow keys step to the neighbouring tab and stay within the visible bars") {
     DrivenControl f(3);
     f.Key(Right);

@@ -199,6 +199,18 @@ TEST_CASE("redrawing the bars of a control without tabs tells the window nothing
     CHECK(f.Host.TakeInvalidated() == "");
 }
 
+TEST_CASE("a full repaint tells of too many tabs behind the row at once, not when somebody looks") {
+    DrivenControl f(32767);
+    f.Control.UserControl_Paint();
+    f.Host.Resize(40, 300); // too small for the buttons: fewer bars fit than none
+    f.Host.TakeLog();
+    CHECK(NumberRaisedBy([&] { f.Control.UserControl_Resize(); }) == 6);
+    CHECK(f.State().Layout.VisibleBarCount < 0);
+    CHECK(f.Host.TakeLog() == "Cls");
+    f.Control.UserControl_Paint();
+    CHECK(f.Host.TakeLog() == "");
+}
+
 TEST_CASE("a repaint that fails has painted what comes before its error, over what waited") {
     DrivenControl f(3);
     f.Control.UserControl_Paint();
