@@ -38,6 +38,28 @@ TEST_CASE(
     CHECK(f.Lefts() == "500 20300");
 }
 
+TEST_CASE("a name that is listed twice moves its control back twice") {
+    ThreeTabs f; // required: each entry of the list moves what it names
+    f.Control.Let<std::u16string>(Property::FixOcxList, u"cmd,cmd");
+    f.AddChild(u"cmd", 50000);
+    f.Control.ActiveTab(1);
+    CHECK(f.Lefts() == "30000");
+}
+
+TEST_CASE("blanks around the whole list do not count, those around an entry do") {
+    const auto leftAfterSwitch = [](const char16_t* list) {
+        ThreeTabs f;
+        f.Control.Let<std::u16string>(Property::FixOcxList, list);
+        f.AddChild(u"fixed", 300);
+        f.Control.ActiveTab(1);
+        return f.Lefts();
+    };
+    CHECK(leftAfterSwitch(u"  fixed ") == "300");
+    CHECK(leftAfterSwitch(u"x,fixed ") == "300");
+    CHECK(leftAfterSwitch(u"fixed ,x") == "20300");
+    CHECK(leftAfterSwitch(u"x, fixed") == "20300");
+}
+
 TEST_CASE("every member of a control array that shares the name stays") {
     ThreeTabs f;
     f.Control.Let<std::u16string>(Property::FixOcxList, u"cmd");
@@ -52,6 +74,18 @@ TEST_CASE("switching to the already active tab moves nothing") {
     f.AddChild(u"child", 300);
     f.Control.ActiveTab(0);
     CHECK(f.Lefts() == "300");
+}
+
+TEST_CASE("a switch to the tab that is active already takes every step of a switch") {
+    ThreeTabs f;
+    f.Control.Let<std::u16string>(Property::FixOcxList, u"fixed");
+    f.AddChild(u"fixed", 300);
+    f.Control.ActiveTab(0); // takes the names out of the list
+    f.Control.Let<std::u16string>(Property::FixOcxList, u"");
+    f.Control.ActiveTab(1);
+    CHECK(f.Lefts() == "300");
+    f.Host.Children[0].HasLeft = false;
+    CHECK(NumberRaisedBy([&] { f.Control.ActiveTab(1); }) == 438); // every child moves, if only by 0
 }
 
 TEST_CASE("with FixOcxList blank from the start every child moves") {
@@ -104,6 +138,33 @@ TEST_CASE("a child at exactly 0 counts for tab 1") {
     CHECK(f.Lefts() == "60000");
 }
 
+TEST_CASE(
+    "a child's tab is told by its position rounded half to even, and by the sign of what it was before") {
+    constexpr struct {
+        std::int32_t Offset;
+        double Left,
+            AfterRemoval; // of tab 1 of three: its own children are parked three offsets on, later ones one
+    } children[] = {
+        {20000, 20000, 80000},        // tab 1
+        {20000, 19999.5, 79999.5},    // 20000: tab 1
+        {20000, 19999.25, 19999.25},  // tab 0
+        {20001, 20000.5, 20000.5},    // 20000: tab 0
+        {20000, 0.25, 0.25},          // greater than 0: tab 0
+        {20000, -0.25, 59999.75},     // not greater: tab 1
+        {20000, -19999.25, 40000.75}, // tab 1
+        {20000, -19999.5, 0.5},       // 20000: tab 2
+        {20000, -20000, 0},           // tab 2
+    };
+    for (const auto& [offset, left, afterRemoval] : children) {
+        CAPTURE(left);
+        ThreeTabs f;
+        f.Control.Let<std::int32_t>(Property::TabOffSet, offset);
+        f.AddChild(u"child", left);
+        f.Control.RemoveTab(1);
+        CHECK(f.Host.Children[0].Left == afterRemoval);
+    }
+}
+
 TEST_CASE("a disabled target moves no child") {
     ThreeTabs f;
     f.AddChild(u"child", 300);
@@ -151,4 +212,15 @@ TEST_CASE("an offset too large for the distance overflows before anything moves"
     CHECK(raised.Number == 6);
     CHECK(raised.Text == "No way for the children from tab 0 to tab 2 with TabOffSet = 2000000000: Overflow");
     CHECK(f.Lefts() == "300");
+}
+
+TEST_CASE("a removal that has no place for the removed tab's children overflows and keeps the tab") {
+    ControlFixture f(2);
+    f.Control.ActiveTab(0);
+    f.Control.Let<std::int32_t>(Property::TabOffSet, 2000000000);
+    f.AddChild(u"ofTab1", -100);
+    CHECK(NumberRaisedBy([&] { f.Control.RemoveTab(1); }) == 6);
+    CHECK(f.Control.TabCount() == 2);
+    CHECK(f.Captions() == "Tab0 Tab1");
+    CHECK(f.Lefts() == "-100");
 }
