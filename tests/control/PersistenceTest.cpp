@@ -157,6 +157,7 @@ TEST_CASE("a first placement begins from nothing, whatever the control was befor
     REQUIRE(state.HoverTab == 3);
     REQUIRE(state.HoverCloseTab == 3);
     REQUIRE(state.SkinIcons.SkinIconCount() > 0);
+    REQUIRE(state.SkinIcons.MenuBarIcon == 5); // the last of the built-in skin's icons
     f.Control.UserControl_InitProperties();
     CHECK(f.Control.TabCount() == 0);
     CHECK(f.Control.ActiveTab() == -1);
@@ -169,7 +170,15 @@ TEST_CASE("a first placement begins from nothing, whatever the control was befor
     CHECK(state.SkinIcons.DeleteButtonIcon == -1);
     CHECK(state.SkinIcons.LeftButtonIcon == -1);
     CHECK(state.SkinIcons.RightButtonIcon == -1);
+    CHECK(state.SkinIcons.MenuBarIcon == 5); // required: not among those that are set
     CHECK(f.Control.Get<std::int16_t>(Property::BarWidth) == 20);
+}
+
+TEST_CASE("a first placement goes on with the running number of new tabs") {
+    ControlFixture f(3); // required: only a new control counts from 0
+    f.Control.UserControl_InitProperties();
+    f.Control.TabCount(2);
+    CHECK(f.Captions() == "Tab3 Tab4");
 }
 
 TEST_CASE("every value survives saving and loading") {
@@ -203,6 +212,20 @@ TEST_CASE("loading runs no setter: nothing is marked changed and no child moves"
     CHECK(f.Control.ActiveTab() == 2);
     CHECK(f.Lefts() == "120");
     CHECK(f.Host.TakeLog().find("PropertyChanged") == std::string::npos);
+}
+
+TEST_CASE("a saved ActiveTab is taken as it is, and one that there is no tab of paints every bar inactive") {
+    LoadedControl f, none;
+    f.Bag.Values = {{u"TabCount", std::int16_t(3)}, {u"ActiveTab", std::int16_t(9)}};
+    none.Bag.Values = {{u"TabCount", std::int16_t(3)}};
+    f.Load();
+    none.Load();
+    CHECK(f.Control.ActiveTab() == 9);
+    CHECK(NumberRaisedBy([&] { f.Control.RepaintAll(); }) == 0);
+    CHECK(NumberRaisedBy([&] { f.Control.RedrawBars(); }) == 0);
+    f.Control.UserControl_Paint();
+    none.Control.UserControl_Paint();
+    CHECK(Difference(f.Host.Read(), none.Host.Read()) == "same");
 }
 
 TEST_CASE("saving and reloading a control whose captions were changed brings back the default captions") {

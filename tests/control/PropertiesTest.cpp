@@ -1,6 +1,7 @@
 #include <doctest/doctest.h>
 
 #include "skin/SkinLocation.h"
+#include "tests/RunTimeErrors.h"
 #include "tests/control/DrivenControl.h"
 
 using namespace vantik;
@@ -94,6 +95,17 @@ TEST_CASE(
     f.Control.SkinFile(u"mine.ini");
     CHECK(f.Control.Get<std::u16string>(Property::SkinFile) == u"mine.ini");
     CHECK(f.Host.Messages.size() == 1);
+}
+
+TEST_CASE("a SkinFile that exists is kept and marked changed before its first fault ends the assignment") {
+    DrivenControl f(1);
+    f.Folder.Write(u"Temp\\bad.ini", "Start\r\n[Tab]\r\n1: 1,2,3\r\nEnd\r\n");
+    f.Control.UserControl_Paint();
+    f.Host.TakeLog();
+    CHECK(NumberRaisedBy([&] { f.Control.SkinFile(u"bad.ini"); }) == 9);
+    CHECK(f.Control.Get<std::u16string>(Property::SkinFile) == u"bad.ini");
+    f.Control.UserControl_Paint();
+    CHECK(f.Host.TakeLog() == "PropertyChanged SkinFile"); // no Cls: nothing is painted again
 }
 
 TEST_CASE("a SkinPath that does not exist shows the folder message and keeps the old value") {

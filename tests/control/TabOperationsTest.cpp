@@ -223,6 +223,43 @@ TEST_CASE("SetBarEnable on the active tab shows or hides what stands in view, fi
     CHECK(f.Host.Children[3].Visible == True);
 }
 
+TEST_CASE("SetBarEnable changes nothing when a child that stands in view cannot be shown or hidden") {
+    ControlFixture f(2);
+    f.Control.ActiveTab(0);
+    f.AddChild(u"shown", 300).HasVisible = false;
+    CHECK(NumberRaisedBy([&] { f.Control.SetBarEnable(0, False); }) == 438);
+    CHECK(f.Control.GetTabEnable(0) == True);
+    CHECK(f.Control.ActiveTab() == 0);
+}
+
+TEST_CASE("SetBarEnable on the active tab leaves the pointer on it") {
+    DrivenControl f(3);
+    f.MoveTo(f.Bar(0));
+    f.Control.SetBarEnable(0, False);
+    CHECK(f.Control.ActiveTab() == -1);
+    CHECK(f.State().HoverTab == 0); // required: of active and hovered the first one ends
+}
+
+TEST_CASE("SetBarEnable on any other tab draws its bar anew, and nothing else") {
+    DrivenControl f(3), whole(3);
+    for (DrivenControl* each : {&f, &whole}) {
+        each->Control.SetBarIco(2, u"sun");
+        each->Control.UserControl_Paint();
+    }
+    const Pixels before = f.Host.Read();
+    f.Host.TakeLog();
+    f.Host.TakeInvalidated();
+    f.Control.SetBarEnable(2, False);
+    CHECK(f.Host.TakeInvalidated() == "126,0,186,22"); // the third of 60 pixels, behind the corner of 6
+    f.Control.UserControl_Paint();
+    CHECK(f.Host.TakeLog() == "");
+    whole.Control.SetBarEnable(2, False);
+    whole.Control.RepaintAll();
+    whole.Control.UserControl_Paint();
+    CHECK(Difference(f.Host.Read(), before) != "same");
+    CHECK(Difference(f.Host.Read(), whole.Host.Read()) == "same");
+}
+
 TEST_CASE("the getters answer -1 and False out of range") {
     ControlFixture f(2);
     CHECK(f.Control.GetTabCaption(2) == u"-1");
