@@ -95,6 +95,43 @@ TEST_CASE("the point at exactly k x BarWidth along the strip belongs to slot k")
     CHECK(f.State().HoverTab == 0);
 }
 
+TEST_CASE("the strip's far edge belongs to the strip, where the bar behind the last one would be") {
+    DrivenControl f(3); // required: all four bounds are inside
+    f.Fixture.AddChild(u"child", 300);
+    const LayoutRect strip = f.State().Layout.BarStripRect;
+    REQUIRE(strip.Right - strip.Left == 3 * 60);
+    f.Press(strip.Right, strip.Bottom);
+    CHECK(f.Log() == "TabMove 3; TabDown 3 1");
+    CHECK(f.Control.ActiveTab() == 3);
+    CHECK(f.Fixture.Lefts() == "300"); // there is no tab that they could belong to
+    f.Move(strip.Right + 1, strip.Bottom);
+    CHECK(f.State().HoverTab == -1);
+}
+
+TEST_CASE("a strip without bars still has the pixel where it begins") {
+    DrivenControl f(3);
+    f.Control.UserControl_InitProperties();
+    f.Control.RepaintAll();
+    const LayoutRect strip = f.State().Layout.BarStripRect;
+    REQUIRE(strip.Width == 0);
+    f.Log();
+    f.Move(strip.Left, strip.Top);
+    CHECK(f.Log() == "TabMove 0");
+    f.Move(strip.Left + 1, strip.Top);
+    CHECK(f.State().HoverTab == -1);
+}
+
+TEST_CASE("every move outside the strip lets the pointer go, none inside") {
+    DrivenControl f(3);
+    f.MoveTo(f.Bar(0));
+    f.MoveTo(f.Close(1));
+    CHECK(f.Host.CapturesReleased == 0);
+    f.Move(200, 200);
+    CHECK(f.Host.CapturesReleased == 1);
+    f.Move(201, 200);
+    CHECK(f.Host.CapturesReleased == 2);
+}
+
 TEST_CASE("across and down, a position is whole twips divided by a whole factor of its own") {
     DrivenControl f(3);
     f.Host.PerPixelX = 7.5; // rounds to 8
@@ -410,6 +447,30 @@ TEST_CASE("the arrow keys step to the neighbouring tab and stay within the visib
     CHECK(f.Log() == "TabDown 1 0; TabDown 2 0; TabDown 2 0");
     f.Key(Left);
     CHECK(f.Log() == "TabDown 1 0");
+}
+
+TEST_CASE("keys and wheel are held back at the visible bars only on the side that they step to") {
+    for (const bool byWheel : {false, true}) {
+        CAPTURE(byWheel);
+        DrivenControl f(10, 320);
+        f.Click(f.Buttons().Next);
+        f.Click(f.Buttons().Next);
+        REQUIRE(f.State().Layout.FirstVisibleTab == 2);
+        REQUIRE(f.State().Layout.VisibleBarCount == 4);
+        const auto stepFrom = [&](std::int16_t active, bool forward) {
+            f.Control.ActiveTab(active);
+            f.Log();
+            if (byWheel)
+                f.Wheel(forward ? 120 : -120);
+            else
+                f.Key(forward ? Right : Left);
+            return f.Log();
+        };
+        CHECK(stepFrom(0, false) == "TabDown 2 0");
+        CHECK(stepFrom(0, true) == "TabDown 1 0"); // required: onto a bar before the row
+        CHECK(stepFrom(9, true) == "TabDown 5 0");
+        CHECK(stepFrom(9, false) == "TabDown 8 0"); // and behind it
+    }
 }
 
 TEST_CASE("left arrow on the first visible tab raises TabDown for the same tab again") {

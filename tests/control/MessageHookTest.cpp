@@ -98,6 +98,24 @@ TEST_CASE("a callback that marks the message handled keeps it from the window an
     CHECK(h.window.log == "before 1;");
 }
 
+TEST_CASE("each message comes to the callback before the window as not handled and answered 0") {
+    Hooked h;
+    h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::Before);
+    for (int message = 0; message < 2; ++message) {
+        Boolean handledAtFirst = True;
+        std::int32_t resultAtFirst = 1;
+        h.recorder.onMessage = [&](Boolean& handled, std::int32_t& result) {
+            handledAtFirst = handled;
+            resultAtFirst = result;
+            handled = True;
+            result = 5;
+        };
+        CHECK(h.Send(1) == 5);
+        CHECK(handledAtFirst == False);
+        CHECK(resultAtFirst == 0);
+    }
+}
+
 TEST_CASE("a callback after the window may change the answer") {
     Hooked h;
     h.hook.SubclassAddMsg(h.window.handle, WM_USER + 1, HookTime::After);

@@ -36,6 +36,7 @@ public:
     void Cls() override; // the surface becomes BackColour
     void Refresh() override;
     HWND hWnd() override { return window_; }
+    void ReleaseCapture() override { ++CapturesReleased; }
     double Left() override { return LeftTwips; }
     double Top() override { return TopTwips; }
     double Width() override { return WidthTwips; }
@@ -86,6 +87,7 @@ public:
     // The bounds of what the window has to paint since the last call, "left,top,right,bottom"; empty for nothing.
     std::string TakeInvalidated();
     std::vector<std::u16string> Messages; // of message boxes
+    int CapturesReleased = 0;
 
 private:
     void DownBarDown() override;
