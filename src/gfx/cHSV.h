@@ -16,8 +16,8 @@ public:
 
     void ToHsv() noexcept; // reads R, G, B; writes H, S, V
 
-    // Reads H, S, V; writes R, G, B. A hue outside 0..360 gives black; what does not fit 16 bits raises Overflow and
-    // leaves R, G, B as they were.
+    // Reads H, S, V; writes R, G, B. A hue outside 0..360 gives black. What does not fit 16 bits raises Overflow:
+    // components before it are stored, in this order, it and those behind it are left as they were.
     void ToRgb();
 };
 

@@ -81,7 +81,7 @@ TEST_CASE("a hue outside 0 to 360 gives black") {
 
 TEST_CASE("components are rounded down below zero, too") { CheckRgb(FromHsv(0, 0, -1), -3, -3, -3); }
 
-TEST_CASE("what does not fit 16 bits overflows and leaves the colour as it was") {
+TEST_CASE("what does not fit 16 bits overflows and is not stored") {
     const float notANumber = std::numeric_limits<float>::quiet_NaN();
     for (const float value : {20000.0f, -20000.0f, notANumber, std::numeric_limits<float>::infinity()}) {
         cHSV hsv;
