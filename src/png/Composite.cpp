@@ -31,16 +31,16 @@ class Recolouring {
 public:
     explicit Recolouring(std::uint8_t style) : value_(style == FirstHsvStyle ? DimmedValue : 0) {}
 
-    void Apply(std::uint8_t* pixel) {
-        std::uint32_t value;
-        std::memcpy(&value, pixel, sizeof value);
-        const std::uint32_t alpha = value & 0xFF000000, colour = value ^ alpha;
+    void Apply(const std::uint8_t* from, std::uint8_t* to) {
+        std::uint32_t pixel;
+        std::memcpy(&pixel, from, sizeof pixel);
+        const std::uint32_t alpha = pixel & 0xFF000000, colour = pixel ^ alpha;
         if (colour != last_) {
             last_ = colour;
             Convert(colour);
         }
-        value = alpha | converted_;
-        std::memcpy(pixel, &value, sizeof value);
+        pixel = alpha | converted_;
+        std::memcpy(to, &pixel, sizeof pixel);
     }
 
 private:
@@ -60,8 +60,8 @@ private:
     std::uint32_t converted_ = 0;
 };
 
-void RecolourRow(std::span<std::uint8_t> row, Recolouring& recolouring) {
-    for (std::size_t at = 0; at < row.size(); at += 4) recolouring.Apply(&row[at]);
+void RecolourRow(const std::uint8_t* from, std::span<std::uint8_t> row, Recolouring& recolouring) {
+    for (std::size_t at = 0; at < row.size(); at += 4) recolouring.Apply(from + at, row.data() + at);
 }
 
 void MixRow(const std::uint8_t* pixel, std::uint8_t* background, std::int32_t width,
@@ -90,14 +90,17 @@ DibImage Composite(const DibImage& image, std::uint8_t style, BackgroundSource* 
     if (background) background->ReadRows(image.Width, image.Height, mixed.Pixels.All());
 
     Recolouring recolouring(style);
+    const ChannelOffsets offsets = OffsetsOf(style);
+    const std::uint8_t* const first = image.Row(0);
+    std::uint8_t* const firstMixed = mixed.Row(0);
+    const std::ptrdiff_t step = image.RowStep(), mixedStep = mixed.RowStep();
     for (std::int32_t y = 0; y < image.Height; ++y) {
-        const std::uint8_t* row = image.Row(y);
+        const std::uint8_t* row = first + y * step;
         if (!recoloured.empty()) {
-            std::memcpy(recoloured.data(), row, recoloured.size());
-            RecolourRow(recoloured.All(), recolouring);
+            RecolourRow(row, recoloured.All(), recolouring);
             row = recoloured.data();
         }
-        MixRow(row, mixed.Row(y), image.Width, OffsetsOf(style));
+        MixRow(row, firstMixed + y * mixedStep, image.Width, offsets);
     }
     return mixed;
 }

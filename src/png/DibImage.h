@@ -1,6 +1,7 @@
 // A picture in the layout that Windows takes for device-independent bitmaps.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -25,6 +26,12 @@ struct DibImage {
     std::size_t Stride() const noexcept { return static_cast<std::size_t>(DibStride(Width, BitCount)); }
 
     std::size_t Memory() const noexcept { return Pixels.size() + ColourTable.size() * sizeof ColourTable[0]; }
+
+    // From a row to the one beneath it.
+    std::ptrdiff_t RowStep() const noexcept {
+        const auto stride = static_cast<std::ptrdiff_t>(Stride());
+        return IsTopDown ? stride : -stride;
+    }
 
     // The rows by their place in the picture: 0 is the topmost.
     std::uint8_t* Row(std::int32_t y) noexcept { return Pixels.data() + RowOffset(y); }

@@ -65,12 +65,7 @@ private:
         if (header_.Interlace > 1) return CopyUnconverted(raw_.All());
         if (!plan_.UnfiltersInPlace) return Convert(ReadSamples());
         dib_ = NewDib();
-        UnfilterInto({dib_.Row(0), RowStep(dib_)});
-    }
-
-    static std::ptrdiff_t RowStep(const DibImage& dib) noexcept {
-        const auto stride = static_cast<std::ptrdiff_t>(dib.Stride());
-        return dib.IsTopDown ? stride : -stride;
+        UnfilterInto({dib_.Row(0), dib_.RowStep()});
     }
 
     DibImage NewDib() const {
@@ -117,7 +112,8 @@ private:
         if (plan_.IsUnconverted) return CopyUnconverted(samples.All(header_.Height));
         dib_ = NewDib();
         const RowConverter converter(png_, plan_.IsTransparent, plan_.SampleBits);
-        for (std::int32_t y = 0; y < header_.Height; ++y) converter.Convert(samples.Row(y), dib_.Row(y));
+        const RowTarget rows = {dib_.Row(0), dib_.RowStep()};
+        for (std::int32_t y = 0; y < header_.Height; ++y) converter.Convert(samples.Row(y), rows.Row(y));
     }
 
     // Samples that no conversion is defined for are the bitmap's bytes as they follow each other.

@@ -132,21 +132,25 @@ void Unfilter(FilterType filter, const Byte* filtered, const Byte* prior, Byte* 
     case FilterType::Up: return Up(filtered, prior, row, size);
     case FilterType::Average: return Average<Size>(filtered, prior, row, size);
     case FilterType::Paeth: return Paeth<Size>(filtered, prior, row, size);
-    default: std::memcpy(row, filtered, size);
+    default: break;
     }
+    if (size == Size)
+        return StorePixel<Size>(row, LoadPixel(filtered)); // a longer copy takes its preparations
+    std::memcpy(row, filtered, size);
 }
 
 } // namespace
 
 void UnfilterPixels(std::uint8_t filterType, const std::uint8_t* filtered, const std::uint8_t* prior,
                     std::uint8_t* row, std::size_t size, std::size_t bytesPerPixel) {
-    constexpr decltype(&Unfilter<1>) BySize[] = {Unfilter<1>, Unfilter<2>, Unfilter<3>, Unfilter<4>};
+    static constexpr decltype(&Unfilter<1>) BySize[] = {Unfilter<1>, Unfilter<2>, Unfilter<3>, Unfilter<4>};
     BySize[bytesPerPixel - 1](static_cast<FilterType>(filterType), filtered, prior, row, size);
 }
 
 void UnfilterPaethPair(std::array<const std::uint8_t*, 2> filtered, const std::uint8_t* prior,
                        std::array<std::uint8_t*, 2> rows, std::size_t size, std::size_t bytesPerPixel) {
-    constexpr decltype(&PaethPair<1>) BySize[] = {PaethPair<1>, PaethPair<2>, PaethPair<3>, PaethPair<4>};
+    static constexpr decltype(&PaethPair<1>) BySize[] = {PaethPair<1>, PaethPair<2>, PaethPair<3>,
+                                                         PaethPair<4>};
     BySize[bytesPerPixel - 1](filtered, prior, rows, size);
 }
 
