@@ -1,5 +1,9 @@
 #include "png/Composite.h"
 
+#include <emmintrin.h>
+
+#include <array>
+#include <bit>
 #include <cstring>
 
 #include "gfx/cHSV.h"
@@ -12,39 +16,60 @@ namespace {
 constexpr std::uint8_t FirstHsvStyle = 4;
 constexpr float DimmedValue = 80;
 
-// The byte of a pixel (blue, green, red) that each of these channels is taken from.
-struct ChannelOffsets {
-    std::uint8_t Blue, Green, Red;
+// What the styles make of a colour: blue in the low byte, green and red above it.
+
+struct Unchanged {
+    std::uint32_t operator()(std::uint32_t colour) const noexcept { return colour; }
 };
 
-constexpr ChannelOffsets OffsetsOf(std::uint8_t style) noexcept {
-    switch (style) {
-    case 0: return {0, 0, 0};
-    case 1: return {1, 1, 1};
-    case 2: return {2, 2, 2};
-    default: return {0, 1, 2};
-    }
-}
+// All three channels from the one that starts at this bit.
+struct OneChannel {
+    unsigned Shift;
 
-// Neighbours mostly have the same colour, so the last one is remembered.
+    std::uint32_t operator()(std::uint32_t colour) const noexcept {
+        return (colour >> Shift & 0xFF) * 0x010101;
+    }
+};
+
+// Neighbours mostly have the same colour, and the next ones one of a few. Sixteen are remembered: no picture has more
+// whose pixels share bytes, and other pictures have fewer pixels.
 class Recolouring {
 public:
-    explicit Recolouring(std::uint8_t style) : value_(style == FirstHsvStyle ? DimmedValue : 0) {}
+    explicit Recolouring(std::uint8_t style) : value_(style == FirstHsvStyle ? DimmedValue : 0) {
+        known_.fill(NoColour);
+    }
 
-    void Apply(const std::uint8_t* from, std::uint8_t* to) {
-        std::uint32_t pixel;
-        std::memcpy(&pixel, from, sizeof pixel);
-        const std::uint32_t alpha = pixel & 0xFF000000, colour = pixel ^ alpha;
-        if (colour != last_) {
-            last_ = colour;
-            Convert(colour);
-        }
-        pixel = alpha | converted_;
-        std::memcpy(to, &pixel, sizeof pixel);
+    std::uint32_t operator()(std::uint32_t colour) {
+        if (colour != known_[last_]) last_ = PlaceOf(colour);
+        return converted_[last_];
     }
 
 private:
-    void Convert(std::uint32_t colour) {
+    static constexpr std::size_t Remembered = 16;
+    static constexpr std::uint32_t NoColour = 0xFFFFFFFF;
+
+    std::size_t PlaceOf(std::uint32_t colour) {
+        const __m128i wanted = _mm_set1_epi32(static_cast<int>(colour));
+        const auto same = [&](std::size_t four) {
+            return _mm_cmpeq_epi32(_mm_load_si128(reinterpret_cast<const __m128i*>(&known_[4 * four])),
+                                   wanted);
+        };
+        const __m128i lower = _mm_packs_epi32(same(0), same(1)), upper = _mm_packs_epi32(same(2), same(3));
+        // A bit for each place.
+        const auto found = static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(lower, upper)));
+        return found ? static_cast<std::size_t>(std::countr_zero(found)) : Remember(colour);
+    }
+
+    // In the place of the one that has been there longest.
+    std::size_t Remember(std::uint32_t colour) {
+        const std::size_t place = next_;
+        next_ = (next_ + 1) % Remembered;
+        converted_[place] = Convert(colour);
+        known_[place] = colour;
+        return place;
+    }
+
+    std::uint32_t Convert(std::uint32_t colour) const {
         cHSV hsv;
         hsv.B = static_cast<std::int16_t>(colour & 0xFF);
         hsv.G = static_cast<std::int16_t>(colour >> 8 & 0xFF);
@@ -52,26 +77,49 @@ private:
         hsv.ToHsv();
         hsv.V = value_;
         hsv.ToRgb();
-        converted_ = static_cast<std::uint32_t>(hsv.B | hsv.G << 8 | hsv.R << 16);
+        return static_cast<std::uint32_t>(hsv.B | hsv.G << 8 | hsv.R << 16);
     }
 
     const float value_;
-    std::uint32_t last_ = 0xFFFFFFFF; // no colour
-    std::uint32_t converted_ = 0;
+    alignas(16) std::array<std::uint32_t, Remembered> known_;
+    std::array<std::uint32_t, Remembered> converted_;
+    std::size_t last_ = 0; // the place of the last pixel's colour
+    std::size_t next_ = 0; // the place of the next one to be remembered
 };
 
-void RecolourRow(const std::uint8_t* from, std::span<std::uint8_t> row, Recolouring& recolouring) {
-    for (std::size_t at = 0; at < row.size(); at += 4) recolouring.Apply(from + at, row.data() + at);
+std::uint32_t LoadColour(const std::uint8_t* from) noexcept {
+    std::uint16_t low;
+    std::memcpy(&low, from, sizeof low);
+    return low | std::uint32_t{from[2]} << 16;
 }
 
-void MixRow(const std::uint8_t* pixel, std::uint8_t* background, std::int32_t width,
-            ChannelOffsets from) noexcept {
-    for (std::int32_t x = 0; x < width; ++x, pixel += 4, background += 3) {
-        const unsigned alpha = pixel[3];
-        if (alpha == 0) continue; // most icons have nothing around them
-        background[0] = MixChannel(pixel[from.Blue], background[0], alpha);
-        background[1] = MixChannel(pixel[from.Green], background[1], alpha);
-        background[2] = MixChannel(pixel[from.Red], background[2], alpha);
+void StoreColour(std::uint8_t* to, std::uint32_t colour) noexcept {
+    const auto low = static_cast<std::uint16_t>(colour);
+    std::memcpy(to, &low, sizeof low);
+    to[2] = static_cast<std::uint8_t>(colour >> 16);
+}
+
+// Most pixels of an icon are opaque or not there at all.
+template <class Style>
+void MixRow(const std::uint8_t* from, std::uint8_t* background, std::int32_t width, Style& style) {
+    for (std::int32_t x = 0; x < width; ++x, from += 4, background += 3) {
+        std::uint32_t pixel;
+        std::memcpy(&pixel, from, sizeof pixel);
+        const unsigned alpha = pixel >> 24;
+        if (alpha == 0) continue;
+        const std::uint32_t colour = style(pixel & 0xFFFFFF);
+        StoreColour(background, alpha == 255 ? colour : MixColours(colour, LoadColour(background), alpha));
+    }
+}
+
+template <class Style>
+void MixRows(const DibImage& image, DibImage& mixed, Style style) {
+    const std::uint8_t* from = image.Row(0);
+    std::uint8_t* to = mixed.Row(0);
+    const std::ptrdiff_t step = image.RowStep(), mixedStep = mixed.RowStep();
+    const std::int32_t width = image.Width;
+    for (std::int32_t y = image.Height; y > 0; --y, from += step, to += mixedStep) {
+        MixRow(from, to, width, style);
     }
 }
 
@@ -85,22 +133,14 @@ DibImage Composite(const DibImage& image, std::uint8_t style, BackgroundSource* 
     mixed.IsTopDown = false;
     mixed.Pixels = WithOutOfMemory(
         [&] { return ByteBuffer::Zeroed(mixed.Stride() * static_cast<std::size_t>(image.Height)); });
-    ByteBuffer recoloured; // a row of the picture, which itself stays as it is
-    if (style >= FirstHsvStyle) recoloured = WithOutOfMemory([&] { return ByteBuffer(image.Stride()); });
     if (background) background->ReadRows(image.Width, image.Height, mixed.Pixels.All());
 
-    Recolouring recolouring(style);
-    const ChannelOffsets offsets = OffsetsOf(style);
-    const std::uint8_t* const first = image.Row(0);
-    std::uint8_t* const firstMixed = mixed.Row(0);
-    const std::ptrdiff_t step = image.RowStep(), mixedStep = mixed.RowStep();
-    for (std::int32_t y = 0; y < image.Height; ++y) {
-        const std::uint8_t* row = first + y * step;
-        if (!recoloured.empty()) {
-            RecolourRow(row, recoloured.All(), recolouring);
-            row = recoloured.data();
-        }
-        MixRow(row, firstMixed + y * mixedStep, image.Width, offsets);
+    if (style < 3) {
+        MixRows(image, mixed, OneChannel{8u * style});
+    } else if (style < FirstHsvStyle) {
+        MixRows(image, mixed, Unchanged());
+    } else {
+        MixRows(image, mixed, Recolouring(style));
     }
     return mixed;
 }

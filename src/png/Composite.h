@@ -23,9 +23,15 @@ public:
 // percent and every higher style to 0. Raises OutOfMemory.
 [[nodiscard]] DibImage Composite(const DibImage& image, std::uint8_t style, BackgroundSource* background);
 
-// One channel. Dividing by 256 after adding 255 is exact at both ends: alpha 255 gives the source and 0 the background.
-constexpr std::uint8_t MixChannel(unsigned source, unsigned background, unsigned alpha) noexcept {
-    return static_cast<std::uint8_t>((source * alpha + background * (255 - alpha) + 255) >> 8);
+// Each channel is (source * alpha + background * (255 - alpha) + 255) / 256, cut: exact at both ends, where alpha 255 gives
+// the source and 0 the background. Blue, which is in the low byte, and red are mixed at once, neither sum being over 16 bits.
+constexpr std::uint32_t MixColours(std::uint32_t source, std::uint32_t background, unsigned alpha) noexcept {
+    constexpr std::uint32_t BlueAndRed = 0xFF00FF, Green = 0x00FF00;
+    const auto mixed = [&](std::uint32_t channels) {
+        const std::uint32_t sum = (source & channels) * alpha + (background & channels) * (255 - alpha);
+        return (sum + channels) >> 8 & channels;
+    };
+    return mixed(BlueAndRed) | mixed(Green);
 }
 
 } // namespace vantik

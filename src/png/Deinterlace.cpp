@@ -25,12 +25,67 @@ constexpr Pass Passes[] = {
 
 std::int32_t PositionOf(char digit) noexcept { return digit - '1'; }
 
+// Puts the pixels of a pass's row where the digits of the columns say.
+using ScatterFunction = void (*)(const std::uint8_t* from, std::uint8_t* row, std::string_view columns,
+                                 std::size_t count, std::size_t pixelSize);
+
+// Calls store(x, k) for the k-th pixel, which belongs in column x.
+template <class Store>
+inline void ForEachColumn(std::string_view columns, std::size_t count, Store store) {
+    std::size_t k = 0;
+    for (std::size_t block = 0; k < count; block += BlockExtent) {
+        for (std::size_t i = 0; i < columns.size() && k < count; ++i, ++k) {
+            store(block + static_cast<std::size_t>(PositionOf(columns[i])), k);
+        }
+    }
+}
+
+template <unsigned Bits>
+void ScatterSamples(const std::uint8_t* from, std::uint8_t* row, std::string_view columns, std::size_t count,
+                    std::size_t /*pixelSize*/) {
+    constexpr unsigned PerByte = 8 / Bits;
+    ForEachColumn(columns, count, [&](std::size_t x, std::size_t k) {
+        row[x] = SampleOf<Bits>(from[k / PerByte], static_cast<unsigned>(k % PerByte));
+    });
+}
+
+// A fixed size, or any when that is 0.
+template <std::size_t FixedSize>
+void ScatterBytes(const std::uint8_t* from, std::uint8_t* row, std::string_view columns, std::size_t count,
+                  std::size_t pixelSize) {
+    const std::size_t size = FixedSize ? FixedSize : pixelSize;
+    ForEachColumn(columns, count,
+                  [&](std::size_t x, std::size_t k) { std::memcpy(row + x * size, from + k * size, size); });
+}
+
+constexpr bool IsPacked(std::int32_t bitsPerPixel) noexcept {
+    return bitsPerPixel == 1 || bitsPerPixel == 2 || bitsPerPixel == 4;
+}
+
+// None when pixels have no bits.
+ScatterFunction ScatterOf(std::int32_t bitsPerPixel, std::size_t pixelSize) noexcept {
+    switch (bitsPerPixel) {
+    case 0: return nullptr;
+    case 1: return ScatterSamples<1>;
+    case 2: return ScatterSamples<2>;
+    case 4: return ScatterSamples<4>;
+    default: break;
+    }
+    switch (pixelSize) {
+    case 1: return ScatterBytes<1>;
+    case 3: return ScatterBytes<3>;
+    case 4: return ScatterBytes<4>;
+    default: return ScatterBytes<0>;
+    }
+}
+
 class Deinterlacer {
 public:
     Deinterlacer(RawScanlines& raw, const InterlacedImage& image)
         : raw_(raw),
           image_(image),
           pixelSize_(static_cast<std::size_t>(BytesPerPixel(image.BitsPerPixel))),
+          scatter_(ScatterOf(image.BitsPerPixel, pixelSize_)),
           pixels_(ByteBuffer::Zeroed(static_cast<std::size_t>(image.Width) *
                                      static_cast<std::size_t>(image.Height) * pixelSize_)) {}
 
@@ -44,77 +99,51 @@ private:
         const std::int64_t width = PassWidth(image_.Width, pass.Columns);
         if (width == 0) return;
         rowSize_ = static_cast<std::size_t>(RowBytes(width, image_.BitsPerPixel) - 1);
-        row_.assign(rowSize_ + RowSlack, 0);
-        prior_.assign(rowSize_ + RowSlack, 0); // zeros above the first row of every pass
-        samples_.resize(static_cast<std::size_t>(width) + 8);
+        rows_.assign(2 * (rowSize_ + RowSlack), 0);
+        row_ = rows_.data();
+        prior_ = row_ + rowSize_ + RowSlack; // zeros above the first row of every pass
+        const RowUnfilter unfilter(rowSize_, pixelSize_);
         for (std::int64_t block = 0; block < image_.Height; block += BlockExtent) {
             for (const char digit : pass.Rows) {
                 const std::int64_t y = block + PositionOf(digit);
-                if (y < image_.Height) ReadPassRow(pass.Columns, width, y);
+                if (y < image_.Height) ReadPassRow(unfilter, pass.Columns, width, y);
             }
         }
     }
 
-    void ReadPassRow(std::string_view columns, std::int64_t width, std::int64_t y) {
+    void ReadPassRow(const RowUnfilter& unfilter, std::string_view columns, std::int64_t width,
+                     std::int64_t y) {
         const std::size_t end = position_ + 1 + rowSize_;
         const std::uint8_t* scanline = raw_.UpTo(end) + position_;
         position_ = end;
-        UnfilterRow(scanline[0], scanline + 1, prior_.data(), row_.data(), rowSize_, pixelSize_);
+        unfilter(scanline[0], scanline + 1, prior_, row_);
         std::swap(row_, prior_); // the new row is the next one's prior
-        ScatterPassRow(prior_.data(), columns, width, y);
+        ScatterPassRow(prior_, columns, width, y);
     }
 
-    // The k-th pixel of the row goes to the column that the digits give for it.
     void ScatterPassRow(const std::uint8_t* row, std::string_view columns, std::int64_t width,
                         std::int64_t y) {
-        const std::int32_t bits = image_.BitsPerPixel;
-        if (bits == 0) return; // no such colour type, no pixels
+        if (!scatter_) return; // no such colour type, no pixels
         const auto count = static_cast<std::size_t>(width);
-        if (bits == 1 || bits == 2 || bits == 4) {
-            SplitBits(row, samples_.data(), count, bits);
-            row = samples_.data();
-        } else if (count * pixelSize_ > rowSize_) {
+        if (!IsPacked(image_.BitsPerPixel) && count * pixelSize_ > rowSize_) {
             Raise(RunTimeErrorNumber::SubscriptOutOfRange); // samples of an odd width that nobody can split
         }
-        std::uint8_t* const target = pixels_.data() + static_cast<std::size_t>(y) *
-                                                          static_cast<std::size_t>(image_.Width) * pixelSize_;
-        switch (pixelSize_) {
-        case 1: return Scatter<1>(row, target, columns, count);
-        case 3: return Scatter<3>(row, target, columns, count);
-        case 4: return Scatter<4>(row, target, columns, count);
-        default: return Scatter<0>(row, target, columns, count);
-        }
-    }
-
-    template <std::size_t FixedSize>
-    void Scatter(const std::uint8_t* from, std::uint8_t* row, std::string_view columns,
-                 std::size_t count) const noexcept {
-        const std::size_t size = FixedSize ? FixedSize : pixelSize_;
-        std::size_t k = 0;
-        for (std::size_t block = 0; k < count; block += BlockExtent) {
-            for (std::size_t i = 0; i < columns.size() && k < count; ++i, ++k) {
-                const std::size_t x = block + static_cast<std::size_t>(PositionOf(columns[i]));
-                std::memcpy(row + x * size, from + k * size, size);
-            }
-        }
+        const std::size_t start =
+            static_cast<std::size_t>(y) * static_cast<std::size_t>(image_.Width) * pixelSize_;
+        scatter_(row, pixels_.data() + start, columns, count, pixelSize_);
     }
 
     RawScanlines& raw_;
     const InterlacedImage image_;
     const std::size_t pixelSize_;
+    const ScatterFunction scatter_;
     ByteBuffer pixels_;
-    std::size_t position_ = 0; // in the raw scanlines
-    std::size_t rowSize_ = 0;  // of the present pass, without the filter byte
-    std::vector<std::uint8_t> row_;
-    std::vector<std::uint8_t> prior_;
-    std::vector<std::uint8_t> samples_;
+    std::size_t position_ = 0;       // in the raw scanlines
+    std::size_t rowSize_ = 0;        // of the present pass, without the filter byte
+    std::vector<std::uint8_t> rows_; // two
+    std::uint8_t* row_ = nullptr;
+    std::uint8_t* prior_ = nullptr;
 };
-
-// The first sample is in the highest bits.
-template <unsigned Bits>
-constexpr std::uint8_t SampleOf(std::uint8_t packed, unsigned index) noexcept {
-    return static_cast<std::uint8_t>(packed >> (8 - Bits - index * Bits) & ((1u << Bits) - 1));
-}
 
 // Whole bytes first, whose samples all have a fixed place.
 template <unsigned Bits>

@@ -18,6 +18,12 @@ struct InterlacedImage {
 // The image row by row, pixel by pixel: whole bytes as they are, and one byte for each sample of fewer than 8 bits.
 ByteBuffer Deinterlace(RawScanlines& raw, const InterlacedImage& image);
 
+// The first of the packed samples is in the highest bits.
+template <unsigned Bits>
+constexpr std::uint8_t SampleOf(std::uint8_t packed, unsigned index) noexcept {
+    return static_cast<std::uint8_t>(packed >> (8 - Bits - index * Bits) & ((1u << Bits) - 1));
+}
+
 // Splits packed samples of 1, 2 or 4 bits, the most significant first, into one byte each.
 void SplitBits(const std::uint8_t* packed, std::uint8_t* samples, std::size_t count,
                std::int32_t bits) noexcept;

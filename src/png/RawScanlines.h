@@ -16,7 +16,8 @@ public:
     // The start of the scanlines, of which `size` bytes are there; SubscriptOutOfRange when there are fewer.
     // A few bytes behind them may be read too.
     const std::uint8_t* UpTo(std::size_t size) {
-        inflater_.ContinueTo(size);
+        if (inflater_.Output().size() < size)
+            inflater_.ContinueTo(size); // mostly there: a match may be many rows
         const ByteView output = inflater_.Output();
         if (output.size() < size) Raise(RunTimeErrorNumber::SubscriptOutOfRange);
         return output.data();

@@ -57,7 +57,6 @@ RowConverter::RowConverter(const PngContents& png, bool isTransparent, std::int3
       width_(static_cast<std::size_t>(png.Header.Width)),
       sampleBits_(sampleBits),
       convert_(Choose(isTransparent)) {
-    if (sampleBits_ < 8) unpacked_.resize(width_ + 8);
     if (!isTransparent || png.Header.BitDepth > 8) return;
     if (png.Header.ColourType == ColourType::Palette) colours_ = PaletteColours(png);
     if (png.Header.ColourType == ColourType::Grey) colours_ = GreyColours(png);
@@ -78,15 +77,17 @@ RowConverter::Conversion RowConverter::Choose(bool isTransparent) const {
 
 RowConverter::Conversion RowConverter::ChooseForIndexes(bool isTransparent) const {
     const bool isSixteen = sampleBits_ == 16;
-    if (isTransparent) return isSixteen ? &RowConverter::GreySixteenWithKey : &RowConverter::MapToColours;
+    if (isTransparent) {
+        switch (sampleBits_) {
+        case 1: return &RowConverter::MapToColours<1>;
+        case 2: return &RowConverter::MapToColours<2>;
+        case 4: return &RowConverter::MapToColours<4>;
+        case 16: return &RowConverter::GreySixteenWithKey;
+        default: return &RowConverter::MapToColours<8>;
+        }
+    }
     if (isSixteen) return &RowConverter::ReduceSixteen;
     return sampleBits_ == 2 ? &RowConverter::ExpandTwoBit : &RowConverter::CopyRow;
-}
-
-const Byte* RowConverter::Unpack(const Byte* samples) const {
-    if (sampleBits_ >= 8) return samples;
-    SplitBits(samples, unpacked_.data(), width_, sampleBits_);
-    return unpacked_.data();
 }
 
 void RowConverter::CopyRow(const Byte* samples, Byte* row) const {
@@ -99,9 +100,14 @@ void RowConverter::ReduceSixteen(const Byte* samples, Byte* row) const {
     for (std::size_t x = 0; x < width_; ++x) row[x] = samples[2 * x];
 }
 
+template <unsigned Bits>
 void RowConverter::MapToColours(const Byte* samples, Byte* row) const {
-    const Byte* const indexes = Unpack(samples);
-    for (std::size_t x = 0; x < width_; ++x) StorePixel(row, x, colours_[indexes[x]]);
+    constexpr std::size_t PerByte = 8 / Bits;
+    std::size_t x = 0;
+    for (; x + PerByte <= width_; ++samples, x += PerByte) {
+        for (unsigned i = 0; i < PerByte; ++i) StorePixel(row, x + i, colours_[SampleOf<Bits>(*samples, i)]);
+    }
+    for (unsigned i = 0; x < width_; ++i, ++x) StorePixel(row, x, colours_[SampleOf<Bits>(*samples, i)]);
 }
 
 // The key is compared with all 16 bits, before the low ones are dropped.

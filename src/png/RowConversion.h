@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <vector>
 
 #include "png/PngContents.h"
 
@@ -26,10 +25,10 @@ private:
     Conversion Choose(bool isTransparent) const;
     Conversion ChooseForIndexes(bool isTransparent) const;
 
-    const std::uint8_t* Unpack(const std::uint8_t* samples) const;
     void CopyRow(const std::uint8_t* samples, std::uint8_t* row) const;
     void ExpandTwoBit(const std::uint8_t* samples, std::uint8_t* row) const;
     void ReduceSixteen(const std::uint8_t* samples, std::uint8_t* row) const;
+    template <unsigned Bits>
     void MapToColours(const std::uint8_t* samples, std::uint8_t* row) const;
     void GreySixteenWithKey(const std::uint8_t* samples, std::uint8_t* row) const;
     template <std::size_t SampleSize>
@@ -45,7 +44,6 @@ private:
     const std::size_t width_;
     const std::int32_t sampleBits_; // below 8 when samples still share bytes
     ColourMap colours_ = {};
-    mutable std::vector<std::uint8_t> unpacked_;
     Conversion convert_;
 };
 

@@ -5,7 +5,6 @@
 #include <cstring>
 
 #include "png/ByteBuffer.h"
-#include "png/UnfilterPixels.h"
 
 namespace vantik {
 
@@ -50,6 +49,18 @@ void Paeth(const Byte* filtered, const Byte* prior, Byte* row, std::size_t size,
     }
 }
 
+// Byte by byte, whatever a pixel is.
+void UnfilterBytes(Byte filterType, const Byte* filtered, const Byte* prior, Byte* row, std::size_t size,
+                   std::size_t bytesPerPixel) {
+    switch (static_cast<FilterType>(filterType)) {
+    case FilterType::Sub: return Sub(filtered, row, size, bytesPerPixel);
+    case FilterType::Up: return Up(filtered, prior, row, size);
+    case FilterType::Average: return Average(filtered, prior, row, size, bytesPerPixel);
+    case FilterType::Paeth: return Paeth(filtered, prior, row, size, bytesPerPixel);
+    default: std::copy_n(filtered, size, row);
+    }
+}
+
 // Rows are unfiltered in bands of about this size, soon after they were inflated.
 constexpr std::size_t BandSize = 32 * 1024;
 
@@ -61,6 +72,8 @@ public:
           image_(image),
           target_(target),
           stored_(image.RowSize * image.Before.Shrinks() + 1),
+          unfilter_(image.RowSize, image.BytesPerPixel),
+          hasPairs_(HasPixelFilters(image.BytesPerPixel, image.RowSize)),
           spareRows_(ByteBuffer::Zeroed((image.Before.IsNone() ? 1 : 3) * SpareRowSize())) {}
 
     void Run() {
@@ -81,14 +94,13 @@ private:
     // One row, or two when that is faster; returns how many.
     int UnfilterNext(const Byte* scanline, const Byte* prior, std::int64_t y, std::int64_t rowsLeft) {
         const Byte* first = Filtered(scanline, 0);
-        if (rowsLeft > 1 && IsPaeth(scanline) && IsPaeth(scanline + stored_) &&
-            HasPixelFilters(image_.BytesPerPixel, image_.RowSize)) {
+        if (hasPairs_ && rowsLeft > 1 && IsPaeth(scanline) && IsPaeth(scanline + stored_)) {
             const Byte* second = Filtered(scanline + stored_, 1);
             UnfilterPaethPair({first, second}, prior, {target_.Row(y), target_.Row(y + 1)}, image_.RowSize,
                               image_.BytesPerPixel);
             return 2;
         }
-        UnfilterRow(scanline[0], first, prior, target_.Row(y), image_.RowSize, image_.BytesPerPixel);
+        unfilter_(scanline[0], first, prior, target_.Row(y));
         return 1;
     }
 
@@ -109,23 +121,17 @@ private:
     const FilteredImage& image_;
     const RowTarget target_;
     const std::size_t stored_; // size of a scanline with its filter byte
-    ByteBuffer spareRows_;     // of zeros, and two for rearranged filtered rows
+    const RowUnfilter unfilter_;
+    const bool hasPairs_;
+    ByteBuffer spareRows_; // of zeros, and two for rearranged filtered rows
 };
 
 } // namespace
 
-void UnfilterRow(std::uint8_t filterType, const std::uint8_t* filtered, const std::uint8_t* prior,
-                 std::uint8_t* row, std::size_t size, std::size_t bytesPerPixel) {
-    if (HasPixelFilters(bytesPerPixel, size))
-        return UnfilterPixels(filterType, filtered, prior, row, size, bytesPerPixel);
-    switch (static_cast<FilterType>(filterType)) {
-    case FilterType::Sub: return Sub(filtered, row, size, bytesPerPixel);
-    case FilterType::Up: return Up(filtered, prior, row, size);
-    case FilterType::Average: return Average(filtered, prior, row, size, bytesPerPixel);
-    case FilterType::Paeth: return Paeth(filtered, prior, row, size, bytesPerPixel);
-    default: std::copy_n(filtered, size, row);
-    }
-}
+RowUnfilter::RowUnfilter(std::size_t size, std::size_t bytesPerPixel) noexcept
+    : size_(size),
+      bytesPerPixel_(bytesPerPixel),
+      unfilter_(HasPixelFilters(bytesPerPixel, size) ? PixelFiltersOf(bytesPerPixel) : UnfilterBytes) {}
 
 void UnfilterImage(RawScanlines& raw, const FilteredImage& image, RowTarget target) {
     ImageUnfilter(raw, image, target).Run();

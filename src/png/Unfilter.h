@@ -6,6 +6,7 @@
 
 #include "png/FilteredRow.h"
 #include "png/RawScanlines.h"
+#include "png/UnfilterPixels.h"
 
 namespace vantik {
 
@@ -14,9 +15,21 @@ inline constexpr std::size_t RowSlack = 16;
 
 enum class FilterType : std::uint8_t { None, Sub, Up, Average, Paeth };
 
-// One row of `size` bytes against the row before it. Every filter type above 4 is treated as None.
-void UnfilterRow(std::uint8_t filterType, const std::uint8_t* filtered, const std::uint8_t* prior,
-                 std::uint8_t* row, std::size_t size, std::size_t bytesPerPixel);
+// Rows of `size` bytes, each against the row before it. Every filter type above 4 is treated as None.
+class RowUnfilter {
+public:
+    RowUnfilter(std::size_t size, std::size_t bytesPerPixel) noexcept;
+
+    void operator()(std::uint8_t filterType, const std::uint8_t* filtered, const std::uint8_t* prior,
+                    std::uint8_t* row) const {
+        unfilter_(filterType, filtered, prior, row, size_, bytesPerPixel_);
+    }
+
+private:
+    const std::size_t size_;
+    const std::size_t bytesPerPixel_;
+    const UnfilterFunction unfilter_;
+};
 
 // Where the rows of an image go: from the first one on, `Step` bytes from row to row, which may lead backwards.
 struct RowTarget {

@@ -126,8 +126,9 @@ void PaethPair(std::array<const Byte*, 2> filtered, const Byte* prior, std::arra
 }
 
 template <std::size_t Size>
-void Unfilter(FilterType filter, const Byte* filtered, const Byte* prior, Byte* row, std::size_t size) {
-    switch (filter) {
+void Unfilter(Byte filterType, const Byte* filtered, const Byte* prior, Byte* row, std::size_t size,
+              std::size_t /*bytesPerPixel*/) {
+    switch (static_cast<FilterType>(filterType)) {
     case FilterType::Sub: return Sub<Size>(filtered, row, size);
     case FilterType::Up: return Up(filtered, prior, row, size);
     case FilterType::Average: return Average<Size>(filtered, prior, row, size);
@@ -141,10 +142,9 @@ void Unfilter(FilterType filter, const Byte* filtered, const Byte* prior, Byte* 
 
 } // namespace
 
-void UnfilterPixels(std::uint8_t filterType, const std::uint8_t* filtered, const std::uint8_t* prior,
-                    std::uint8_t* row, std::size_t size, std::size_t bytesPerPixel) {
-    static constexpr decltype(&Unfilter<1>) BySize[] = {Unfilter<1>, Unfilter<2>, Unfilter<3>, Unfilter<4>};
-    BySize[bytesPerPixel - 1](static_cast<FilterType>(filterType), filtered, prior, row, size);
+UnfilterFunction PixelFiltersOf(std::size_t bytesPerPixel) noexcept {
+    static constexpr UnfilterFunction BySize[] = {Unfilter<1>, Unfilter<2>, Unfilter<3>, Unfilter<4>};
+    return BySize[bytesPerPixel - 1];
 }
 
 void UnfilterPaethPair(std::array<const std::uint8_t*, 2> filtered, const std::uint8_t* prior,

@@ -133,9 +133,17 @@ TEST_CASE("the one formula gives the source at alpha 255 and the background at 0
     for (unsigned alpha = 0; alpha < 256; ++alpha) {
         for (unsigned source = 0; source < 256; ++source) {
             for (unsigned background = 0; background < 256; ++background) {
-                const int expected =
-                    PlainMix(static_cast<int>(source), static_cast<int>(background), static_cast<int>(alpha));
-                wrong += MixChannel(source, background, alpha) != expected;
+                // The channels differ, so that none shows in another.
+                const auto expected = [&](unsigned from, unsigned to) {
+                    return static_cast<std::uint32_t>(
+                        PlainMix(static_cast<int>(from), static_cast<int>(to), static_cast<int>(alpha)));
+                };
+                const std::uint32_t mixed =
+                    MixColours(source | (255 - source) << 8 | source << 16,
+                               background | source << 8 | (255 - background) << 16, alpha);
+                wrong += (mixed & 0xFF) != expected(source, background);
+                wrong += (mixed >> 8 & 0xFF) != expected(255 - source, source);
+                wrong += mixed >> 16 != expected(source, 255 - background);
             }
         }
     }
@@ -174,6 +182,25 @@ TEST_CASE("black is recoloured like any other colour, at the very first pixel to
     SetPixel(image, 2, 0, {0, 0, 0}, 255);
     image = Composite(image, 4, nullptr);
     for (int x = 0; x < 3; ++x) CHECK(PixelAt(image, x, 0) == Bgr{204, 204, 204});
+}
+
+TEST_CASE("colours that come back are recoloured as they were, after however many others") {
+    constexpr int Colours = 40, Width = 2 * Colours;
+    DibImage image = NewTransparentImage(Width, Colours);
+    const auto colourAt = [](int x, int y) {
+        const int number = x % (y + 1); // in row y as many colours take turns
+        return Bgr{number, 255 - 6 * number, 3 * number};
+    };
+    for (int y = 0; y < Colours; ++y) {
+        for (int x = 0; x < Width; ++x) SetPixel(image, x, y, colourAt(x, y), 255);
+    }
+    image = Composite(image, 4, nullptr);
+    for (int y = 0; y < Colours; ++y) {
+        CAPTURE(y);
+        int wrong = 0;
+        for (int x = 0; x < Width; ++x) wrong += PixelAt(image, x, y) != PlainRecolour(colourAt(x, y), 4);
+        CHECK(wrong == 0);
+    }
 }
 
 TEST_CASE("without a background the picture is mixed with black") {

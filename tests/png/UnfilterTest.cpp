@@ -51,7 +51,7 @@ void CheckRow(std::uint8_t filter, std::size_t distance, std::size_t size) {
     const Bytes filtered = RandomRow(size);
     const Bytes prior = RandomRow(size);
     Bytes row = WithSlack(Bytes(size, 0xCC));
-    UnfilterRow(filter, WithSlack(filtered).data(), WithSlack(prior).data(), row.data(), size, distance);
+    RowUnfilter(size, distance)(filter, WithSlack(filtered).data(), WithSlack(prior).data(), row.data());
     CHECK(std::equal(row.begin() + static_cast<std::ptrdiff_t>(size), row.end(),
                      Bytes(RowSlack, 0xEE).begin()));
     row.resize(size);
@@ -101,7 +101,7 @@ TEST_CASE("the Paeth predictor prefers left, then up, then upper-left, over all 
                 const Bytes filtered = {
                     static_cast<std::uint8_t>(byte(left) - byte(upperLeft)), 0, 0, 0, 0, 0, 0, 0};
                 const Bytes prior = {byte(upperLeft), 0, 0, 0, byte(up), 0, 0, 0};
-                UnfilterRow(4, WithSlack(filtered).data(), WithSlack(prior).data(), row.data(), 8, 4);
+                RowUnfilter(8, 4)(4, WithSlack(filtered).data(), WithSlack(prior).data(), row.data());
                 CHECK(row[0] == byte(left));
                 CHECK(row[4] == PlainPredictor(byte(left), byte(up), byte(upperLeft)));
             }
