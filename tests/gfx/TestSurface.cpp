@@ -47,6 +47,7 @@ Pixels Pixels::Cut(std::int32_t x, std::int32_t y, std::int32_t width, std::int3
 
 std::string Difference(const Pixels& actual, const Pixels& expected) {
     if (actual.Width != expected.Width || actual.Height != expected.Height) return "another size";
+    if (actual == expected) return "same";
     std::string first;
     int count = 0;
     for (std::int32_t y = 0; y < actual.Height; ++y) {
@@ -57,7 +58,7 @@ std::string Difference(const Pixels& actual, const Pixels& expected) {
                         " for " + Hex(expected.At(x, y));
         }
     }
-    return count == 0 ? "same" : first + ", " + std::to_string(count) + " in all";
+    return first + ", " + std::to_string(count) + " in all";
 }
 
 Pixels Patterned(std::int32_t width, std::int32_t height, std::uint32_t seed) {
@@ -87,12 +88,21 @@ TestSurface::TestSurface(const Pixels& content) : TestSurface(content.Width, con
     Write(content);
 }
 
-Pixels TestSurface::Read() const {
+Pixels TestSurface::Read() const { return bits_ ? ReadPart({0, 0, width_, height_}) : Pixels(); }
+
+Pixels TestSurface::ReadPart(const RECT& area) const {
     GdiFlush();
-    Pixels pixels(std::max(width_, 0), std::max(height_, 0));
-    if (!bits_) return {};
-    std::transform(bits_, bits_ + pixels.Values.size(), pixels.Values.begin(),
-                   [](std::uint32_t value) { return value & 0xFFFFFF; });
+    Pixels pixels(area.right - area.left, area.bottom - area.top);
+    RECT there;
+    const RECT surface = {0, 0, width_, height_};
+    if (!bits_ || !IntersectRect(&there, &area, &surface)) return pixels;
+    for (LONG y = there.top; y < there.bottom; ++y) {
+        const std::uint32_t* const row = bits_ + std::ptrdiff_t{y} * width_;
+        std::transform(
+            row + there.left, row + there.right,
+            pixels.Values.begin() + std::ptrdiff_t{y - area.top} * pixels.Width + (there.left - area.left),
+            [](std::uint32_t value) { return value & 0xFFFFFF; });
+    }
     return pixels;
 }
 

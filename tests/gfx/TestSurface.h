@@ -42,6 +42,7 @@ public:
     HDC DC() const noexcept { return dc_.Get(); }
     HBITMAP Bitmap() const noexcept { return bitmap_.Get(); }
     Pixels Read() const;
+    Pixels ReadPart(const RECT& area) const; // what lies outside reads 0
     void Write(const Pixels& content);
     void Clear(std::uint32_t colour);
 

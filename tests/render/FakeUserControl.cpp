@@ -83,8 +83,7 @@ HDC FakeUserControl::hDC() {
 }
 
 bool FakeUserControl::ReadSurface(const RECT& area, std::span<std::uint32_t> rows) {
-    const std::int32_t width = area.right - area.left, height = area.bottom - area.top;
-    const Pixels part = Read().Cut(area.left, area.top, width, height);
+    const Pixels part = surface_->ReadPart(area);
     std::ranges::copy(part.Values, rows.begin());
     return true;
 }
