@@ -23,6 +23,7 @@ endif()
 if(VANTIK_SANITIZE)
   # The sanitizers' own code misleads the compiler's flow warnings; every other build has them as errors.
   add_compile_options(-Wno-error)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+  # Compiled for the line where something went wrong, not for speed.
+  add_compile_options(-O1 -g1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
