@@ -13,7 +13,8 @@ import sys
 import tempfile
 
 SOURCE = pathlib.Path(os.environ["ROOT"]) / "src"
-PLATFORM = SOURCE / "platform" / "mDeclares.h"
+STANDARD_HEADERS = "algorithm array functional memory optional span string string_view vector".split()
+PLATFORM_HEADER = SOURCE / "platform" / "mDeclares.h"
 BUILD = pathlib.Path(os.environ["BUILD"])
 OUTPUTS = ("-o", "-MT", "-MF")  # each has a name behind it
 
@@ -46,21 +47,28 @@ def arguments_for_clang(command):
 
 
 class Clang:
-    """The platform's headers, which most files begin with and which take longest to read, are read once."""
+    """The headers that take longest to read are read once for the portable files, and once with the platform's for others."""
 
     def __init__(self, entry, folder):
         gcc = gcc_of(shlex.split(entry["command"]))
         self.options = ["-fno-color-diagnostics", "-nostdinc++", f"--target={target_of(gcc)}"]
         self.options += [word for each in standard_headers(gcc) for word in ("-isystem", each)]
-        self.precompiled = pathlib.Path(folder) / "platform.pch"
-        said = self.run(entry, ["-x", "c++-header", str(PLATFORM), "-o", str(self.precompiled)], without_file=True)
+        standard = [f"<{header}>" for header in STANDARD_HEADERS]
+        self.portable = self.precompile(entry, pathlib.Path(folder) / "portable.h", standard)
+        self.platform = self.precompile(entry, pathlib.Path(folder) / "platform.h", [f'"{PLATFORM_HEADER}"', *standard])
+
+    def precompile(self, entry, header, included):
+        header.write_text("".join(f"#include {each}\n" for each in included))
+        precompiled = header.with_suffix(".pch")
+        said = self.run(entry, ["-x", "c++-header", str(header), "-o", str(precompiled)], without_file=True)
         if said:
-            sys.exit(f"{PLATFORM}: {said}")
+            sys.exit(f"{header.name}: {said}")
+        return precompiled
 
     def check(self, entry):
         """What Clang says of one file; nothing when it is content."""
-        is_for_platform = re.search(r"/(engine|shell)\.dir/", entry["command"])
-        headers = ["-include-pch", str(self.precompiled)] if is_for_platform else []
+        ring = re.search(r"/(core|engine|shell)\.dir/", entry["command"])
+        headers = ["-include-pch", str(self.portable if ring[1] == "core" else self.platform)] if ring else []
         return self.run(entry, ["-fsyntax-only", *headers])
 
     def run(self, entry, words, without_file=False):
