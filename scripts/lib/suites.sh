@@ -8,6 +8,7 @@
 #   script  = tests/x/run.sh     instead of program: a script of the checkout whose last line is "N passed, N failed"
 #   seconds = 120                time limit of one run (60)
 #   alone   = yes                nothing else runs meanwhile: for what measures time
+#   long    = yes                it takes a minute and more: left out unless it is named, or everything is wanted
 #   locale  = zh_CN.UTF-8        the locale, and by it the ANSI code page (C.UTF-8, code page 1252)
 #   scale   = 168                the dots per inch of the screen that programs see (96); display: the script opens one
 #   registers = yes              it registers the control, which not every user of Windows may do: the packed tests ask first
@@ -25,7 +26,7 @@ Lanes=()
 read_suite() {
     local file=$SuiteFolder/$1.suite key value
     Suite=([name]=$1 [builds]='' [needs]='' [program]='' [filter]='' [script]='' [seconds]=60 [alone]=no [locale]=C.UTF-8
-        [scale]=96 [registers]=no)
+        [scale]=96 [registers]=no [long]=no)
     while read -r key value || [[ -n $key ]]; do
         [[ -n $key && $key != \#* ]] || continue
         [[ -v Suite[$key] && $key != name && $value == '= '* ]] || return 1
@@ -34,22 +35,38 @@ read_suite() {
     [[ (-n ${Suite[program]} && -n ${Suite[builds]}) || -n ${Suite[script]} ]]
 }
 
-# plan_runs NAME-PART... — prints "suite preset alone" for each run of the suites whose name has one of the parts in it.
+# plan_runs [--all | NAME-PART...] — prints "suite preset lane" for each run of the suites whose name has one of the parts in it;
+# without any, of those that are not long.
 plan_runs() {
     local file name preset
     for file in "$SuiteFolder"/*.suite; do
         [[ -f $file ]] || continue
         name=$(basename "$file" .suite)
-        name_matches "$name" "$@" || continue
+        [[ ${1:-} == --all ]] || name_matches "$name" "$@" || continue
         if ! read_suite "$name"; then
-            printf '%s unreadable no\n' "$name"
+            printf '%s unreadable first\n' "$name"
             continue
         fi
+        (($#)) || [[ ${Suite[long]} == no ]] || continue
         for preset in ${Suite[builds]:-once}; do
-            printf '%s %s %s\n' "$name" "$preset" "${Suite[alone]}"
+            printf '%s %s %s\n' "$name" "$preset" "$(lane_of "$preset")"
         done
     done
 }
+
+# Lanes run side by side, but for the last. Programs of one Wine prefix never meet: what is for Windows stays in its build's lane.
+# lane_of PRESET
+lane_of() {
+    case ${Suite[alone]},$1 in
+    yes,*) echo alone ;;
+    *,win32) echo first ;;
+    *,once) if uses_wine once; then echo second; else echo first; fi ;;
+    *) echo second ;;
+    esac
+}
+
+# Those that plan_runs leaves out where nothing is named, in one line.
+long_suites() { grep -lx 'long = yes' "$SuiteFolder"/*.suite | xargs -r basename -a -s .suite | xargs; }
 
 # All suites, in one line.
 suite_names() { basename -a -s .suite "$SuiteFolder"/*.suite | xargs; }
@@ -198,22 +215,12 @@ run_suite() {
 
 # --- all runs
 
-# Programs of different builds have Wine prefixes of their own, so the lanes do not meet.
-# lane_of PRESET ALONE
-lane_of() {
-    case $1,$2 in
-    *,yes) echo alone ;;
-    native,* | win32,*) echo first ;;
-    *) echo second ;;
-    esac
-}
-
 # run_lane LANE RUN...
 run_lane() {
-    local lane=$1 name preset alone
+    local lane=$1 name preset planned
     shift
-    while read -r name preset alone; do
-        [[ $(lane_of "$preset" "$alone") != "$lane" ]] || run_suite "$name" "$preset"
+    while read -r name preset planned; do
+        [[ $planned != "$lane" ]] || run_suite "$name" "$preset"
     done < <(printf '%s\n' "$@")
 }
 

@@ -55,6 +55,8 @@ test_an_unknown_argument_shows_the_usage() {
     command_line 2 "$Root/test" --bogus
     expect_contains "$Output" 'unknown option: --bogus'
     expect_contains "$Output" 'usage: ./test'
+    command_line 2 "$Root/test" --all engine
+    expect_contains "$Output" 'unknown option: --all engine'
 }
 
 test_a_suite_that_does_not_exist_is_refused() {

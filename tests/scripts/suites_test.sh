@@ -197,11 +197,34 @@ test_a_suite_alone_runs_when_nothing_else_does() {
     expect_run '2 passed, 0 failed'
 }
 
+test_a_long_suite_runs_only_when_it_is_named_or_all_are_wanted() {
+    load_libraries
+    program "$(summary_line 1 1 0 0)"
+    stand_in "$BuildFolder/native/slow" "$(summary_line 20 20 0 0)"
+    suite slow 'builds = native' 'program = slow' 'long = yes'
+    expect_run '1 passed, 0 failed'
+    run_suites --all
+    expect_equal "$Summary" '21 passed, 0 failed'
+    run_suites slo
+    expect_equal "$Summary" '20 passed, 0 failed'
+    expect_equal "$(long_suites)" 'slow'
+}
+
+test_what_uses_wine_stays_in_the_lane_of_its_prefix() {
+    load_libraries
+    suite a 'builds = native native-asan win32 win64' 'program = a'
+    suite b 'script = b' 'needs = win32'
+    suite c 'script = c'
+    suite d 'builds = win64' 'program = d' 'alone = yes'
+    expect_equal "$(plan_runs | tr '\n' ';')" "$(printf '%s;' 'a native second' 'a native-asan second' \
+        'a win32 first' 'a win64 second' 'b once second' 'c once first' 'd win64 alone')"
+}
+
 test_stopping_the_lanes_ends_what_they_run() {
     load_libraries
     program 'echo $$ >../../pid' 'exec sleep 60'
     mkdir -p "$ResultFolder"
-    start_lane first 'fake native no'
+    start_lane first 'fake native first'
     timeout 10 bash -c 'until [[ -s build/pid ]]; do sleep 0.05; done'
     stop_lanes
     timeout 10 bash -c 'while kill -0 "$(<build/pid)" 2>/dev/null; do sleep 0.05; done'
