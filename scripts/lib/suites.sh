@@ -47,7 +47,7 @@ plan_runs() {
             printf '%s unreadable first\n' "$name"
             continue
         fi
-        (($#)) || [[ ${Suite[long]} == no ]] || continue
+        (($#)) || [[ ${Suite[long]} != yes ]] || continue
         for preset in ${Suite[builds]:-once}; do
             printf '%s %s %s\n' "$name" "$preset" "$(lane_of "$preset")"
         done
@@ -55,7 +55,7 @@ plan_runs() {
 }
 
 # Lanes run side by side, but for the last. Programs of one Wine prefix never meet: what is for Windows stays in its build's lane.
-# lane_of PRESET
+# lane_of PRESET — of the suite that was read.
 lane_of() {
     case ${Suite[alone]},$1 in
     yes,*) echo alone ;;
@@ -66,7 +66,12 @@ lane_of() {
 }
 
 # Those that plan_runs leaves out where nothing is named, in one line.
-long_suites() { grep -lx 'long = yes' "$SuiteFolder"/*.suite | xargs -r basename -a -s .suite | xargs; }
+long_suites() {
+    local name
+    for name in $(suite_names); do
+        if read_suite "$name" && [[ ${Suite[long]} == yes ]]; then printf '%s\n' "$name"; fi
+    done | xargs
+}
 
 # All suites, in one line.
 suite_names() { basename -a -s .suite "$SuiteFolder"/*.suite | xargs; }

@@ -55,8 +55,15 @@ test_an_unknown_argument_shows_the_usage() {
     command_line 2 "$Root/test" --bogus
     expect_contains "$Output" 'unknown option: --bogus'
     expect_contains "$Output" 'usage: ./test'
+}
+
+test_all_suites_and_some_do_not_go_together() {
     command_line 2 "$Root/test" --all engine
-    expect_contains "$Output" 'unknown option: --all engine'
+    expect_contains "$Output" '--all and names do not go together'
+    command_line 2 "$Root/test" nothing-is-called-so --all
+    expect_contains "$Output" '--all and names do not go together'
+    command_line 2 "$Root/test" nothing-is-called-so --bogus
+    expect_contains "$Output" 'unknown option: --bogus'
 }
 
 test_a_suite_that_does_not_exist_is_refused() {
