@@ -1,4 +1,4 @@
-# The headers that take longest to read are read once for all programs beside the product. The product reads them file by file,
+# The headers that take longest to read are read once for tests, tools and demo. Product and samples read them file by file,
 # which shows what a file forgets. A compiler's cache knows nothing of headers that were read before: with one they are left alone.
 
 set(VANTIK_STANDARD_HEADERS <algorithm> <array> <functional> <memory> <optional> <string> <vector>)
